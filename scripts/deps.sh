@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Installs the Debian 12 packages Quieton needs to build, run and test, once:
+# only what is missing is installed.
+set -euo pipefail
+
+packages=(
+    cmake ninja-build g++ pkg-config
+    qt6-base-dev qt6-declarative-dev qt6-tools-dev qt6-l10n-tools libqt6svg6
+    qml6-module-qtqml qml6-module-qtqml-workerscript qml6-module-qtqml-models
+    qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtquick-controls
+    qml6-module-qtquick-templates qml6-module-qtquick-layouts qml6-module-qtquick-dialogs
+    qml6-module-qt-labs-folderlistmodel qml6-module-qttest
+    libqt6sql6-sqlite dbus-daemon python3-dbusmock python3-gi xdg-utils
+    xvfb xauth libgl1-mesa-dri fonts-dejavu-core
+)
+
+missing=()
+for package in "${packages[@]}"; do
+    if ! dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed"; then
+        missing+=("$package")
+    fi
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+echo "Installing: ${missing[*]}"
+sudo=""
+[ "$(id -u)" -ne 0 ] && sudo="sudo"
+export DEBIAN_FRONTEND=noninteractive
+$sudo apt-get update -qq
+$sudo apt-get install -y --no-install-recommends "${missing[@]}"

@@ -1,0 +1,22 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, registers Quieton as the handler of
+# quieton: links for this user, and launches it. Arguments go to the app.
+set -euo pipefail
+root="$(cd "$(dirname "$0")/.." && pwd)"
+"$root/scripts/deps.sh"
+"$root/scripts/build.sh"
+build="${QUIETON_BUILD_DIR:-$root/build}"
+app="$build/quieton"
+
+applications="${XDG_DATA_HOME:-$HOME/.local/share}/applications"
+mkdir -p "$applications"
+sed "s|@QUIETON@|$app|" "$root/tools/quieton.desktop.in" > "$applications/quieton.desktop"
+if command -v xdg-mime >/dev/null; then
+    xdg-mime default quieton.desktop x-scheme-handler/quieton 2>/dev/null || true
+fi
+
+if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ] && [ -z "${QT_QPA_PLATFORM:-}" ]; then
+    echo "No display found: running offscreen."
+    export QT_QPA_PLATFORM=offscreen
+fi
+exec "$app" "$@"

@@ -1,0 +1,59 @@
+import QtQuick
+import QtQuick.Controls
+import Quieton
+
+// The app's single window: onboarding until it has been completed once, the
+// main screen afterwards.
+ApplicationWindow {
+    id: window
+
+    width: 400
+    height: 820
+    visible: true
+    title: "Quieton"
+
+    Loader {
+        id: scene
+        anchors.fill: parent
+        sourceComponent: QuietonApp.hasCompletedFirstLaunch ? mainComponent : welcomeComponent
+    }
+
+    Component {
+        id: welcomeComponent
+        WelcomeView { }
+    }
+
+    Component {
+        id: mainComponent
+        MainView { }
+    }
+
+    // Short notices: what sharing did, a call the telephony refused.
+    ToolTip {
+        id: notice
+        x: (window.width - width) / 2
+        y: window.height - height - 96
+        timeout: 3500
+    }
+
+    Connections {
+        target: Service
+        function onNotice(message) {
+            notice.text = message
+            notice.open()
+        }
+    }
+
+    Connections {
+        target: QuietonApp
+        function onActivationRequested() {
+            window.show()
+            window.raise()
+            window.requestActivate()
+        }
+        function onLinkOpened() {
+            window.raise()
+            window.requestActivate()
+        }
+    }
+}

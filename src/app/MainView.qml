@@ -1,0 +1,74 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Quieton
+
+// The main screen: four tabs, each screen loaded the first time its tab is shown.
+Page {
+    id: mainView
+
+    readonly property MainViewModel vm: MainViewModel { }
+    property bool shouldShowBannerAd: false
+
+    Component.onCompleted: {
+        vm.recordMainViewBuilt()
+        QuietonApp.setMainViewShown(true)
+    }
+    Component.onDestruction: QuietonApp.setMainViewShown(false)
+
+    StackLayout {
+        id: tabs
+        anchors.fill: parent
+        currentIndex: mainView.vm.selectedTab
+
+        TabPage { index: 0; component: Component { DialerView { } } }
+        TabPage { index: 1; component: Component { ContactsView { } } }
+        TabPage { index: 2; component: Component { HistoryView { } } }
+        TabPage { index: 3; component: Component { SettingView { } } }
+    }
+
+    footer: TabBar {
+        id: tabBar
+        currentIndex: mainView.vm.selectedTab
+        onCurrentIndexChanged: mainView.vm.selectedTab = currentIndex
+
+        TabButton {
+            text: qsTr("Dialer")
+            icon.source: "qrc:/Quieton/icons/phone.svg"
+            display: AbstractButton.TextUnderIcon
+        }
+        TabButton {
+            text: qsTr("Contacts")
+            icon.source: "qrc:/Quieton/icons/person.crop.square.svg"
+            display: AbstractButton.TextUnderIcon
+        }
+        TabButton {
+            text: qsTr("History")
+            icon.source: "qrc:/Quieton/icons/list.bullet.svg"
+            display: AbstractButton.TextUnderIcon
+        }
+        TabButton {
+            text: qsTr("Settings")
+            icon.source: "qrc:/Quieton/icons/gear.circle.svg"
+            display: AbstractButton.TextUnderIcon
+        }
+    }
+
+    // One tab: its screen is created on first show and told each time it
+    // appears (screens define appeared() when they need to know).
+    component TabPage: Loader {
+        required property int index
+        required property Component component
+        readonly property bool current: parent !== null && parent.currentIndex === index
+
+        active: current || status === Loader.Ready
+        sourceComponent: component
+        onCurrentChanged: notifyAppeared()
+        onLoaded: notifyAppeared()
+
+        function notifyAppeared() {
+            if (current && item && typeof item.appeared === "function")
+                item.appeared()
+        }
+    }
+}

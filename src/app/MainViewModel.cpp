@@ -1,0 +1,31 @@
+#include "MainViewModel.h"
+
+#include "KeyValueStore.h"
+#include "Service.h"
+#include "UserDefaultsService.h"
+
+#include <limits>
+
+MainViewModel::MainViewModel(QObject *parent)
+    : QObject(parent), m_defaultsService(UserDefaultsService::shared()), m_service(Service::shared())
+{
+}
+
+void MainViewModel::setSelectedTab(int tab)
+{
+    if (m_selectedTab == tab)
+        return;
+    m_selectedTab = tab;
+    emit selectedTabChanged();
+}
+
+void MainViewModel::recordMainViewBuilt()
+{
+    m_defaultsService->saveInstallDateIfNeeded();
+    KeyValueStore &store = m_defaultsService->userDefaults();
+    const QString key = QStringLiteral("appOpenCount");
+    const qint64 count = store.integerValue(key);
+    if (count == std::numeric_limits<qint64>::max())
+        qFatal("appOpenCount overflowed");
+    store.setInteger(key, count + 1);
+}

@@ -1,0 +1,93 @@
+#include "QuietonApp.h"
+
+#include "Service.h"
+#include "UserDefaultsService.h"
+#include "WidgetLink.h"
+
+#include <QJSEngine>
+
+namespace {
+QuietonApp *theApp = nullptr;
+}
+
+QuietonApp::QuietonApp(QObject *parent)
+    : QObject(parent), m_defaultsService(UserDefaultsService::shared()), m_service(Service::shared())
+{
+    m_appDelegate.didFinishLaunching();
+    theApp = this;
+    connect(m_defaultsService, &UserDefaultsService::valueChanged, this, [this](const QString &key) {
+        if (key == QLatin1StringView("hasCompletedFirstLaunch"))
+            emit hasCompletedFirstLaunchChanged();
+    });
+    // The update check starts here once the app has one.
+}
+
+QuietonApp::~QuietonApp()
+{
+    if (theApp == this)
+        theApp = nullptr;
+}
+
+QuietonApp *QuietonApp::instance()
+{
+    return theApp;
+}
+
+QuietonApp *QuietonApp::create(QQmlEngine *, QJSEngine *)
+{
+    if (!theApp)
+        theApp = new QuietonApp;
+    QJSEngine::setObjectOwnership(theApp, QJSEngine::CppOwnership);
+    return theApp;
+}
+
+bool QuietonApp::hasCompletedFirstLaunch() const
+{
+    return m_defaultsService->userDefaults().boolValue(QStringLiteral("hasCompletedFirstLaunch"));
+}
+
+void QuietonApp::deliverLink(const QUrl &url)
+{
+    if (!hasCompletedFirstLaunch())
+        return;
+    if (!m_mainViewShown) {
+        m_waitingLinks.append(url);
+        return;
+    }
+    handleOpenUrl(url);
+    emit linkOpened(url);
+}
+
+void QuietonApp::setMainViewShown(bool shown)
+{
+    m_mainViewShown = shown;
+    if (!shown)
+        return;
+    const QList<QUrl> waiting = std::exchange(m_waitingLinks, {});
+    for (const QUrl &url : waiting)
+        deliverLink(url);
+}
+
+void QuietonApp::handleOpenUrl(const QUrl &url)
+{
+    const QString number = WidgetLink::queryValue(url, QStringLiteral("number"));
+    if (!number.isEmpty() && url.scheme() == QLatin1StringView("quieton")) {
+        const bool hidden = linkFlag(url, QStringLiteral("hidden"));
+        const bool save = linkFlag(url, QStringLiteral("saveToHistory"));
+        m_service->makeCall(number, hidden);
+        m_service->setPendingCall(QString(), QString(), number, hidden);
+        m_service->setPendingCallSaveToHistory(save);
+        m_service->resetWidgetData();
+    }
+    m_service->resetWidgetData();
+}
+
+QString QuietonApp::linkValue(const QUrl &url, const QString &key)
+{
+    return WidgetLink::queryValue(url, key);
+}
+
+bool QuietonApp::linkFlag(const QUrl &url, const QString &key)
+{
+    return WidgetLink::isTrue(WidgetLink::queryValue(url, key));
+}

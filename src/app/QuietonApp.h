@@ -1,0 +1,62 @@
+#pragma once
+
+#include "AppDelegate.h"
+
+#include <QList>
+#include <QObject>
+#include <QUrl>
+#include <QtQml/qqmlregistration.h>
+
+class QJSEngine;
+class QQmlEngine;
+class Service;
+class UserDefaultsService;
+
+// The application root: start-up of the shared objects, the choice between
+// onboarding and the main screen, and the links opened from the widget.
+class QuietonApp : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(bool hasCompletedFirstLaunch READ hasCompletedFirstLaunch NOTIFY hasCompletedFirstLaunchChanged)
+
+public:
+    // Runs the start-up in order; the instance is the one QML sees.
+    explicit QuietonApp(QObject *parent = nullptr);
+    ~QuietonApp() override;
+    static QuietonApp *instance();
+    static QuietonApp *create(QQmlEngine *, QJSEngine *);
+
+    UserDefaultsService *defaultsService() const { return m_defaultsService; }
+    Service *service() const { return m_service; }
+
+    // Read afresh from the settings on every evaluation.
+    bool hasCompletedFirstLaunch() const;
+
+    // A link opened into the app (command line or a second launch). Links are
+    // handled only by the main screen, so one that arrives before the main
+    // screen is up waits for it, and one that arrives during onboarding is dropped.
+    Q_INVOKABLE void deliverLink(const QUrl &url);
+    // The main screen tells when it is shown and hidden.
+    Q_INVOKABLE void setMainViewShown(bool shown);
+    // The main screen's handler of a widget link: places the call it carries.
+    Q_INVOKABLE void handleOpenUrl(const QUrl &url);
+
+    Q_INVOKABLE static QString linkValue(const QUrl &url, const QString &key);
+    Q_INVOKABLE static bool linkFlag(const QUrl &url, const QString &key);
+
+signals:
+    void hasCompletedFirstLaunchChanged();
+    // A link for the screens that fill themselves from it (the dialler).
+    void linkOpened(const QUrl &url);
+    // Someone launched the app again without a link: bring the window forward.
+    void activationRequested();
+
+private:
+    AppDelegate m_appDelegate;
+    UserDefaultsService *m_defaultsService;
+    Service *m_service;
+    bool m_mainViewShown = false;
+    QList<QUrl> m_waitingLinks;
+};

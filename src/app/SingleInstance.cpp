@@ -1,0 +1,48 @@
+#include "SingleInstance.h"
+
+#include <QLocalServer>
+#include <QLocalSocket>
+
+#include <unistd.h>
+
+SingleInstance::SingleInstance(QObject *parent) : QObject(parent) { }
+
+QString SingleInstance::serverName()
+{
+    return QStringLiteral("quieton-%1").arg(::getuid());
+}
+
+bool SingleInstance::forwardToRunning(const QUrl &link)
+{
+    QLocalSocket socket;
+    socket.connectToServer(serverName());
+    if (!socket.waitForConnected(200))
+        return false;
+    socket.write(link.toEncoded() + '\n');
+    socket.waitForBytesWritten(1000);
+    socket.disconnectFromServer();
+    return true;
+}
+
+void SingleInstance::listen()
+{
+    m_server = new QLocalServer(this);
+    m_server->setSocketOptions(QLocalServer::UserAccessOption);
+    QLocalServer::removeServer(serverName());
+    if (!m_server->listen(serverName()))
+        return;
+    connect(m_server, &QLocalServer::newConnection, this, [this] {
+        while (QLocalSocket *socket = m_server->nextPendingConnection()) {
+            connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+            connect(socket, &QLocalSocket::readyRead, socket, [this, socket] {
+                while (socket->canReadLine()) {
+                    const QByteArray line = socket->readLine().trimmed();
+                    if (line.isEmpty())
+                        emit activationRequested();
+                    else
+                        emit linkReceived(QUrl::fromEncoded(line));
+                }
+            });
+        }
+    });
+}

@@ -1,0 +1,31 @@
+import QtQuick
+import QtQuick.Controls
+import Quieton
+
+// Shown after a call that could not be placed. "OK" lowers the failure flag.
+Dialog {
+    id: alert
+
+    anchors.centerIn: Overlay.overlay
+    width: Math.min(parent ? parent.width - 48 : 320, 340)
+    modal: true
+    closePolicy: Popup.NoAutoClose
+
+    header: Label {
+        text: qsTr("Unable to make the call. Please check the number or ensure your device supports calling.")
+        wrapMode: Text.Wrap
+        font.bold: true
+        padding: 24
+        bottomPadding: 0
+    }
+
+    footer: DialogButtonBox {
+        Button {
+            text: qsTr("OK")
+            flat: true
+            DialogButtonBox.buttonRole: DialogButtonBox.AcceptRole
+        }
+    }
+
+    onAccepted: Service.callFailed = false
+}

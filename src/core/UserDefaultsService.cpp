@@ -1,0 +1,117 @@
+#include "UserDefaultsService.h"
+
+#include "JsonFileKeyValueStore.h"
+#include "Platform.h"
+
+#include <QDir>
+#include <QJSEngine>
+#include <QQmlEngine>
+
+UserDefaultsService *UserDefaultsService::shared()
+{
+    static UserDefaultsService *const instance = [] {
+        const QDir folder(Platform::configDirectory());
+        std::unique_ptr<KeyValueStore> standard = JsonFileKeyValueStore::open(folder.filePath(QStringLiteral("quieton.json")));
+        if (!standard) {
+            // Without a usable settings file the app still runs on defaults it
+            // keeps in memory for this session.
+            standard = JsonFileKeyValueStore::inMemory();
+        }
+        std::unique_ptr<KeyValueStore> widgetSuite =
+                JsonFileKeyValueStore::open(folder.filePath(QString::fromLatin1(sharedSuiteName) + QStringLiteral(".json")));
+        return new UserDefaultsService(std::move(standard), std::move(widgetSuite));
+    }();
+    return instance;
+}
+
+UserDefaultsService *UserDefaultsService::create(QQmlEngine *, QJSEngine *)
+{
+    UserDefaultsService *instance = shared();
+    QJSEngine::setObjectOwnership(instance, QJSEngine::CppOwnership);
+    return instance;
+}
+
+UserDefaultsService::UserDefaultsService(std::unique_ptr<KeyValueStore> standard,
+                                         std::unique_ptr<KeyValueStore> sharedSuite, QObject *parent)
+    : QObject(parent), m_userDefaults(std::move(standard)), m_userDefaultsShared(std::move(sharedSuite))
+{
+    setupDefaultValues();
+}
+
+UserDefaultsService::~UserDefaultsService() = default;
+
+bool UserDefaultsService::isFirstTimeInApp() const
+{
+    for (const char *key : { "firstTimeInApp", "hiddenNumber", "saveToHistory" }) {
+        if (m_userDefaults->hasObject(QString::fromLatin1(key)))
+            return m_userDefaults->boolValue(QStringLiteral("firstTimeInApp"));
+    }
+    return true;
+}
+
+void UserDefaultsService::setupDefaultValues()
+{
+    KeyValueStore &store = *m_userDefaults;
+    if (isFirstTimeInApp()) {
+        store.setBool(QStringLiteral("hiddenNumber"), true);
+        store.setBool(QStringLiteral("saveToHistory"), true);
+        store.setBool(QStringLiteral("firstTimeInApp"), false);
+    }
+
+    if (!store.stringValue(QStringLiteral("prefix")))
+        store.setString(QStringLiteral("prefix"), defaultPrefix());
+
+    const QString sortKey = QStringLiteral("autoSortBy");
+    if (!store.stringValue(sortKey)) {
+        store.setInteger(sortKey, 0);
+    } else {
+        const auto again = store.stringValue(sortKey);
+        if (again && again->isEmpty())
+            store.setInteger(sortKey, 0);
+    }
+}
+
+std::optional<QDateTime> UserDefaultsService::installDate() const
+{
+    return m_userDefaults->dateValue(QStringLiteral("dateAppInstalled"));
+}
+
+void UserDefaultsService::saveInstallDateIfNeeded()
+{
+    if (!installDate())
+        m_userDefaults->setDate(QStringLiteral("dateAppInstalled"), QDateTime::currentDateTime());
+}
+
+bool UserDefaultsService::boolForKey(const QString &key) const
+{
+    return m_userDefaults->boolValue(key);
+}
+
+qint64 UserDefaultsService::integerForKey(const QString &key) const
+{
+    return m_userDefaults->integerValue(key);
+}
+
+QVariant UserDefaultsService::stringForKey(const QString &key) const
+{
+    const auto text = m_userDefaults->stringValue(key);
+    return text ? QVariant(*text) : QVariant();
+}
+
+void UserDefaultsService::setBool(const QString &key, bool value)
+{
+    m_userDefaults->setBool(key, value);
+    emit valueChanged(key);
+}
+
+void UserDefaultsService::setInteger(const QString &key, qint64 value)
+{
+    m_userDefaults->setInteger(key, value);
+    emit valueChanged(key);
+}
+
+void UserDefaultsService::setString(const QString &key, const QString &value)
+{
+    m_userDefaults->setString(key, value);
+    emit valueChanged(key);
+}

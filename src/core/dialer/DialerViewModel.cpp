@@ -1,0 +1,78 @@
+#include "DialerViewModel.h"
+
+#include "CrashManager.h"
+#include "KeyValueStore.h"
+#include "Service.h"
+#include "UserDefaultsService.h"
+
+#include <QTextBoundaryFinder>
+
+DialerViewModel::DialerViewModel(QObject *parent)
+    : QObject(parent),
+      m_defaultsService(UserDefaultsService::shared()),
+      m_crashManager(CrashManager::shared()),
+      m_service(Service::shared()),
+      m_toggleHiddenNumber(m_defaultsService->userDefaults().boolValue(QStringLiteral("hiddenNumber"))),
+      m_toggleSaveToHistory(m_defaultsService->userDefaults().boolValue(QStringLiteral("saveToHistory")))
+{
+}
+
+void DialerViewModel::setNumberPhoneTyping(const QString &number)
+{
+    if (m_numberPhoneTyping == number)
+        return;
+    m_numberPhoneTyping = number;
+    emit numberPhoneTypingChanged();
+}
+
+void DialerViewModel::setToggleHiddenNumber(bool hidden)
+{
+    if (m_toggleHiddenNumber != hidden) {
+        m_toggleHiddenNumber = hidden;
+        emit toggleHiddenNumberChanged();
+    }
+}
+
+void DialerViewModel::setToggleSaveToHistory(bool save)
+{
+    if (m_toggleSaveToHistory != save) {
+        m_toggleSaveToHistory = save;
+        emit toggleSaveToHistoryChanged();
+    }
+    m_service->setPendingCallSaveToHistory(save);
+}
+
+void DialerViewModel::loadSettings()
+{
+    const KeyValueStore &store = m_defaultsService->userDefaults();
+    setToggleHiddenNumber(store.boolValue(QStringLiteral("hiddenNumber")));
+    setToggleSaveToHistory(store.boolValue(QStringLiteral("saveToHistory")));
+}
+
+bool DialerViewModel::call()
+{
+    m_service->makeCall(m_numberPhoneTyping, m_toggleHiddenNumber);
+    m_service->setPendingCall(QString(), QString(), m_numberPhoneTyping, m_toggleHiddenNumber);
+    return m_service->callFailed();
+}
+
+void DialerViewModel::appendDigit(const QString &key)
+{
+    setNumberPhoneTyping(m_numberPhoneTyping + key);
+}
+
+void DialerViewModel::deleteLast()
+{
+    if (m_numberPhoneTyping.isEmpty())
+        return;
+    // One user-perceived character, so a flag or an accented letter that came
+    // in through a link goes as a whole.
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, m_numberPhoneTyping);
+    finder.toEnd();
+    setNumberPhoneTyping(m_numberPhoneTyping.left(finder.toPreviousBoundary()));
+}
+
+void DialerViewModel::clear()
+{
+    setNumberPhoneTyping(QString());
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+class CrashManager;
+class Service;
+class UserDefaultsService;
+
+// The dialler's typed number and its two per-call choices. The choices start
+// from the settings and are re-read from them each time the dialler appears;
+// changing them here never writes the settings.
+class DialerViewModel : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QString numberPhoneTyping READ numberPhoneTyping WRITE setNumberPhoneTyping NOTIFY numberPhoneTypingChanged)
+    Q_PROPERTY(bool toggleHiddenNumber READ toggleHiddenNumber WRITE setToggleHiddenNumber NOTIFY toggleHiddenNumberChanged)
+    Q_PROPERTY(bool toggleSaveToHistory READ toggleSaveToHistory WRITE setToggleSaveToHistory NOTIFY toggleSaveToHistoryChanged)
+
+public:
+    explicit DialerViewModel(QObject *parent = nullptr);
+
+    QString numberPhoneTyping() const { return m_numberPhoneTyping; }
+    void setNumberPhoneTyping(const QString &number);
+    bool toggleHiddenNumber() const { return m_toggleHiddenNumber; }
+    void setToggleHiddenNumber(bool hidden);
+    bool toggleSaveToHistory() const { return m_toggleSaveToHistory; }
+    // Also makes it the pending call's save choice.
+    void setToggleSaveToHistory(bool save);
+
+    // Takes the two choices from the settings again.
+    Q_INVOKABLE void loadSettings();
+    // The call button: dials the typed number and fills the pending-call
+    // record. Returns whether the dialling-error alert is due.
+    Q_INVOKABLE bool call();
+
+    Q_INVOKABLE void appendDigit(const QString &key);
+    Q_INVOKABLE void deleteLast();
+    Q_INVOKABLE void clear();
+
+signals:
+    void numberPhoneTypingChanged();
+    void toggleHiddenNumberChanged();
+    void toggleSaveToHistoryChanged();
+
+private:
+    UserDefaultsService *m_defaultsService;
+    CrashManager &m_crashManager;
+    Service *m_service;
+    QString m_numberPhoneTyping;
+    bool m_toggleHiddenNumber;
+    bool m_toggleSaveToHistory;
+};

@@ -1,0 +1,1 @@
+# Update check, feedback and about.

@@ -1,0 +1,4 @@
+list(APPEND QUIETON_QML
+    lists/ContactsView.qml
+    lists/HistoryView.qml
+)

@@ -1,0 +1,95 @@
+#include "Platform.h"
+
+#include "ClipboardSharer.h"
+#include "DesktopTelephony.h"
+#include "DesktopUrlOpener.h"
+#include "NoTelephony.h"
+#include "NoWidgetHost.h"
+
+#include <QDir>
+#include <QStandardPaths>
+#include <QTextStream>
+
+namespace {
+
+struct Backends
+{
+    std::unique_ptr<Telephony> telephony;
+    std::unique_ptr<UrlOpener> urlOpener;
+    std::unique_ptr<WidgetRefresher> widgets;
+    std::unique_ptr<TextSharer> sharer;
+};
+
+Backends &backends()
+{
+    static Backends instance;
+    return instance;
+}
+
+std::unique_ptr<Telephony> chooseTelephony()
+{
+    // Whether a tel: handler is registered is asked only when a call is
+    // requested, so that start-up stays free of it.
+    std::unique_ptr<Telephony> chosen;
+    if (!QStandardPaths::findExecutable(QStringLiteral("xdg-mime")).isEmpty())
+        chosen = std::make_unique<DesktopTelephony>();
+    else
+        chosen = std::make_unique<NoTelephony>();
+    QTextStream(stdout) << "Telephony: " << chosen->backendName() << Qt::endl;
+    return chosen;
+}
+
+QString appFolder(QStandardPaths::StandardLocation location)
+{
+    // GenericConfig/GenericData honour XDG_CONFIG_HOME and XDG_DATA_HOME.
+    return QDir(QStandardPaths::writableLocation(location)).filePath(QStringLiteral("quieton"));
+}
+
+} // namespace
+
+Telephony &Platform::telephony()
+{
+    auto &slot = backends().telephony;
+    if (!slot)
+        slot = chooseTelephony();
+    return *slot;
+}
+
+UrlOpener &Platform::urlOpener()
+{
+    auto &slot = backends().urlOpener;
+    if (!slot)
+        slot = std::make_unique<DesktopUrlOpener>();
+    return *slot;
+}
+
+WidgetRefresher &Platform::widgets()
+{
+    auto &slot = backends().widgets;
+    if (!slot)
+        slot = std::make_unique<NoWidgetHost>();
+    return *slot;
+}
+
+TextSharer &Platform::sharer()
+{
+    auto &slot = backends().sharer;
+    if (!slot)
+        slot = std::make_unique<ClipboardSharer>();
+    return *slot;
+}
+
+void Platform::setTelephony(std::unique_ptr<Telephony> telephony) { backends().telephony = std::move(telephony); }
+void Platform::setUrlOpener(std::unique_ptr<UrlOpener> opener) { backends().urlOpener = std::move(opener); }
+void Platform::setWidgets(std::unique_ptr<WidgetRefresher> widgets) { backends().widgets = std::move(widgets); }
+void Platform::setSharer(std::unique_ptr<TextSharer> sharer) { backends().sharer = std::move(sharer); }
+
+QString Platform::configDirectory()
+{
+    return appFolder(QStandardPaths::GenericConfigLocation);
+}
+
+QString Platform::dataDirectory()
+{
+    return appFolder(QStandardPaths::GenericDataLocation);
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+class KeyValueStore;
+class Telephony;
+class TextSharer;
+class UrlOpener;
+class WidgetRefresher;
+
+// The platform services the app runs on, each created on first use with the
+// real Linux backend. Test programs install their own before first use.
+class Platform
+{
+public:
+    static Telephony &telephony();
+    static UrlOpener &urlOpener();
+    static WidgetRefresher &widgets();
+    static TextSharer &sharer();
+
+    static void setTelephony(std::unique_ptr<Telephony> telephony);
+    static void setUrlOpener(std::unique_ptr<UrlOpener> opener);
+    static void setWidgets(std::unique_ptr<WidgetRefresher> widgets);
+    static void setSharer(std::unique_ptr<TextSharer> sharer);
+
+    // Folders of the app's own files (XDG config and data homes + "quieton").
+    static QString configDirectory();
+    static QString dataDirectory();
+};

@@ -1,0 +1,4 @@
+list(APPEND QUIETON_QML
+    settings/SettingView.qml
+    settings/WelcomeView.qml
+)

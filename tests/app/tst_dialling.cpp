@@ -1,0 +1,281 @@
+// Dialling from every entry point the spine has: makeCall itself, widget
+// links and the dialler's model, against a telephony that records requests.
+#include "DialerViewModel.h"
+#include "JsonFileKeyValueStore.h"
+#include "MainViewModel.h"
+#include "Platform.h"
+#include "QuietonApp.h"
+#include "RecordingTelephony.h"
+#include "Service.h"
+#include "StdoutCapture.h"
+#include "TestHome.h"
+#include "UserDefaultsService.h"
+#include "WidgetRefresher.h"
+
+#include <QtTest>
+
+namespace {
+struct CountingWidgets : WidgetRefresher
+{
+    int reloads = 0;
+    void reloadAllTimelines() override { ++reloads; }
+};
+RecordingTelephony *telephony = nullptr;
+CountingWidgets *widgets = nullptr;
+} // namespace
+
+class TestDialling : public QObject
+{
+    Q_OBJECT
+
+    KeyValueStore &settings() { return UserDefaultsService::shared()->userDefaults(); }
+    Service &service() { return *Service::shared(); }
+    std::unique_ptr<KeyValueStore> widgetSuiteOnDisk()
+    {
+        return JsonFileKeyValueStore::open(TestHome::configDirectory() + QStringLiteral("/group.quieton.DataWidget.json"));
+    }
+    void fillWidgetSuite()
+    {
+        KeyValueStore *suite = UserDefaultsService::shared()->userDefaultsShared();
+        suite->setString(QStringLiteral("phoneNumberWidget"), QStringLiteral("0612"));
+        suite->setBool(QStringLiteral("hiddenNumberWidget"), true);
+        suite->setBool(QStringLiteral("saveToHistoryWidget"), true);
+    }
+    void expectWidgetSuiteCleared()
+    {
+        auto suite = widgetSuiteOnDisk();
+        QCOMPARE(std::get<QString>(*suite->object(QStringLiteral("phoneNumberWidget"))), QString());
+        QCOMPARE(std::get<bool>(*suite->object(QStringLiteral("hiddenNumberWidget"))), false);
+        QCOMPARE(std::get<bool>(*suite->object(QStringLiteral("saveToHistoryWidget"))), false);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        TestHome::use();
+        auto recording = std::make_unique<RecordingTelephony>();
+        telephony = recording.get();
+        Platform::setTelephony(std::move(recording));
+        auto counting = std::make_unique<CountingWidgets>();
+        widgets = counting.get();
+        Platform::setWidgets(std::move(counting));
+    }
+
+    void init()
+    {
+        telephony->callsPossible = true;
+        telephony->asked.clear();
+        telephony->opened.clear();
+        service().setCallFailed(false);
+        service().setCallStartedFromApp(false);
+        settings().setString(QStringLiteral("prefix"), QStringLiteral("#31#"));
+    }
+
+    void composesTheDialString_data()
+    {
+        QTest::addColumn<QString>("number");
+        QTest::addColumn<bool>("hidden");
+        QTest::addColumn<QString>("dialled");
+        QTest::newRow("private") << "0612345678" << true << "#31#0612345678";
+        QTest::newRow("normal") << "0612345678" << false << "0612345678";
+        QTest::newRow("typed code kept") << "*31#06" << true << "#31#*31#06";
+        QTest::newRow("plus") << "+33612" << true << "#31#+33612";
+        QTest::newRow("empty number") << "" << true << "#31#";
+    }
+    void composesTheDialString()
+    {
+        QFETCH(QString, number);
+        QFETCH(bool, hidden);
+        QFETCH(QString, dialled);
+        StdoutCapture out;
+        service().makeCall(number, hidden);
+        QCOMPARE(telephony->opened, QStringList{ dialled });
+        // Printed exactly as composed, never normalised by the URL parser.
+        QCOMPARE(out.lines(), QStringList{ QStringLiteral("## User dial : tel://") + dialled });
+        QVERIFY(service().callStartedFromApp());
+        QVERIFY(!service().callFailed());
+    }
+
+    void prefixAsStored()
+    {
+        settings().setString(QStringLiteral("prefix"), QString());
+        service().makeCall(QStringLiteral("0612"), true);
+        settings().setString(QStringLiteral("prefix"), QStringLiteral("*67*"));
+        service().makeCall(QStringLiteral("0612"), true);
+        QCOMPARE(telephony->asked, (QStringList{ QStringLiteral("0612"), QStringLiteral("*67*0612") }));
+    }
+
+    void addressesThatDoNotParseFail_data()
+    {
+        QTest::addColumn<QString>("number");
+        QTest::addColumn<bool>("fails");
+        QTest::newRow("spaces") << "+33 6 12" << true;
+        QTest::newRow("letters") << "0800FLOWERS" << false;
+        QTest::newRow("non-ASCII digits") << "٠١٢" << true;
+        QTest::newRow("bad escape") << "12%4" << true;
+        QTest::newRow("good escape") << "12%20" << false;
+        QTest::newRow("brace") << "12{3}" << true;
+    }
+    void addressesThatDoNotParseFail()
+    {
+        QFETCH(QString, number);
+        QFETCH(bool, fails);
+        StdoutCapture out;
+        service().makeCall(number, true);
+        QCOMPARE(service().callFailed(), fails);
+        QCOMPARE(telephony->opened.isEmpty(), fails);
+        QCOMPARE(out.lines().isEmpty(), fails);
+    }
+
+    void catalogueStylePrefixesDial()
+    {
+        for (const char *prefix : { "*67", "*31#", "*23", "141", "1831", "*31*" }) {
+            settings().setString(QStringLiteral("prefix"), QString::fromLatin1(prefix));
+            service().makeCall(QStringLiteral("0612345678"), true);
+            QVERIFY2(!service().callFailed(), prefix);
+        }
+        QCOMPARE(telephony->opened.size(), 6);
+        QCOMPARE(telephony->opened.constFirst(), QStringLiteral("*670612345678"));
+    }
+
+    void aPhoneThatCannotCallFailsSilently()
+    {
+        telephony->callsPossible = false;
+        StdoutCapture out;
+        service().makeCall(QStringLiteral("0612"), true);
+        QVERIFY(service().callFailed());
+        QVERIFY(service().callStartedFromApp());
+        QVERIFY(telephony->opened.isEmpty());
+        QVERIFY(out.lines().isEmpty());
+
+        // The flag stays up through a later successful call until "OK" lowers it.
+        telephony->callsPossible = true;
+        service().makeCall(QStringLiteral("0612"), true);
+        QVERIFY(service().callFailed());
+        service().setCallFailed(false);
+        service().makeCall(QStringLiteral("0612"), true);
+        QVERIFY(!service().callFailed());
+    }
+
+    void widgetLinks_data()
+    {
+        QTest::addColumn<QString>("link");
+        QTest::addColumn<QStringList>("dialled");
+        QTest::addColumn<QVariant>("save");
+        QTest::newRow("hidden TRUE") << "quieton://x?number=0612&hidden=TRUE&saveToHistory=false"
+                                     << QStringList{ "#31#0612" } << QVariant(false);
+        QTest::newRow("any host and path") << "quieton:/a/b?saveToHistory=True&number=%2B3312&hidden=true"
+                                           << QStringList{ "#31#+3312" } << QVariant(true);
+        QTest::newRow("yes is not true") << "quieton://w?number=0612&hidden=yes&saveToHistory=1"
+                                         << QStringList{ "0612" } << QVariant(false);
+        QTest::newRow("first item wins") << "quieton://w?number=1&number=2&hidden=false&hidden=true"
+                                         << QStringList{ "1" } << QVariant(false);
+        QTest::newRow("key is case-sensitive") << "quieton://w?Number=0612" << QStringList{} << QVariant();
+        QTest::newRow("other scheme") << "https://w?number=0612&hidden=true" << QStringList{} << QVariant();
+        QTest::newRow("scheme case") << "Quieton://w?number=0612" << QStringList{ "0612" } << QVariant(false);
+        QTest::newRow("empty number") << "quieton://w?number=&hidden=true" << QStringList{} << QVariant();
+        QTest::newRow("no query") << "quieton://w" << QStringList{} << QVariant();
+    }
+    void widgetLinks()
+    {
+        QFETCH(QString, link);
+        QFETCH(QStringList, dialled);
+        QFETCH(QVariant, save);
+        QuietonApp app;
+        service().setPendingCallSaveToHistory(std::nullopt);
+        fillWidgetSuite();
+        const int reloadsBefore = widgets->reloads;
+
+        app.handleOpenUrl(QUrl(link));
+
+        QCOMPARE(telephony->opened, dialled);
+        expectWidgetSuiteCleared();
+        QCOMPARE(widgets->reloads - reloadsBefore, dialled.isEmpty() ? 1 : 2);
+        QCOMPARE(service().pendingCallSaveToHistory().has_value(), save.isValid());
+        if (save.isValid()) {
+            QCOMPARE(*service().pendingCallSaveToHistory(), save.toBool());
+            QCOMPARE(service().pendingCallTelephone(), QuietonApp::linkValue(QUrl(link), QStringLiteral("number")));
+            QCOMPARE(service().pendingCallFirstName(), QString());
+        }
+    }
+
+    void linksWaitForTheMainScreenAndNeedOnboardingDone()
+    {
+        QuietonApp app;
+        settings().setBool(QStringLiteral("hasCompletedFirstLaunch"), false);
+        app.deliverLink(QUrl(QStringLiteral("quieton://w?number=1")));
+        app.setMainViewShown(true);
+        QVERIFY(telephony->opened.isEmpty());
+        app.setMainViewShown(false);
+
+        UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
+        QSignalSpy filled(&app, &QuietonApp::linkOpened);
+        app.deliverLink(QUrl(QStringLiteral("quieton://w?number=2")));
+        QVERIFY(telephony->opened.isEmpty());
+        app.setMainViewShown(true);
+        QCOMPARE(telephony->opened, QStringList{ QStringLiteral("2") });
+        QCOMPARE(filled.size(), 1);
+    }
+
+    void dialerChoicesComeFromTheSettings()
+    {
+        settings().setBool(QStringLiteral("hiddenNumber"), false);
+        settings().setBool(QStringLiteral("saveToHistory"), true);
+        DialerViewModel vm;
+        QCOMPARE(vm.toggleHiddenNumber(), false);
+        QCOMPARE(vm.toggleSaveToHistory(), true);
+
+        vm.setToggleSaveToHistory(false);
+        vm.setToggleHiddenNumber(true);
+        QCOMPARE(service().pendingCallSaveToHistory(), std::optional<bool>(false));
+        QCOMPARE(settings().boolValue(QStringLiteral("saveToHistory")), true);
+        QCOMPARE(settings().boolValue(QStringLiteral("hiddenNumber")), false);
+
+        vm.loadSettings();
+        QCOMPARE(vm.toggleHiddenNumber(), false);
+        QCOMPARE(vm.toggleSaveToHistory(), true);
+        QCOMPARE(service().pendingCallSaveToHistory(), std::optional<bool>(true));
+    }
+
+    void dialerKeypadAndCall()
+    {
+        DialerViewModel vm;
+        vm.deleteLast();
+        QCOMPARE(vm.numberPhoneTyping(), QString());
+        for (const char *key : { "*", "3", "1", "#", "0", "6" })
+            vm.appendDigit(QString::fromLatin1(key));
+        vm.setToggleHiddenNumber(true);
+        QVERIFY(!vm.call());
+        QCOMPARE(telephony->opened, QStringList{ QStringLiteral("#31#*31#06") });
+        QCOMPARE(service().pendingCallTelephone(), QStringLiteral("*31#06"));
+        QCOMPARE(service().pendingCallHidden(), true);
+
+        vm.deleteLast();
+        QCOMPARE(vm.numberPhoneTyping(), QStringLiteral("*31#0"));
+        vm.setNumberPhoneTyping(QStringLiteral("12\u00e9\U0001F1EB\U0001F1F7"));
+        vm.deleteLast();
+        QCOMPARE(vm.numberPhoneTyping(), QStringLiteral("12\u00e9"));
+        vm.clear();
+        QCOMPARE(vm.numberPhoneTyping(), QString());
+
+        telephony->callsPossible = false;
+        QVERIFY(vm.call());
+    }
+
+    void mainScreenCountsOpenings()
+    {
+        settings().setInteger(QStringLiteral("appOpenCount"), 5);
+        MainViewModel first;
+        first.recordMainViewBuilt();
+        const auto installed = UserDefaultsService::shared()->installDate();
+        QVERIFY(installed);
+        MainViewModel second;
+        second.recordMainViewBuilt();
+        QCOMPARE(settings().integerValue(QStringLiteral("appOpenCount")), 7);
+        QCOMPARE(UserDefaultsService::shared()->installDate(), installed);
+        QCOMPARE(first.selectedTab(), 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestDialling)
+#include "tst_dialling.moc"

@@ -1,0 +1,183 @@
+// The settings file: typed reading rules, what survives a new process, a
+// process killed right after a write, and files that cannot be read.
+#include "JsonFileKeyValueStore.h"
+#include "StdoutCapture.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <csignal>
+#include <limits>
+#include <unistd.h>
+
+class TestJsonFileKeyValueStore : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dir;
+    QString path(const QString &name) const { return QDir(m_dir.path()).filePath(name); }
+
+private slots:
+    void readingRules()
+    {
+        auto store = JsonFileKeyValueStore::open(path(QStringLiteral("rules/suite.json")));
+        QVERIFY(store);
+        QVERIFY(!store->hasObject(QStringLiteral("missing")));
+        QCOMPARE(store->boolValue(QStringLiteral("missing")), false);
+        QCOMPARE(store->integerValue(QStringLiteral("missing")), 0);
+        QCOMPARE(store->stringValue(QStringLiteral("missing")), std::nullopt);
+        QCOMPARE(store->dateValue(QStringLiteral("missing")), std::nullopt);
+
+        store->setInteger(QStringLiteral("sort"), 2);
+        QCOMPARE(store->stringValue(QStringLiteral("sort")), QStringLiteral("2"));
+        QCOMPARE(store->boolValue(QStringLiteral("sort")), true);
+
+        store->setString(QStringLiteral("empty"), QString());
+        QVERIFY(store->hasObject(QStringLiteral("empty")));
+        QCOMPARE(store->stringValue(QStringLiteral("empty")), QString());
+        QCOMPARE(store->integerValue(QStringLiteral("empty")), 0);
+
+        store->setString(QStringLiteral("text"), QStringLiteral("  42abc"));
+        QCOMPARE(store->integerValue(QStringLiteral("text")), 42);
+        QCOMPARE(store->boolValue(QStringLiteral("text")), true);
+        store->setString(QStringLiteral("no"), QStringLiteral("no"));
+        QCOMPARE(store->boolValue(QStringLiteral("no")), false);
+
+        store->setBool(QStringLiteral("flag"), true);
+        QCOMPARE(store->integerValue(QStringLiteral("flag")), 1);
+        QCOMPARE(store->dateValue(QStringLiteral("flag")), std::nullopt);
+
+        store->setDate(QStringLiteral("when"), QDateTime::currentDateTime());
+        QCOMPARE(store->stringValue(QStringLiteral("when")), std::nullopt);
+        QCOMPARE(store->boolValue(QStringLiteral("when")), false);
+    }
+
+    void typesSurviveANewProcess()
+    {
+        const QString file = path(QStringLiteral("types.json"));
+        const QDateTime when = QDateTime::fromString(QStringLiteral("2024-03-09T09:05:03.250+01:00"), Qt::ISODateWithMs);
+        {
+            auto store = JsonFileKeyValueStore::open(file);
+            store->setBool(QStringLiteral("b"), false);
+            store->setInteger(QStringLiteral("big"), std::numeric_limits<qint64>::max());
+            store->setInteger(QStringLiteral("negative"), -7);
+            store->setString(QStringLiteral("prefix"), QStringLiteral("#31#"));
+            store->setString(QStringLiteral("number text"), QStringLiteral("12"));
+            store->setDate(QStringLiteral("date"), when);
+        }
+        // A second store on the same file reads it back from disk, as a new process would.
+        auto again = JsonFileKeyValueStore::open(file);
+        QCOMPARE(std::get<bool>(*again->object(QStringLiteral("b"))), false);
+        QCOMPARE(std::get<qint64>(*again->object(QStringLiteral("big"))), std::numeric_limits<qint64>::max());
+        QCOMPARE(again->integerValue(QStringLiteral("negative")), -7);
+        QCOMPARE(std::get<QString>(*again->object(QStringLiteral("prefix"))), QStringLiteral("#31#"));
+        QVERIFY(std::holds_alternative<QString>(*again->object(QStringLiteral("number text"))));
+        QCOMPARE(again->dateValue(QStringLiteral("date")), when);
+    }
+
+    void unknownEntriesAreKept()
+    {
+        const QString file = path(QStringLiteral("unknown.json"));
+        QFile raw(file);
+        QVERIFY(raw.open(QIODevice::WriteOnly));
+        raw.write(R"({"later": [1, 2, {"x": null}], "prefix": "141"})");
+        raw.close();
+
+        auto store = JsonFileKeyValueStore::open(file);
+        QVERIFY(store->hasObject(QStringLiteral("prefix")));
+        QVERIFY(!store->object(QStringLiteral("later")));
+        store->setBool(QStringLiteral("hiddenNumber"), true);
+
+        QVERIFY(raw.open(QIODevice::ReadOnly));
+        const QJsonObject saved = QJsonDocument::fromJson(raw.readAll()).object();
+        QCOMPARE(saved.value(QStringLiteral("later")).toArray().size(), 3);
+        QCOMPARE(saved.value(QStringLiteral("prefix")).toString(), QStringLiteral("141"));
+    }
+
+    void unreadableFileIsMovedAsideNotLost()
+    {
+        const QString file = path(QStringLiteral("broken/suite.json"));
+        QDir().mkpath(QFileInfo(file).absolutePath());
+        QFile raw(file);
+        QVERIFY(raw.open(QIODevice::WriteOnly));
+        raw.write("{\"prefix\": \"#31#\", trunc");
+        raw.close();
+
+        StdoutCapture out;
+        auto store = JsonFileKeyValueStore::open(file);
+        QVERIFY(store);
+        QVERIFY(!store->hasObject(QStringLiteral("prefix")));
+        QCOMPARE(out.lines().size(), 1);
+        QVERIFY(out.lines().constFirst().contains(QStringLiteral("could not be read")));
+
+        const QStringList aside = QDir(QFileInfo(file).absolutePath()).entryList({ QStringLiteral("suite.json.unreadable-*") });
+        QCOMPARE(aside.size(), 1);
+        QFile kept(QDir(QFileInfo(file).absolutePath()).filePath(aside.constFirst()));
+        QVERIFY(kept.open(QIODevice::ReadOnly));
+        QCOMPARE(kept.readAll(), QByteArray("{\"prefix\": \"#31#\", trunc"));
+    }
+
+    void nonObjectDocumentsAndEmptyFilesStartAfresh()
+    {
+        for (const QByteArray &content : { QByteArray("[1,2]"), QByteArray(""), QByteArray("\xff\xfe\x00", 3) }) {
+            const QString file = path(QStringLiteral("odd/%1.json").arg(qHash(content)));
+            QDir().mkpath(QFileInfo(file).absolutePath());
+            QFile raw(file);
+            QVERIFY(raw.open(QIODevice::WriteOnly));
+            raw.write(content);
+            raw.close();
+            StdoutCapture out;
+            auto store = JsonFileKeyValueStore::open(file);
+            QVERIFY(store);
+            store->setBool(QStringLiteral("ok"), true);
+            QVERIFY(JsonFileKeyValueStore::open(file)->boolValue(QStringLiteral("ok")));
+        }
+    }
+
+    void unusableFolderGivesNoStore()
+    {
+        if (::geteuid() == 0)
+            QSKIP("root reads every folder");
+        const QString folder = path(QStringLiteral("locked"));
+        QDir().mkpath(folder);
+        QFile::setPermissions(folder, QFileDevice::Permissions());
+        auto store = JsonFileKeyValueStore::open(folder + QStringLiteral("/sub/suite.json"));
+        QFile::setPermissions(folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+        QVERIFY(!store);
+    }
+
+    void aWriteSurvivesAKilledProcess()
+    {
+        // The child writes, then is killed at once: no exit handlers, no flushing.
+        const QString file = path(QStringLiteral("killed.json"));
+        for (int round = 0; round < 20; ++round) {
+            QProcess child;
+            child.start(QCoreApplication::applicationFilePath(),
+                        { QStringLiteral("--write-and-die"), file, QString::number(round) });
+            QVERIFY(child.waitForFinished(10000));
+            QCOMPARE(child.exitStatus(), QProcess::CrashExit);
+            auto store = JsonFileKeyValueStore::open(file);
+            QVERIFY(store);
+            QCOMPARE(store->integerValue(QStringLiteral("round")), round);
+            QVERIFY(QDir(m_dir.path()).entryList({ QStringLiteral("killed.json.*") }).isEmpty());
+        }
+    }
+};
+
+int main(int argc, char *argv[])
+{
+    if (argc == 4 && qstrcmp(argv[1], "--write-and-die") == 0) {
+        auto store = JsonFileKeyValueStore::open(QString::fromLocal8Bit(argv[2]));
+        store->setString(QStringLiteral("padding"), QString(4096, u'x'));
+        store->setInteger(QStringLiteral("round"), QByteArray(argv[3]).toLongLong());
+        ::kill(::getpid(), SIGKILL);
+    }
+    QCoreApplication app(argc, argv);
+    TestJsonFileKeyValueStore test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_jsonfilekeyvaluestore.moc"

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "UrlOpener.h"
+
+#include <QList>
+
+// A URL opener that records what it was asked to open.
+class RecordingUrlOpener : public UrlOpener
+{
+public:
+    QList<QUrl> opened;
+    int systemSettingsOpened = 0;
+
+    bool canOpen(const QUrl &url) override { return url.isValid() && !url.scheme().isEmpty(); }
+    bool open(const QUrl &url) override
+    {
+        if (!canOpen(url))
+            return false;
+        opened.append(url);
+        return true;
+    }
+    void openSystemSettings() override { ++systemSettingsOpened; }
+};

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+// Captures what the process writes to standard output while it lives.
+class StdoutCapture
+{
+public:
+    StdoutCapture();
+    ~StdoutCapture();
+    StdoutCapture(const StdoutCapture &) = delete;
+    StdoutCapture &operator=(const StdoutCapture &) = delete;
+
+    // Everything written so far, one entry a line.
+    QStringList lines();
+
+private:
+    int m_savedFd = -1;
+    int m_captureFd = -1;
+    QString m_path;
+};

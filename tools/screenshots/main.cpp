@@ -1,0 +1,85 @@
+// Renders each scene file to a PNG of a phone-sized window, on settings and
+// data folders of its own so that the user's are never touched.
+//
+//   quieton-screenshots OUTPUT_DIR SCENE.qml...
+//
+// A scene's root is an Item; it may declare `property int settleMs` (how long
+// to let it settle before the picture, 1200 ms by default) and
+// `property var steps` (a list of [delayMs, function] run in order first).
+#include <QDir>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QJSValue>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickStyle>
+#include <QQuickView>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QtQml/qqmlextensionplugin.h>
+
+#include <cstdio>
+
+Q_IMPORT_QML_PLUGIN(QuietonPlugin)
+
+namespace {
+void wait(int ms)
+{
+    QEventLoop loop;
+    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", QDir(home.path()).filePath(QStringLiteral("config")).toUtf8());
+    qputenv("XDG_DATA_HOME", QDir(home.path()).filePath(QStringLiteral("data")).toUtf8());
+
+    QGuiApplication app(argc, argv);
+    QQuickStyle::setStyle(QStringLiteral("Material"));
+    const QStringList args = app.arguments().mid(1);
+    if (args.size() < 2) {
+        std::fprintf(stderr, "usage: quieton-screenshots OUTPUT_DIR SCENE.qml...\n");
+        return 2;
+    }
+    const QDir out(args.first());
+    out.mkpath(QStringLiteral("."));
+
+    int failures = 0;
+    for (const QString &scene : args.mid(1)) {
+        QQuickView view;
+        view.engine()->addImportPath(QStringLiteral("qrc:/"));
+        view.setResizeMode(QQuickView::SizeRootObjectToView);
+        view.setColor(Qt::white);
+        view.resize(400, 820);
+        view.setSource(QUrl::fromLocalFile(QFileInfo(scene).absoluteFilePath()));
+        if (view.status() != QQuickView::Ready) {
+            for (const auto &error : view.errors())
+                std::fprintf(stderr, "%s\n", qPrintable(error.toString()));
+            ++failures;
+            continue;
+        }
+        view.show();
+        QQuickItem *root = view.rootObject();
+        wait(300);
+        const QJSValue steps = root->property("steps").value<QJSValue>();
+        for (quint32 i = 0; steps.isArray() && i < steps.property(QStringLiteral("length")).toUInt(); ++i) {
+            const QJSValue step = steps.property(i);
+            wait(step.property(0).toInt());
+            const QJSValue result = step.property(1).call();
+            if (result.isError())
+                std::fprintf(stderr, "%s: step %u: %s\n", qPrintable(scene), i, qPrintable(result.toString()));
+        }
+        const QVariant settle = root->property("settleMs");
+        wait(settle.isValid() ? settle.toInt() : 1200);
+        const QString file = out.filePath(QFileInfo(scene).completeBaseName() + QStringLiteral(".png"));
+        if (!view.grabWindow().save(file)) {
+            ++failures;
+            continue;
+        }
+        std::printf("%s\n", qPrintable(file));
+    }
+    return failures == 0 ? 0 : 1;
+}
