@@ -28,6 +28,9 @@ ApplicationWindow {
         MainView { }
     }
 
+    // The question before a call is placed in the user's name.
+    CallConfirmationDialog { }
+
     // Short notices: what sharing did, a call the telephony refused.
     ToolTip {
         id: notice

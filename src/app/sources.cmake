@@ -1,5 +1,6 @@
 list(APPEND QUIETON_SOURCES
     app/AppDelegate.h
+    app/CallConfirmationForeign.h
     app/CrashManager.h
     app/MainViewModel.cpp app/MainViewModel.h
     app/QuietonApp.cpp app/QuietonApp.h
@@ -9,5 +10,6 @@ list(APPEND QUIETON_SOURCES
 )
 list(APPEND QUIETON_QML
     app/AppWindow.qml
+    app/CallConfirmationDialog.qml
     app/MainView.qml
 )

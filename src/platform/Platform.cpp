@@ -1,11 +1,15 @@
 #include "Platform.h"
 
+#include "CallConfirmation.h"
 #include "ClipboardSharer.h"
 #include "DesktopTelephony.h"
 #include "DesktopUrlOpener.h"
+#include "ModemManagerTelephony.h"
 #include "NoTelephony.h"
 #include "NoWidgetHost.h"
+#include "OfonoTelephony.h"
 
+#include <QDBusConnectionInterface>
 #include <QDir>
 #include <QStandardPaths>
 #include <QTextStream>
@@ -26,19 +30,6 @@ Backends &backends()
     return instance;
 }
 
-std::unique_ptr<Telephony> chooseTelephony()
-{
-    // Whether a tel: handler is registered is asked only when a call is
-    // requested, so that start-up stays free of it.
-    std::unique_ptr<Telephony> chosen;
-    if (!QStandardPaths::findExecutable(QStringLiteral("xdg-mime")).isEmpty())
-        chosen = std::make_unique<DesktopTelephony>();
-    else
-        chosen = std::make_unique<NoTelephony>();
-    QTextStream(stdout) << "Telephony: " << chosen->backendName() << Qt::endl;
-    return chosen;
-}
-
 QString appFolder(QStandardPaths::StandardLocation location)
 {
     // GenericConfig/GenericData honour XDG_CONFIG_HOME and XDG_DATA_HOME.
@@ -51,7 +42,7 @@ Telephony &Platform::telephony()
 {
     auto &slot = backends().telephony;
     if (!slot)
-        slot = chooseTelephony();
+        slot = chooseTelephony(QDBusConnection::systemBus());
     return *slot;
 }
 
@@ -77,6 +68,28 @@ TextSharer &Platform::sharer()
     if (!slot)
         slot = std::make_unique<ClipboardSharer>();
     return *slot;
+}
+
+std::unique_ptr<Telephony> Platform::chooseTelephony(const QDBusConnection &systemBus)
+{
+    // Only the bus names are asked here, so that start-up stays cheap; the
+    // modems themselves are read asynchronously by the backend. Whether a
+    // tel: handler is registered is asked only when a call is requested.
+    const auto running = [&systemBus](const QString &service) {
+        QDBusConnectionInterface *bus = systemBus.isConnected() ? systemBus.interface() : nullptr;
+        return bus && bus->isServiceRegistered(service).value();
+    };
+    std::unique_ptr<Telephony> chosen;
+    if (running(ModemManagerTelephony::serviceName))
+        chosen = std::make_unique<ModemManagerTelephony>(systemBus, CallConfirmation::shared());
+    else if (running(OfonoTelephony::serviceName))
+        chosen = std::make_unique<OfonoTelephony>(systemBus, CallConfirmation::shared());
+    else if (!QStandardPaths::findExecutable(QStringLiteral("xdg-mime")).isEmpty())
+        chosen = std::make_unique<DesktopTelephony>();
+    else
+        chosen = std::make_unique<NoTelephony>();
+    QTextStream(stdout) << "Telephony: " << chosen->backendName() << Qt::endl;
+    return chosen;
 }
 
 void Platform::setTelephony(std::unique_ptr<Telephony> telephony) { backends().telephony = std::move(telephony); }

@@ -5,6 +5,7 @@
 #include <memory>
 
 class KeyValueStore;
+class QDBusConnection;
 class Telephony;
 class TextSharer;
 class UrlOpener;
@@ -19,6 +20,11 @@ public:
     static UrlOpener &urlOpener();
     static WidgetRefresher &widgets();
     static TextSharer &sharer();
+
+    // The telephony of this machine, by the services running on
+    // `systemBus`: ModemManager, else oFono, else the desktop's tel: handler,
+    // else none. Announces the choice with a "Telephony: " line.
+    static std::unique_ptr<Telephony> chooseTelephony(const QDBusConnection &systemBus);
 
     static void setTelephony(std::unique_ptr<Telephony> telephony);
     static void setUrlOpener(std::unique_ptr<UrlOpener> opener);

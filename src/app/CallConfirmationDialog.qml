@@ -1,0 +1,82 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Quieton
+
+// Asks before a call is placed in the user's name, as a phone's own dialler
+// does: the full dial string (prefix included), "Call" and "Cancel". Shown
+// while CallConfirmation has a question pending.
+Dialog {
+    id: dialog
+
+    anchors.centerIn: Overlay.overlay
+    width: Math.min(parent ? parent.width - 48 : 320, 340)
+    modal: true
+    closePolicy: Popup.NoAutoClose
+    visible: CallConfirmation.pending
+
+    header: Label {
+        text: qsTr("Place this call?")
+        wrapMode: Text.Wrap
+        font.bold: true
+        font.pixelSize: 18
+        padding: 24
+        bottomPadding: 0
+    }
+
+    contentItem: ColumnLayout {
+        spacing: 12
+
+        Label {
+            objectName: "dialString"
+            Layout.fillWidth: true
+            text: CallConfirmation.dialString
+            font.pixelSize: 28
+            font.bold: true
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.WrapAnywhere
+            Accessible.name: qsTr("Number to call: %1").arg(CallConfirmation.dialString)
+        }
+
+        Label {
+            Layout.fillWidth: true
+            text: qsTr("The number is dialled exactly as shown, prefix included.")
+            wrapMode: Text.Wrap
+            opacity: 0.7
+        }
+    }
+
+    footer: RowLayout {
+        spacing: 8
+
+        Item { Layout.fillWidth: true }
+
+        Button {
+            objectName: "cancelButton"
+            text: qsTr("Cancel")
+            flat: true
+            Accessible.name: qsTr("Cancel")
+            Accessible.description: qsTr("Do not place the call")
+            onClicked: CallConfirmation.cancel()
+        }
+
+        Button {
+            objectName: "callButton"
+            text: qsTr("Call")
+            icon.source: "qrc:/Quieton/icons/phone.svg"
+            highlighted: true
+            Layout.rightMargin: 16
+            Layout.bottomMargin: 8
+            Accessible.name: qsTr("Call")
+            Accessible.description: qsTr("Place the call to %1").arg(CallConfirmation.dialString)
+            onClicked: CallConfirmation.call()
+        }
+    }
+
+    // Escape or the back key answer "Cancel".
+    Shortcut {
+        sequences: [StandardKey.Cancel, "Back"]
+        enabled: dialog.visible
+        onActivated: CallConfirmation.cancel()
+    }
+}

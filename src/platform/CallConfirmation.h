@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+#include <functional>
+
+// The question put to the user before a call is placed in their name: the
+// full dial string (prefix included) with "Call" and "Cancel", as a phone's
+// own dialler asks. Telephony backends that dial by themselves ask here;
+// the window shows the question while one is pending.
+//
+// Only one question is pending at a time: a newer request replaces an older
+// one that is still waiting, and the older one counts as cancelled.
+class CallConfirmation : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(bool pending READ isPending NOTIFY pendingChanged)
+    Q_PROPERTY(QString dialString READ dialString NOTIFY pendingChanged)
+
+public:
+    using QObject::QObject;
+
+    // The instance the app's window answers.
+    static CallConfirmation &shared();
+
+    bool isPending() const { return m_pending; }
+    QString dialString() const { return m_dialString; }
+
+    // Asks to confirm a call to `dialString`. `placeCall` runs once the user
+    // chooses Call, and never after Cancel or once `context` is gone.
+    void ask(const QString &dialString, QObject *context, std::function<void()> placeCall);
+
+    // The user's answers.
+    Q_INVOKABLE void call();
+    Q_INVOKABLE void cancel();
+
+signals:
+    void pendingChanged();
+    // A new question is waiting for an answer.
+    void requested(const QString &dialString);
+    // The user answered: `placed` is true for Call.
+    void answered(const QString &dialString, bool placed);
+
+private:
+    void finish(bool placed);
+
+    bool m_pending = false;
+    QString m_dialString;
+    QPointer<QObject> m_context;
+    std::function<void()> m_placeCall;
+};
