@@ -47,9 +47,11 @@ QString errorText(const QDBusError &error)
 }
 
 // A property value as it comes in a PropertyChanged signal (v).
-QVariant unwrapped(const QVariant &value)
+QVariant unwrapped(QVariant value)
 {
-    return value.canConvert<QDBusVariant>() ? value.value<QDBusVariant>().variant() : value;
+    while (value.metaType() == QMetaType::fromType<QDBusVariant>())
+        value = value.value<QDBusVariant>().variant();
+    return value;
 }
 
 } // namespace
