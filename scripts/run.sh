@@ -19,4 +19,5 @@ if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ] && [ -z "${QT_QPA_PLAT
     echo "No display found: running offscreen."
     export QT_QPA_PLATFORM=offscreen
 fi
-exec "$app" "$@"
+# Without a modem on the system bus, calls go to the simulated modem.
+exec "$root/scripts/with-simulated-modem.sh" "$app" "$@"

@@ -9,5 +9,7 @@ build="${QUIETON_BUILD_DIR:-$root/build}"
 scenes=("$@")
 [ ${#scenes[@]} -eq 0 ] && scenes=("$root"/tools/screenshots/scenes/*.qml)
 mkdir -p "$root/screenshots"
-QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1280x1024x24" \
-    "$build/quieton-screenshots" "$root/screenshots" "${scenes[@]}"
+# Scenes that place calls reach the simulated modem, never a real one.
+SIMULATED_MODEM_LOG="$root/screenshots/simulated-modem.log" QT_QPA_PLATFORM=xcb \
+    "$root/scripts/with-simulated-modem.sh" --always xvfb-run -a -s "-screen 0 1280x1024x24" \
+        "$build/quieton-screenshots" "$root/screenshots" "${scenes[@]}"
