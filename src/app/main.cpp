@@ -31,7 +31,7 @@ int main(int argc, char *argv[])
     singleInstance.listen();
 
     QQuickStyle::setStyle(QStringLiteral("Material"));
-    QuietonApp quietonApp;
+    QuietonApp quietonApp(nullptr);
     QObject::connect(&singleInstance, &SingleInstance::linkReceived, &quietonApp, &QuietonApp::deliverLink);
     QObject::connect(&singleInstance, &SingleInstance::activationRequested, &quietonApp,
                      &QuietonApp::activationRequested);
