@@ -1,4 +1,7 @@
 list(APPEND QUIETON_SOURCES
+    core/HistoryCallDataService.cpp core/HistoryCallDataService.h
+    core/HistoryData.h
+    core/HistoryListModel.cpp core/HistoryListModel.h
     core/UserDefaultsService.cpp core/UserDefaultsService.h
 )
 list(APPEND QUIETON_QML
