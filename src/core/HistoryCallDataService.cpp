@@ -136,7 +136,10 @@ HistoryCallDataService::LoadResult HistoryCallDataService::loadStore(QString &er
         error = describe(query.lastError());
         return false;
     };
-    bool ok = run(QStringLiteral("PRAGMA journal_mode=WAL"));
+    // A new file keeps its text as UTF-16, the form QString reads without
+    // conversion; an existing file keeps the encoding it has.
+    bool ok = run(QStringLiteral("PRAGMA encoding = 'UTF-16le'"));
+    ok = ok && run(QStringLiteral("PRAGMA journal_mode=WAL"));
     // Every committed record is on disk before saveData() returns.
     ok = ok && run(QStringLiteral("PRAGMA synchronous=FULL"));
     ok = ok
@@ -370,7 +373,10 @@ bool HistoryCallDataService::fullFetch(qint64 version, QString &error)
     QList<HistoryData> rows;
     QSqlQuery query(database());
     query.setForwardOnly(true);
-    bool ok = query.exec(selectColumns + QStringLiteral(" ORDER BY rowid"));
+    bool ok = query.exec(QStringLiteral("SELECT count(*) FROM HistoryData"));
+    if (ok && query.next())
+        rows.reserve(query.value(0).toLongLong());
+    ok = ok && query.exec(selectColumns + QStringLiteral(" ORDER BY rowid"));
     while (ok && query.next())
         rows.append(readRecord(query));
     if (!ok || query.lastError().isValid()) {

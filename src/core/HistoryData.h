@@ -33,4 +33,5 @@ public:
     }
     friend bool operator!=(const HistoryData &a, const HistoryData &b) { return !(a == b); }
 };
+Q_DECLARE_TYPEINFO(HistoryData, Q_RELOCATABLE_TYPE);
 Q_DECLARE_METATYPE(HistoryData)
