@@ -1,4 +1,6 @@
 list(APPEND QUIETON_SOURCES
+    core/CallObserver.cpp core/CallObserver.h
+    core/CallObserverDelegate.cpp core/CallObserverDelegate.h
     core/HistoryCallDataService.cpp core/HistoryCallDataService.h
     core/HistoryData.h
     core/HistoryListModel.cpp core/HistoryListModel.h
