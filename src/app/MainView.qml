@@ -9,12 +9,19 @@ Page {
 
     readonly property MainViewModel vm: MainViewModel { }
     property bool shouldShowBannerAd: false
+    readonly property CallObserver callObserver: CallObserver { }
+    readonly property CallObserverDelegate callObserverDelegate: CallObserverDelegate { }
 
     Component.onCompleted: {
         vm.recordMainViewBuilt()
+        // Calls are recorded while the main screen is shown.
+        callObserver.setDelegate(callObserverDelegate)
         QuietonApp.setMainViewShown(true)
     }
-    Component.onDestruction: QuietonApp.setMainViewShown(false)
+    Component.onDestruction: {
+        callObserver.setDelegate(null)
+        QuietonApp.setMainViewShown(false)
+    }
 
     StackLayout {
         id: tabs

@@ -36,7 +36,7 @@ QuietonApp *QuietonApp::instance()
 QuietonApp *QuietonApp::create(QQmlEngine *, QJSEngine *)
 {
     if (!theApp)
-        theApp = new QuietonApp;
+        theApp = new QuietonApp(nullptr);
     QJSEngine::setObjectOwnership(theApp, QJSEngine::CppOwnership);
     return theApp;
 }

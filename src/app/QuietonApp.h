@@ -23,7 +23,7 @@ class QuietonApp : public QObject
 
 public:
     // Runs the start-up in order; the instance is the one QML sees.
-    explicit QuietonApp(QObject *parent = nullptr);
+    explicit QuietonApp(QObject *parent);
     ~QuietonApp() override;
     static QuietonApp *instance();
     static QuietonApp *create(QQmlEngine *, QJSEngine *);

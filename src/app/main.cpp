@@ -2,12 +2,66 @@
 #include "SingleInstance.h"
 
 #include <QCommandLineParser>
+#include <QFile>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
+#include <QQuickWindow>
+#include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
 
+#include <cstdio>
+#include <ctime>
+#include <utility>
+
 Q_IMPORT_QML_PLUGIN(QuietonPlugin)
+
+namespace {
+
+qint64 monotonicNs()
+{
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return qint64(now.tv_sec) * 1000000000 + now.tv_nsec;
+}
+
+QByteArray residentKib()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return "?";
+    for (const QByteArray &line : status.readAll().split('\n')) {
+        if (line.startsWith("VmRSS:"))
+            return line.mid(6).trimmed().split(' ').value(0);
+    }
+    return "?";
+}
+
+// For the start-up benchmark: the monotonic time of the first frame and of
+// the first moment after it with nothing queued, and the resident memory then.
+void reportStartup(QQmlApplicationEngine &engine)
+{
+    auto *window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
+    if (!window) {
+        std::printf("startup-report failed: no window\n");
+        QCoreApplication::exit(1);
+        return;
+    }
+    QObject::connect(window, &QQuickWindow::frameSwapped, window, [] {
+        static bool seen = false;
+        if (std::exchange(seen, true))
+            return;
+        const qint64 frame = monotonicNs();
+        QTimer::singleShot(0, [frame] {
+            const qint64 idle = monotonicNs();
+            std::printf("startup-report window_ns=%lld idle_ns=%lld rss_kib=%s\n", frame, idle, residentKib().constData());
+            std::fflush(stdout);
+            QCoreApplication::quit();
+        });
+    }, Qt::QueuedConnection);
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
@@ -19,6 +73,9 @@ int main(int argc, char *argv[])
     QCommandLineParser arguments;
     arguments.setApplicationDescription(QStringLiteral("Private calls: dial with your number withheld."));
     arguments.addHelpOption();
+    const QCommandLineOption startupReport(QStringLiteral("startup-report"),
+            QStringLiteral("Print when the first frame is up and the app is idle, with its memory, then quit (for benchmarks)."));
+    arguments.addOption(startupReport);
     arguments.addPositionalArgument(QStringLiteral("link"), QStringLiteral("A quieton: link to open."), QStringLiteral("[link]"));
     arguments.process(application);
     const QUrl link = arguments.positionalArguments().isEmpty()
@@ -31,7 +88,7 @@ int main(int argc, char *argv[])
     singleInstance.listen();
 
     QQuickStyle::setStyle(QStringLiteral("Material"));
-    QuietonApp quietonApp;
+    QuietonApp quietonApp(nullptr);
     QObject::connect(&singleInstance, &SingleInstance::linkReceived, &quietonApp, &QuietonApp::deliverLink);
     QObject::connect(&singleInstance, &SingleInstance::activationRequested, &quietonApp,
                      &QuietonApp::activationRequested);
@@ -43,5 +100,7 @@ int main(int argc, char *argv[])
     engine.load(QUrl(QStringLiteral("qrc:/Quieton/app/AppWindow.qml")));
     if (link.isValid() && !link.isEmpty())
         quietonApp.deliverLink(link);
+    if (arguments.isSet(startupReport))
+        reportStartup(engine);
     return application.exec();
 }

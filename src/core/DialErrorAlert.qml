@@ -10,13 +10,16 @@ Dialog {
     width: Math.min(parent ? parent.width - 48 : 320, 340)
     modal: true
     closePolicy: Popup.NoAutoClose
+    // Title and button only: no empty body between them.
+    topPadding: 0
+    bottomPadding: 0
 
     header: Label {
         text: qsTr("Unable to make the call. Please check the number or ensure your device supports calling.")
         wrapMode: Text.Wrap
         font.bold: true
         padding: 24
-        bottomPadding: 0
+        bottomPadding: 8
     }
 
     footer: DialogButtonBox {

@@ -1,4 +1,9 @@
 list(APPEND QUIETON_SOURCES
+    core/CallObserver.cpp core/CallObserver.h
+    core/CallObserverDelegate.cpp core/CallObserverDelegate.h
+    core/HistoryCallDataService.cpp core/HistoryCallDataService.h
+    core/HistoryData.h
+    core/HistoryListModel.cpp core/HistoryListModel.h
     core/UserDefaultsService.cpp core/UserDefaultsService.h
 )
 list(APPEND QUIETON_QML

@@ -12,7 +12,12 @@
 #include "UserDefaultsService.h"
 #include "WidgetRefresher.h"
 
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QtQml/qqmlextensionplugin.h>
 #include <QtTest>
+
+Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 namespace {
 struct CountingWidgets : WidgetRefresher
@@ -181,7 +186,7 @@ private slots:
         QFETCH(QString, link);
         QFETCH(QStringList, dialled);
         QFETCH(QVariant, save);
-        QuietonApp app;
+        QuietonApp app(nullptr);
         service().setPendingCallSaveToHistory(std::nullopt);
         fillWidgetSuite();
         const int reloadsBefore = widgets->reloads;
@@ -201,7 +206,7 @@ private slots:
 
     void linksWaitForTheMainScreenAndNeedOnboardingDone()
     {
-        QuietonApp app;
+        QuietonApp app(nullptr);
         settings().setBool(QStringLiteral("hasCompletedFirstLaunch"), false);
         app.deliverLink(QUrl(QStringLiteral("quieton://w?number=1")));
         app.setMainViewShown(true);
@@ -215,6 +220,21 @@ private slots:
         app.setMainViewShown(true);
         QCOMPARE(telephony->opened, QStringList{ QStringLiteral("2") });
         QCOMPARE(filled.size(), 1);
+    }
+
+    void screensSeeTheAppThatStarted()
+    {
+        // The main screen reports itself to the app object main() made; a
+        // second app object made for QML would never hear of it.
+        QuietonApp app(nullptr);
+        QQmlEngine engine;
+        engine.addImportPath(QStringLiteral("qrc:/"));
+        QQmlComponent component(&engine);
+        component.setData("import QtQml\nimport Quieton\nQtObject { property var app: QuietonApp; property var service: Service }", QUrl());
+        std::unique_ptr<QObject> object(component.create());
+        QVERIFY2(object, qPrintable(component.errorString()));
+        QCOMPARE(object->property("app").value<QObject *>(), &app);
+        QCOMPARE(object->property("service").value<QObject *>(), Service::shared());
     }
 
     void dialerChoicesComeFromTheSettings()
@@ -277,5 +297,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDialling)
+QTEST_MAIN(TestDialling)
 #include "tst_dialling.moc"

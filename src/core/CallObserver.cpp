@@ -1,0 +1,29 @@
+#include "CallObserver.h"
+
+#include "CallObserverDelegate.h"
+#include "Platform.h"
+
+CallObserver::CallObserver(QObject *parent)
+    : CallObserver(Platform::telephony(), parent)
+{
+}
+
+CallObserver::CallObserver(Telephony &telephony, QObject *parent)
+    : QObject(parent)
+{
+    connect(&telephony, &Telephony::callChanged, this, &CallObserver::forward);
+}
+
+void CallObserver::setDelegate(CallObserverDelegate *delegate)
+{
+    if (m_delegate == delegate)
+        return;
+    m_delegate = delegate;
+    emit delegateChanged();
+}
+
+void CallObserver::forward(const CallEvent &call)
+{
+    if (m_delegate)
+        m_delegate->callChanged(this, call);
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Telephony.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+
+#include "CallObserverDelegate.h"
+
+// Watches the phone's calls and hands every change of every call to its
+// delegate, while one is set. Changes arrive on the main thread.
+class CallObserver : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(CallObserverDelegate *delegate READ delegate NOTIFY delegateChanged)
+
+public:
+    // On the app's telephony.
+    explicit CallObserver(QObject *parent = nullptr);
+    explicit CallObserver(Telephony &telephony, QObject *parent = nullptr);
+
+    CallObserverDelegate *delegate() const { return m_delegate; }
+    // null clears it.
+    Q_INVOKABLE void setDelegate(CallObserverDelegate *delegate);
+
+signals:
+    void delegateChanged();
+
+private:
+    void forward(const CallEvent &call);
+
+    QPointer<CallObserverDelegate> m_delegate;
+};

@@ -1,0 +1,173 @@
+import QtQuick
+import QtTest
+import Quieton
+
+TestCase {
+    id: testCase
+    name: "DialerView"
+    width: 400
+    height: 760
+    when: windowShown
+    visible: true
+
+    Component {
+        id: dialerComponent
+        DialerView { anchors.fill: parent }
+    }
+
+    function createDialer() {
+        const view = createTemporaryObject(dialerComponent, testCase)
+        verify(view)
+        view.appeared()
+        waitForRendering(view)
+        return view
+    }
+    function key(view, caption) { return findChild(view, "key" + caption) }
+    function type(view, text) {
+        for (const c of text)
+            mouseClick(key(view, c))
+    }
+
+    function init() {
+        Service.callFailed = false
+        Service.callStartedFromApp = false
+        phone.setCallsPossible(true)
+        UserDefaultsService.setBool("hiddenNumber", true)
+        UserDefaultsService.setBool("saveToHistory", true)
+    }
+
+    function test_keypadTypesAndDeleteRemovesTheLastCharacter() {
+        const view = createDialer()
+        const display = findChild(view, "numberDisplay")
+        type(view, "*31#0")
+        compare(view.vm.numberPhoneTyping, "*31#0")
+        compare(display.text, "*31#0")
+        verify(display.font.bold)
+        compare(key(view, "*").Accessible.name, "asterisk")
+        compare(key(view, "#").Accessible.name, "pound")
+        compare(key(view, "5").Accessible.name, "5")
+
+        view.vm.clear()
+        type(view, "12")
+        const del = findChild(view, "deleteKey")
+        verify(del.Accessible.name.length > 0)
+        mouseClick(del)
+        compare(view.vm.numberPhoneTyping, "1")
+        mouseClick(del)
+        mouseClick(del) // on an empty number: nothing
+        compare(view.vm.numberPhoneTyping, "")
+    }
+
+    function test_holdingDeleteForASecondClears() {
+        const view = createDialer()
+        type(view, "0612")
+        const del = findChild(view, "deleteKey")
+        mousePress(del)
+        wait(400)
+        mouseRelease(del)
+        compare(view.vm.numberPhoneTyping, "061") // a short press is a tap
+
+        mousePress(del)
+        wait(700)
+        compare(view.vm.numberPhoneTyping, "061") // not yet a long press
+        tryCompare(view.vm, "numberPhoneTyping", "", 1500)
+        mouseRelease(del)
+        compare(view.vm.numberPhoneTyping, "")
+    }
+
+    function test_callButtonIsDisabledAndGreyOnAnEmptyNumber() {
+        const view = createDialer()
+        const button = findChild(view, "callButton")
+        verify(button.Accessible.name.length > 0)
+        verify(!button.enabled)
+        verify(Qt.colorEqual(button.tint, view.inactiveGrey))
+        const before = phone.openedCount()
+        mouseClick(button)
+        compare(phone.openedCount(), before)
+        verify(!Service.callStartedFromApp)
+
+        type(view, "0")
+        verify(button.enabled)
+        verify(Qt.colorEqual(button.tint, view.callGreen))
+    }
+
+    function test_failedCallShowsTheAlertUntilOk() {
+        const view = createDialer()
+        phone.setCallsPossible(false)
+        type(view, "0612")
+        mouseClick(findChild(view, "callButton"))
+        verify(Service.callFailed)
+        verify(view.showingErrorDialNumberAlert)
+        const alert = findChild(view, "dialErrorAlert")
+        tryCompare(alert, "opened", true)
+        compare(alert.header.text,
+                "Unable to make the call. Please check the number or ensure your device supports calling.")
+
+        const ok = alert.footer.itemAt(0)
+        compare(ok.text, "OK")
+        mouseClick(ok)
+        verify(!Service.callFailed)
+        tryCompare(view, "showingErrorDialNumberAlert", false)
+        tryCompare(alert, "visible", false)
+
+        // The next call that works raises no alert.
+        phone.setCallsPossible(true)
+        mouseClick(findChild(view, "callButton"))
+        verify(!view.showingErrorDialNumberAlert)
+        compare(phone.lastOpened(), "#31#0612")
+    }
+
+    function test_switchesAreTheDiallersOwnAndComeBackFromTheSettings() {
+        const view = createDialer()
+        const hidden = findChild(findChild(view, "hiddenNumberRow"), "switch")
+        const save = findChild(findChild(view, "saveToHistoryRow"), "switch")
+        verify(hidden.checked && save.checked)
+
+        mouseClick(save)
+        compare(view.vm.toggleSaveToHistory, false)
+        compare(Service.pendingCallSaveToHistory, false)
+        compare(UserDefaultsService.boolForKey("saveToHistory"), true) // the setting stays
+        mouseClick(hidden)
+        compare(view.vm.toggleHiddenNumber, false)
+        type(view, "0612")
+        mouseClick(findChild(view, "callButton"))
+        compare(phone.lastOpened(), "0612")
+
+        UserDefaultsService.setBool("hiddenNumber", false)
+        UserDefaultsService.setBool("saveToHistory", true)
+        view.vm.toggleHiddenNumber = true
+        view.appeared()
+        verify(!hidden.checked)
+        verify(save.checked)
+        compare(Service.pendingCallSaveToHistory, true)
+    }
+
+    function test_keyboardTypesDeletesAndCalls() {
+        const view = createDialer()
+        view.forceActiveFocus()
+        keyClick(Qt.Key_0)
+        keyClick(Qt.Key_7)
+        keyClick(Qt.Key_Asterisk)
+        keyClick(Qt.Key_A) // not a keypad key
+        compare(view.vm.numberPhoneTyping, "07*")
+        keyClick(Qt.Key_Backspace)
+        compare(view.vm.numberPhoneTyping, "07")
+        keyClick(Qt.Key_Return)
+        compare(phone.lastOpened(), "#31#07")
+    }
+
+    function test_widgetLinkFillsTheDialler() {
+        const view = createDialer()
+        QuietonApp.linkOpened("quieton://call?number=%2B33612&hidden=TRUE&saveToHistory=false")
+        compare(view.vm.numberPhoneTyping, "+33612")
+        compare(view.vm.toggleHiddenNumber, true)
+        compare(view.vm.toggleSaveToHistory, false)
+        compare(Service.pendingCallSaveToHistory, false)
+
+        QuietonApp.linkOpened("other://call?hidden=yes&saveToHistory=True")
+        compare(view.vm.numberPhoneTyping, "")
+        compare(view.vm.toggleHiddenNumber, false)
+        compare(view.vm.toggleSaveToHistory, true)
+        compare(Service.pendingCallSaveToHistory, true)
+    }
+}

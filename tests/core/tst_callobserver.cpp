@@ -1,0 +1,171 @@
+// The outgoing-call observer: which reported call changes become history
+// records, against a telephony that reports calls on demand and a real
+// history file.
+#include "CallObserver.h"
+#include "CallObserverDelegate.h"
+#include "HistoryCallDataService.h"
+#include "Platform.h"
+#include "QuietonApp.h"
+#include "RecordingTelephony.h"
+#include "Service.h"
+#include "StdoutCapture.h"
+#include "TestHome.h"
+#include "UserDefaultsService.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+RecordingTelephony *telephony = nullptr;
+const QString detected = QStringLiteral("detect a dialing outgoing call");
+} // namespace
+
+class TestCallObserver : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+    int m_round = 0;
+    std::unique_ptr<HistoryCallDataService> m_store;
+    std::unique_ptr<CallObserver> m_observer;
+    std::unique_ptr<CallObserverDelegate> m_delegate;
+
+    Service &service() { return *Service::shared(); }
+    QList<HistoryData> onDisk() { return HistoryCallDataService(m_store->databasePath()).savedEntities(); }
+    // What the dialler does: ask for the call, then fill the pending record.
+    void dial(const QString &first, const QString &last, const QString &number, bool hidden)
+    {
+        service().makeCall(number, hidden);
+        service().setPendingCall(first, last, number, hidden);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        TestHome::use();
+        auto recording = std::make_unique<RecordingTelephony>();
+        telephony = recording.get();
+        Platform::setTelephony(std::move(recording));
+    }
+
+    void init()
+    {
+        m_store = std::make_unique<HistoryCallDataService>(m_dir.filePath(QStringLiteral("h%1.sqlite").arg(++m_round)));
+        m_observer = std::make_unique<CallObserver>(*telephony);
+        m_delegate = std::make_unique<CallObserverDelegate>(m_store.get(), UserDefaultsService::shared(), &service());
+        m_observer->setDelegate(m_delegate.get());
+        service().setCallStartedFromApp(false);
+        service().setPendingCallSaveToHistory(std::nullopt);
+        service().setPendingCall(QString(), QString(), QString(), false);
+    }
+
+    void recordsTheDialledCallOnce()
+    {
+        StdoutCapture out;
+        dial(QStringLiteral("Ann"), QStringLiteral("Hannah"), QStringLiteral("0612"), true);
+        QVERIFY(service().callStartedFromApp());
+
+        telephony->report(QStringLiteral("c1"), true, false, false); // dialling
+        QCOMPARE(out.lines().count(detected), 1);
+        QVERIFY(!service().callStartedFromApp());
+        QCOMPARE(m_store->savedEntities().size(), 1);
+
+        telephony->report(QStringLiteral("c1"), true, true, false); // answered
+        telephony->report(QStringLiteral("c1"), true, true, true);  // hung up
+        QCOMPARE(out.lines().count(detected), 1);
+
+        const QList<HistoryData> rows = onDisk();
+        QCOMPARE(rows.size(), 1);
+        QCOMPARE(rows[0].firstName, QStringLiteral("Ann"));
+        QCOMPARE(rows[0].lastName, QStringLiteral("Hannah"));
+        QCOMPARE(rows[0].telephone, QStringLiteral("0612"));
+        QVERIFY(rows[0].callHidden);
+    }
+
+    void onlyTheDiallingPhaseOfAnOutgoingCallCounts_data()
+    {
+        QTest::addColumn<bool>("outgoing");
+        QTest::addColumn<bool>("connected");
+        QTest::addColumn<bool>("ended");
+        QTest::newRow("incoming, ringing") << false << false << false;
+        QTest::newRow("incoming, answered") << false << true << false;
+        QTest::newRow("outgoing, already answered") << true << true << false;
+        QTest::newRow("outgoing, ended unanswered") << true << false << true;
+    }
+    void onlyTheDiallingPhaseOfAnOutgoingCallCounts()
+    {
+        QFETCH(bool, outgoing);
+        QFETCH(bool, connected);
+        QFETCH(bool, ended);
+        StdoutCapture out;
+        dial(QString(), QString(), QStringLiteral("0612"), false);
+        telephony->report(QStringLiteral("c2"), outgoing, connected, ended);
+        QCOMPARE(out.lines().count(detected), 0);
+        QVERIFY(m_store->savedEntities().isEmpty());
+        QVERIFY(service().callStartedFromApp()); // still waiting for its call
+    }
+
+    void callsNotStartedByTheAppAreIgnored()
+    {
+        StdoutCapture out;
+        telephony->report(QStringLiteral("c3"), true, false, false);
+        QCOMPARE(out.lines().count(detected), 0);
+        QVERIFY(m_store->savedEntities().isEmpty());
+        QVERIFY(onDisk().isEmpty());
+    }
+
+    void notSavingLogsButLeavesTheFlagUp()
+    {
+        StdoutCapture out;
+        service().setPendingCallSaveToHistory(false);
+        dial(QStringLiteral("Bo"), QString(), QStringLiteral("0700"), false);
+        telephony->report(QStringLiteral("c4"), true, false, false);
+        QCOMPARE(out.lines().count(detected), 1);
+        QVERIFY(m_store->savedEntities().isEmpty());
+        QVERIFY(service().callStartedFromApp());
+
+        // The raised flag makes the next outgoing call the app's, recorded
+        // with the stale pending record once saving is on again.
+        service().setPendingCallSaveToHistory(true);
+        telephony->report(QStringLiteral("c5"), true, false, false);
+        QCOMPARE(out.lines().count(detected), 2);
+        QCOMPARE(onDisk().size(), 1);
+        QCOMPARE(onDisk().first().firstName, QStringLiteral("Bo"));
+        QVERIFY(!service().callStartedFromApp());
+    }
+
+    void widgetLinkCallIsRecordedWithoutNames()
+    {
+        UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
+        service().setPendingCall(QStringLiteral("Stale"), QStringLiteral("Name"), QStringLiteral("1"), false);
+        QuietonApp app;
+        app.handleOpenUrl(QUrl(QStringLiteral("quieton://call?number=0612&hidden=TRUE&saveToHistory=true")));
+        QCOMPARE(telephony->opened.constLast(), QStringLiteral("#31#0612"));
+        telephony->report(QStringLiteral("c6"), true, false, false);
+
+        const QList<HistoryData> rows = onDisk();
+        QCOMPARE(rows.size(), 1);
+        QVERIFY(rows[0].firstName.isEmpty());
+        QVERIFY(rows[0].lastName.isEmpty());
+        QCOMPARE(rows[0].telephone, QStringLiteral("0612"));
+        QVERIFY(rows[0].callHidden);
+    }
+
+    void nothingReachesADetachedOrDeletedDelegate()
+    {
+        dial(QString(), QString(), QStringLiteral("0612"), false);
+        m_observer->setDelegate(nullptr);
+        telephony->report(QStringLiteral("c7"), true, false, false);
+        QVERIFY(m_store->savedEntities().isEmpty());
+        QVERIFY(service().callStartedFromApp());
+
+        m_observer->setDelegate(m_delegate.get());
+        m_delegate.reset();
+        QCOMPARE(m_observer->delegate(), nullptr);
+        telephony->report(QStringLiteral("c8"), true, false, false);
+        QVERIFY(m_store->savedEntities().isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCallObserver)
+#include "tst_callobserver.moc"

@@ -1,0 +1,372 @@
+// The call history store on real SQLite files in temporary folders.
+#include "HistoryCallDataService.h"
+#include "HistoryListModel.h"
+#include "StdoutCapture.h"
+
+#include <QAbstractItemModelTester>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <csignal>
+
+namespace {
+
+// Runs SQL on the file through a connection of its own, as another program would.
+class OtherWriter
+{
+public:
+    explicit OtherWriter(const QString &path)
+        : m_name(QStringLiteral("other-writer-%1").arg(++s_count))
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name);
+        db.setDatabaseName(path);
+        QVERIFY(db.open());
+    }
+    ~OtherWriter()
+    {
+        QSqlDatabase::database(m_name).close();
+        QSqlDatabase::removeDatabase(m_name);
+    }
+    bool exec(const QString &statement)
+    {
+        QSqlQuery query(QSqlDatabase::database(m_name));
+        const bool ok = query.exec(statement);
+        if (!ok)
+            qWarning() << statement << query.lastError().text();
+        return ok;
+    }
+
+private:
+    static inline int s_count = 0;
+    QString m_name;
+};
+
+bool startsWithLine(const QStringList &lines, const QString &prefix)
+{
+    return std::any_of(lines.cbegin(), lines.cend(), [&](const QString &l) { return l.startsWith(prefix); });
+}
+
+} // namespace
+
+class TestHistoryCallDataService : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+    int m_round = 0;
+
+    QString freshPath() { return m_dir.filePath(QStringLiteral("round%1/CallHistoryData.sqlite").arg(++m_round)); }
+    // What a full read of the file gives, through a store of its own.
+    QList<HistoryData> readBack(const QString &path) { return HistoryCallDataService(path).savedEntities(); }
+
+private slots:
+    void addsInOrderAndKeepsThemOnDisk()
+    {
+        const QString path = freshPath();
+        HistoryCallDataService store(path);
+        QVERIFY(store.isLoaded());
+        QVERIFY(store.savedEntities().isEmpty());
+        QSignalSpy published(&store, &HistoryCallDataService::savedEntitiesChanged);
+
+        store.addHistory(QStringLiteral("Ann"), QStringLiteral("Hannah"), QStringLiteral("0612"), true);
+        QCOMPARE(store.savedEntities().size(), 1); // at once, through the fetch after the save
+        QCOMPARE(published.count(), 1);
+        store.addHistory(QString(), QString(), QStringLiteral("#31#+33 6 12"), false);
+        store.addHistory(QStringLiteral("Émile"), QStringLiteral(""), QStringLiteral("112"), true);
+
+        const QList<HistoryData> list = store.savedEntities();
+        QCOMPARE(list.size(), 3);
+        QCOMPARE(list[0].firstName, QStringLiteral("Ann"));
+        QCOMPARE(list[0].lastName, QStringLiteral("Hannah"));
+        QCOMPARE(list[0].telephone, QStringLiteral("0612"));
+        QVERIFY(list[0].callHidden);
+        QVERIFY(list[1].firstName.isNull());
+        QCOMPARE(list[1].telephone, QStringLiteral("#31#+33 6 12"));
+        QVERIFY(!list[1].callHidden);
+        QCOMPARE(list[2].firstName, QStringLiteral("Émile"));
+        QVERIFY(list[0].objectId > 0 && list[0].objectId < list[1].objectId && list[1].objectId < list[2].objectId);
+        QVERIFY(!store.hasPendingChanges());
+
+        QCOMPARE(readBack(path), list);
+        QFile journal(path + QStringLiteral("-wal"));
+        QVERIFY2(journal.exists(), "the store runs in WAL mode");
+    }
+
+    void stampsLocalTimeAsFixedWidthText()
+    {
+        QCOMPARE(HistoryCallDataService::timeText(QDateTime(QDate(2024, 3, 9), QTime(9, 5, 3))),
+                 QStringLiteral("2024-03-09 09:05:03"));
+        QCOMPARE(HistoryCallDataService::timeText(QDateTime(QDate(2024, 12, 31), QTime(23, 59, 59))),
+                 QStringLiteral("2024-12-31 23:59:59"));
+        // A moment given in UTC is written in local time.
+        const QDateTime utc(QDate(2024, 6, 1), QTime(12, 0, 0), Qt::UTC);
+        QCOMPARE(HistoryCallDataService::timeText(utc), utc.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")));
+
+        const QString path = freshPath();
+        HistoryCallDataService store(path);
+        store.setClock([] { return QDateTime(QDate(2024, 3, 9), QTime(17, 5, 42)); });
+        store.addHistory(QString(), QString(), QStringLiteral("0612"), false);
+        QCOMPARE(store.savedEntities().constLast().time, QStringLiteral("2024-03-09 17:05:42"));
+
+        store.setClock([] { return QDateTime::currentDateTime(); });
+        const QString before = HistoryCallDataService::timeText(QDateTime::currentDateTime());
+        store.addHistory(QString(), QString(), QStringLiteral("0613"), false);
+        const QString after = HistoryCallDataService::timeText(QDateTime::currentDateTime());
+        const QString stamped = store.savedEntities().constLast().time;
+        QVERIFY2(before <= stamped && stamped <= after, qPrintable(stamped));
+        QCOMPARE(readBack(path).constLast().time, stamped);
+    }
+
+    void deletesOneAndAll()
+    {
+        const QString path = freshPath();
+        HistoryCallDataService store(path);
+        for (const char *number : { "01", "02", "03", "04" })
+            store.addHistory(QString(), QString(), QString::fromLatin1(number), false);
+        const QList<HistoryData> before = store.savedEntities();
+
+        // As the history screen does it: one staged delete, save, fetch, per row.
+        store.deleteObject(before[1].objectId);
+        QCOMPARE(store.savedEntities().size(), 4); // staged only
+        store.saveData();
+        store.fetchHistory();
+        store.deleteObject(before[3].objectId);
+        store.saveData();
+        store.fetchHistory();
+        QCOMPARE(store.savedEntities(), (QList<HistoryData>{ before[0], before[2] }));
+        QCOMPARE(readBack(path), store.savedEntities());
+
+        StdoutCapture out;
+        store.deleteAllHistory();
+        QVERIFY(store.savedEntities().isEmpty());
+        QVERIFY(readBack(path).isEmpty());
+        // Again, now on an empty store: no error.
+        store.deleteAllHistory();
+        QVERIFY(store.savedEntities().isEmpty());
+        QVERIFY2(out.lines().filter(QStringLiteral("Error")).isEmpty(), qPrintable(out.lines().join(u'\n')));
+
+        // Records added after a clear-all are kept.
+        store.addHistory(QString(), QString(), QStringLiteral("05"), true);
+        QCOMPARE(readBack(path).size(), 1);
+    }
+
+    void storeThatCannotBeOpenedKeepsRunningEmpty()
+    {
+        // A folder where the file should be: the store cannot be opened.
+        const QString path = freshPath();
+        QVERIFY(QDir().mkpath(path));
+        StdoutCapture out;
+        HistoryCallDataService store(path);
+        QVERIFY(!store.isLoaded());
+        QVERIFY(store.savedEntities().isEmpty());
+        QVERIFY(startsWithLine(out.lines(), QStringLiteral("## Error loading Core data :")));
+
+        store.addHistory(QStringLiteral("Ann"), QString(), QStringLiteral("0612"), true);
+        QVERIFY(startsWithLine(out.lines(), QStringLiteral("## Error saving to core data ")));
+        QVERIFY(store.savedEntities().isEmpty());
+        QVERIFY(store.hasPendingChanges());
+
+        store.deleteAllHistory();
+        QVERIFY(startsWithLine(out.lines(), QStringLiteral("Error deleting history data: ")));
+        QVERIFY(QFileInfo(path).isDir());
+    }
+
+    void unreadableFileIsKeptAsideAndANewHistoryStarts()
+    {
+        const QString path = freshPath();
+        QVERIFY(QDir().mkpath(QFileInfo(path).absolutePath()));
+        QByteArray garbage;
+        for (int i = 0; i < 200; ++i)
+            garbage += "these bytes are not a database file; ";
+        {
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(garbage);
+        }
+        StdoutCapture out;
+        HistoryCallDataService store(path);
+        const QStringList lines = out.lines();
+        QVERIFY2(startsWithLine(lines, QStringLiteral("## Error loading Core data :")), qPrintable(lines.join(u'\n')));
+        QVERIFY(store.savedEntities().isEmpty());
+
+        const QStringList aside = QDir(QFileInfo(path).absolutePath())
+                                      .entryList({ QStringLiteral("CallHistoryData.sqlite.unreadable-*") }, QDir::Files);
+        QCOMPARE(aside.size(), 1);
+        QFile kept(QFileInfo(path).absolutePath() + QLatin1Char('/') + aside.first());
+        QVERIFY(kept.open(QIODevice::ReadOnly));
+        QCOMPARE(kept.readAll(), garbage);
+        QVERIFY(startsWithLine(lines, QStringLiteral("The call history file was unreadable; it was kept as ")));
+
+        QVERIFY(store.isLoaded());
+        store.addHistory(QString(), QString(), QStringLiteral("0612"), false);
+        QCOMPARE(readBack(path).size(), 1);
+    }
+
+    void failedSaveStaysPendingUntilASaveSucceeds()
+    {
+        const QString path = freshPath();
+        HistoryCallDataService store(path);
+        store.addHistory(QString(), QString(), QStringLiteral("01"), false);
+        OtherWriter other(path);
+        QVERIFY(other.exec(QStringLiteral(
+            "CREATE TRIGGER refuse BEFORE INSERT ON HistoryData BEGIN SELECT RAISE(ABORT, 'disk says no'); END")));
+
+        StdoutCapture out;
+        store.addHistory(QString(), QString(), QStringLiteral("02"), true);
+        QVERIFY(startsWithLine(out.lines(), QStringLiteral("## Error saving to core data ")));
+        QVERIFY(out.lines().filter(QStringLiteral("disk says no")).size() == 1);
+        QCOMPARE(store.savedEntities().size(), 1);
+        QVERIFY(store.hasPendingChanges());
+
+        QVERIFY(other.exec(QStringLiteral("DROP TRIGGER refuse")));
+        store.addHistory(QString(), QString(), QStringLiteral("03"), false);
+        QCOMPARE(store.savedEntities().size(), 3);
+        QCOMPARE(store.savedEntities()[1].telephone, QStringLiteral("02"));
+        QVERIFY(store.savedEntities()[1].callHidden);
+        QCOMPARE(store.savedEntities()[2].telephone, QStringLiteral("03"));
+        QVERIFY(!store.hasPendingChanges());
+        QCOMPARE(readBack(path), store.savedEntities());
+    }
+
+    void killedWriterKeepsItsRecord()
+    {
+        const QString path = freshPath();
+        QProcess child;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("HISTORY_WRITER_PATH"), path);
+        child.setProcessEnvironment(env);
+        child.start(QCoreApplication::applicationFilePath(), {});
+        QVERIFY(child.waitForStarted());
+        QByteArray said;
+        while (!said.contains("added\n") && child.waitForReadyRead(10000))
+            said += child.readAllStandardOutput();
+        QVERIFY2(said.contains("added\n"), said.constData());
+        ::kill(pid_t(child.processId()), SIGKILL);
+        QVERIFY(child.waitForFinished());
+        QCOMPARE(child.exitStatus(), QProcess::CrashExit);
+
+        const QList<HistoryData> kept = readBack(path);
+        QCOMPARE(kept.size(), 1);
+        QCOMPARE(kept[0].firstName, QStringLiteral("Killed"));
+        QCOMPARE(kept[0].telephone, QStringLiteral("0600"));
+        QVERIFY(kept[0].callHidden);
+    }
+
+    void incrementalPublishingEqualsAFullRead()
+    {
+        const QString path = freshPath();
+        HistoryCallDataService store(path);
+        HistoryListModel model(&store);
+        QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        QSignalSpy resets(&store, &HistoryCallDataService::entitiesReset);
+        OtherWriter other(path);
+        QRandomGenerator random(20240309);
+
+        const auto check = [&](const char *step) {
+            const QList<HistoryData> full = readBack(path);
+            if (store.savedEntities() != full)
+                QFAIL(qPrintable(QStringLiteral("after %1: %2 published, %3 stored")
+                                     .arg(QLatin1StringView(step))
+                                     .arg(store.savedEntities().size())
+                                     .arg(full.size())));
+            QCOMPARE(model.rowCount(), int(full.size()));
+            for (int row = 0; row < full.size(); ++row)
+                QCOMPARE(model.data(model.index(row), HistoryListModel::ObjectIdRole).toLongLong(), full[row].objectId);
+        };
+
+        for (int i = 0; i < 30; ++i)
+            store.addHistory(i % 3 ? QStringLiteral("N%1").arg(i) : QString(), QString(), QStringLiteral("%1").arg(i),
+                             i % 2);
+        check("the first adds");
+        QCOMPARE(resets.count(), 0); // every add was published by appending
+        if (QTest::currentTestFailed())
+            return;
+
+        for (int step = 0; step < 300; ++step) {
+            const QList<HistoryData> &list = store.savedEntities();
+            switch (random.bounded(7)) {
+            case 0:
+            case 1:
+            case 2:
+                store.addHistory(QStringLiteral("A%1").arg(step), QStringLiteral(""), QStringLiteral("%1").arg(step),
+                                 random.bounded(2));
+                break;
+            case 3: // several deletes, then one save
+                for (int n = random.bounded(1, 4); n > 0 && !list.isEmpty(); --n)
+                    store.deleteObject(list[random.bounded(int(list.size()))].objectId);
+                store.saveData();
+                store.fetchHistory();
+                break;
+            case 4: // delete the last row, then add: SQLite may hand out its id again
+                if (!list.isEmpty())
+                    store.deleteObject(list.constLast().objectId);
+                store.saveData();
+                store.addHistory(QString(), QString(), QStringLiteral("again"), true);
+                break;
+            case 5: // another program writes in between
+                if (random.bounded(2))
+                    QVERIFY(other.exec(QStringLiteral("INSERT INTO HistoryData (telephone, callHidden) VALUES ('x', 1)")));
+                else
+                    QVERIFY(other.exec(QStringLiteral("DELETE FROM HistoryData WHERE rowid IN "
+                                                      "(SELECT rowid FROM HistoryData ORDER BY random() LIMIT 2)")));
+                store.fetchHistory();
+                break;
+            case 6:
+                if (random.bounded(10) == 0)
+                    store.deleteAllHistory();
+                else
+                    store.fetchHistory();
+                break;
+            }
+            check("a random step");
+            if (QTest::currentTestFailed())
+                return;
+        }
+    }
+
+    void newRowBelowTheLastIdIsStillPublished()
+    {
+        // Once the largest id is taken, SQLite picks new ids at random below it.
+        const QString path = freshPath();
+        HistoryCallDataService store(path);
+        OtherWriter other(path);
+        QVERIFY(other.exec(QStringLiteral(
+            "INSERT INTO HistoryData (rowid, telephone, callHidden) VALUES (9223372036854775807, 'last', 0)")));
+        store.fetchHistory();
+        QCOMPARE(store.savedEntities().size(), 1);
+        store.addHistory(QString(), QString(), QStringLiteral("new"), false);
+        QCOMPARE(store.savedEntities(), readBack(path));
+        QCOMPARE(store.savedEntities().size(), 2);
+        QCOMPARE(store.savedEntities().constFirst().telephone, QStringLiteral("new"));
+    }
+};
+
+// The child of killedWriterKeepsItsRecord: adds one record, says so, waits to be killed.
+static int runWriter(const QString &path)
+{
+    HistoryCallDataService store(path);
+    store.addHistory(QStringLiteral("Killed"), QStringLiteral("Writer"), QStringLiteral("0600"), true);
+    std::fputs("added\n", stdout);
+    std::fflush(stdout);
+    QThread::sleep(60);
+    return 0;
+}
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    const QString writerPath = qEnvironmentVariable("HISTORY_WRITER_PATH");
+    if (!writerPath.isEmpty())
+        return runWriter(writerPath);
+    TestHistoryCallDataService test;
+    QTEST_SET_MAIN_SOURCE_PATH
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_historycalldataservice.moc"

@@ -1,0 +1,30 @@
+import QtQuick
+import Quieton
+
+// The dialling-error alert over the dialler, after a call that could not be placed.
+Item {
+    id: scene
+    property int settleMs: 2500
+    Component.onCompleted: UserDefaultsService.setBool("hasCompletedFirstLaunch", true)
+    MainView { id: main; anchors.fill: parent }
+
+    function find(item, name) {
+        if (item.objectName === name)
+            return item
+        for (let i = 0; i < item.children.length; ++i) {
+            const found = find(item.children[i], name)
+            if (found)
+                return found
+        }
+        return null
+    }
+
+    property var steps: [
+        [300, function() {
+            const dialer = scene.find(main, "dialerView")
+            for (const key of "*31#112")
+                dialer.vm.appendDigit(key)
+            dialer.showingErrorDialNumberAlert = true
+        }]
+    ]
+}
