@@ -138,7 +138,7 @@ private slots:
     {
         UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
         service().setPendingCall(QStringLiteral("Stale"), QStringLiteral("Name"), QStringLiteral("1"), false);
-        QuietonApp app;
+        QuietonApp app(nullptr);
         app.handleOpenUrl(QUrl(QStringLiteral("quieton://call?number=0612&hidden=TRUE&saveToHistory=true")));
         QCOMPARE(telephony->opened.constLast(), QStringLiteral("#31#0612"));
         telephony->report(QStringLiteral("c6"), true, false, false);
