@@ -75,7 +75,7 @@ Dialog {
 
     // Escape or the back key answer "Cancel".
     Shortcut {
-        sequences: [StandardKey.Cancel, "Back"]
+        sequences: ["Esc", "Back"]
         enabled: dialog.visible
         onActivated: CallConfirmation.cancel()
     }
