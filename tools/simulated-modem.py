@@ -8,7 +8,8 @@ HangupAll, CallAdded, CallDeleted) and call objects (Start, Hangup, Accept;
 State, StateReason, Direction, Number; StateChanged and PropertiesChanged).
 
 A started call walks through dialing (1), ringing-out (2), active (4) and
-terminated (7), one step every --step-ms, and is then deleted.
+terminated (7), one step every --step-ms, and is then deleted. With
+--no-network, Start fails and the call ends at once.
 
 Every request is printed as one line on standard output, e.g.
 "CreateCall #31#0612345678" or "State /org/freedesktop/ModemManager1/Call/1 4",
@@ -37,6 +38,7 @@ CALL = 'org.freedesktop.ModemManager1.Call'
 ERROR_INVALID_ARGS = 'org.freedesktop.ModemManager1.Error.Core.InvalidArgs'
 ERROR_WRONG_STATE = 'org.freedesktop.ModemManager1.Error.Core.WrongState'
 ERROR_NOT_FOUND = 'org.freedesktop.ModemManager1.Error.Core.NotFound'
+ERROR_NO_NETWORK = 'org.freedesktop.ModemManager1.Error.MobileEquipment.NoNetwork'
 
 DIALING, RINGING_OUT, ACTIVE, TERMINATED = 1, 2, 4, 7
 DIRECTION_INCOMING, DIRECTION_OUTGOING = 1, 2
@@ -115,6 +117,10 @@ class Call(PropertiesObject):
         say(f'Start {self.path}')
         if self.state != 0:
             raise dbus.exceptions.DBusException('This call was already started', name=ERROR_WRONG_STATE)
+        if not self.modem.network:
+            self.set_state(TERMINATED, 1)
+            self.schedule()
+            raise dbus.exceptions.DBusException('Not registered in any network', name=ERROR_NO_NETWORK)
         self.set_state(DIALING)
         self.schedule()
 
@@ -154,12 +160,12 @@ class Call(PropertiesObject):
 
 
 class Modem(PropertiesObject):
-    def __init__(self, bus, path, step_ms):
+    def __init__(self, bus, path, step_ms, network=True):
         super().__init__(bus, path, {
             MODEM: {
                 'Manufacturer': dbus.String('Quieton'),
                 'Model': dbus.String('Simulated modem'),
-                'State': dbus.Int32(8),  # registered
+                'State': dbus.Int32(8 if network else 7),  # registered / enabled
                 'EquipmentIdentifier': dbus.String('000000000000000'),
             },
             VOICE: {
@@ -169,6 +175,7 @@ class Modem(PropertiesObject):
         })
         self.bus = bus
         self.step_ms = step_ms
+        self.network = network
         self.calls = {}
         self.counter = 0
 
@@ -258,6 +265,8 @@ def main():
     parser.add_argument('--step-ms', type=int, default=1500, help='time between two states of a call')
     parser.add_argument('--modem-after-ms', type=int, default=0,
                         help='offer the modem only this long after start (default: at once)')
+    parser.add_argument('--no-network', action='store_true',
+                        help='calls are created but cannot start, as without a network')
     args = parser.parse_args()
 
     DBusGMainLoop(set_as_default=True)
@@ -265,7 +274,7 @@ def main():
     loop = GLib.MainLoop()
 
     manager = Manager(bus)
-    modem = Modem(bus, f'{ROOT}/Modem/0', args.step_ms)
+    modem = Modem(bus, f'{ROOT}/Modem/0', args.step_ms, network=not args.no_network)
     if args.modem_after_ms > 0:
         GLib.timeout_add(args.modem_after_ms, manager.add_modem, modem)
     else:

@@ -23,6 +23,7 @@ const QString callInterface = QStringLiteral("org.freedesktop.ModemManager1.Call
 
 // MMCallDirection and MMCallState.
 constexpr int directionOutgoing = 2;
+constexpr int stateUnknown = 0;
 constexpr int stateActive = 4;
 constexpr int stateHeld = 5;
 constexpr int stateTerminated = 7;
@@ -297,6 +298,10 @@ void ModemManagerTelephony::report(const QString &path)
 {
     auto found = m_calls.find(path);
     if (found == m_calls.end() || !found->loaded)
+        return;
+    // A call is created in the unknown state and only becomes one once it
+    // starts: one that ends without having started is never reported.
+    if (!found->reported && (found->state == stateUnknown || found->state == stateTerminated || found->removed))
         return;
     const CallEvent event{ path, found->direction == directionOutgoing, found->hasBeenActive,
                            found->removed || found->state == stateTerminated };

@@ -208,6 +208,24 @@ private slots:
         QVERIFY(modem.waitForLine(QStringLiteral("Start ")));
     }
 
+    void callThatCannotStartIsNeverReported()
+    {
+        PrivateBus bus;
+        SimulatedModem modem(bus, 150, 0, { QStringLiteral("--no-network") });
+        CallConfirmation confirmation;
+        AlwaysCall answer(confirmation);
+        ModemManagerTelephony telephony(bus.connection(), confirmation);
+        Recorder recorder(telephony);
+        QVERIFY(waitForModems(telephony, 1));
+        telephony.open(QStringLiteral("#31#0612345678"));
+        QVERIFY(modem.waitForLine(QStringLiteral("Deleted ")));
+        QTest::qWait(300);
+        QCOMPARE(recorder.failures.size(), 1);
+        QVERIFY2(recorder.failures.first().contains(QStringLiteral("network")), qPrintable(recorder.failures.first()));
+        // Not even an ended call: the observer would have nothing to do with it.
+        QVERIFY(recorder.events.isEmpty());
+    }
+
     void modemAppearingLaterIsPickedUp()
     {
         PrivateBus bus;

@@ -6,12 +6,15 @@
 #include <QProcess>
 #include <QTest>
 
-SimulatedModem::SimulatedModem(PrivateBus &bus, int stepMs, int modemAfterMs) : m_bus(bus)
+SimulatedModem::SimulatedModem(PrivateBus &bus, int stepMs, int modemAfterMs, const QStringList &extraArguments)
+    : m_bus(bus)
 {
-    m_process = bus.startService(QStringLiteral("/usr/bin/python3"),
-                                 { scriptPath(), QStringLiteral("--bus"), bus.address(), QStringLiteral("--step-ms"),
-                                   QString::number(stepMs), QStringLiteral("--modem-after-ms"),
-                                   QString::number(modemAfterMs) },
+    const QStringList arguments = QStringList{ scriptPath(),
+                                               QStringLiteral("--bus"), bus.address(),
+                                               QStringLiteral("--step-ms"), QString::number(stepMs),
+                                               QStringLiteral("--modem-after-ms"), QString::number(modemAfterMs) }
+            + extraArguments;
+    m_process = bus.startService(QStringLiteral("/usr/bin/python3"), arguments,
                                  QStringLiteral("org.freedesktop.ModemManager1"));
 }
 

@@ -11,8 +11,9 @@ class SimulatedModem
 {
 public:
     // Starts the simulator; `stepMs` is the time between two states of a
-    // call, `modemAfterMs` delays the modem's appearance.
-    SimulatedModem(PrivateBus &bus, int stepMs = 150, int modemAfterMs = 0);
+    // call, `modemAfterMs` delays the modem's appearance, `extraArguments`
+    // go to the simulator as they are (e.g. "--no-network").
+    SimulatedModem(PrivateBus &bus, int stepMs = 150, int modemAfterMs = 0, const QStringList &extraArguments = {});
     ~SimulatedModem();
     SimulatedModem(const SimulatedModem &) = delete;
     SimulatedModem &operator=(const SimulatedModem &) = delete;
