@@ -1,4 +1,5 @@
 list(APPEND QUIETON_QML
+    lists/CallPrivacyDialog.qml
     lists/ContactsView.qml
     lists/HistoryView.qml
 )
