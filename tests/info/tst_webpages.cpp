@@ -71,13 +71,14 @@ private slots:
         QQmlEngine engine;
         engine.addImportPath(QStringLiteral("qrc:/"));
         QQmlComponent component(&engine);
-        component.setData("import Quieton\nSafariWebView { url: \"leaveAFeedBack\" }", QUrl());
+        component.setData("import Quieton\nSafariWebView { page: \"leaveAFeedBack\" }", QUrl());
         m_opener->opened.clear();
         std::unique_ptr<QObject> element(component.create());
         QVERIFY2(element, qPrintable(component.errorString()));
         auto *view = qobject_cast<SafariWebView *>(element.get());
         QVERIFY(view);
         QCOMPARE(view->url(), SafariWebView::leaveAFeedBack);
+        QCOMPARE(view->page(), QStringLiteral("leaveAFeedBack"));
         QCOMPARE(m_opener->opened, QList<QUrl>{ SafariWebView::address(SafariWebView::leaveAFeedBack) });
 
         QSignalSpy dismissed(view, &SafariWebView::dismissed);
@@ -90,7 +91,7 @@ private slots:
         QQmlEngine engine;
         engine.addImportPath(QStringLiteral("qrc:/"));
         QQmlComponent component(&engine);
-        component.setData("import Quieton\nSafariWebView { url: \"termsOfUs\" }", QUrl());
+        component.setData("import Quieton\nSafariWebView { page: \"termsOfUs\" }", QUrl());
         Platform::setUrlOpener(std::make_unique<RefusingUrlOpener>());
         StdoutCapture capture;
         std::unique_ptr<QObject> element(component.create());
