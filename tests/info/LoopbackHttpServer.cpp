@@ -54,6 +54,8 @@ void LoopbackHttpServer::serve(QTcpSocket *socket)
         }
         requests.append(request);
         received->clear();
+        if (m_silent)
+            return;
 
         QByteArray response = "HTTP/1.1 " + QByteArray::number(m_status) + " Whatever\r\n"
                 "Content-Type: application/json\r\n"

@@ -5,7 +5,8 @@
 #include <QTcpServer>
 
 // A one-answer HTTP server on 127.0.0.1: every request gets the prepared
-// status and body, then the connection closes. Remembers the requests.
+// status and body, then the connection closes (or, silent, gets nothing at
+// all). Remembers the requests.
 class LoopbackHttpServer : public QTcpServer
 {
     Q_OBJECT
@@ -23,6 +24,8 @@ public:
     // The origin to ask: "http://127.0.0.1:<port>".
     QString origin() const;
     void answer(const QByteArray &body, int status = 200);
+    // Takes requests in and never answers them.
+    void keepSilent() { m_silent = true; }
 
     QList<Request> requests;
 
@@ -31,4 +34,5 @@ private:
 
     QByteArray m_body;
     int m_status = 200;
+    bool m_silent = false;
 };

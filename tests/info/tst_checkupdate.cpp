@@ -14,6 +14,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
 
 Q_IMPORT_QML_PLUGIN(QuietonPlugin)
@@ -343,6 +344,29 @@ private slots:
         QVERIFY2(lines.at(0).contains(QLatin1StringView("refused")), qPrintable(lines.at(0)));
         QCOMPARE(lines.at(1), QStringLiteral("App does not exist on AppStore"));
         QVERIFY(!alert());
+    }
+
+    // The UI thread never waits on the network: while the server holds the
+    // request, the event loop runs on, and a checker can go away meanwhile.
+    void aSilentServerOnlyDelaysTheCheck()
+    {
+        LoopbackHttpServer silent;
+        silent.keepSilent();
+        StdoutCapture capture;
+        {
+            CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0")), silent.origin()));
+            checker.checkForUpdate(true, false);
+            QTRY_COMPARE(silent.requests.size(), 1);
+            int ticks = 0;
+            QTimer ticker;
+            connect(&ticker, &QTimer::timeout, this, [&ticks] { ++ticks; });
+            ticker.start(10);
+            QTRY_VERIFY(ticks >= 20);
+            QVERIFY(printed(capture).isEmpty());
+            QVERIFY(!alert());
+        }
+        QTest::qWait(50);
+        QVERIFY(printed(capture).isEmpty());
     }
 
     void betaBuildsUseTheDeveloperApiAndTheStorePage()
