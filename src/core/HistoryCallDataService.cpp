@@ -15,6 +15,10 @@
 
 #include <algorithm>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 namespace {
 
 // SQLite's primary result codes that mean "this file is not a usable database".
@@ -200,6 +204,10 @@ void HistoryCallDataService::waitForBackgroundFetch()
     const bool unchanged = readDataVersion(version, error) && version == m_versionBeforeBackgroundFetch;
     publishAll(std::move(result.rows), version);
     m_inSync = unchanged;
+#ifdef __GLIBC__
+    // The read left the worker's heap full of freed query buffers; hand them back.
+    malloc_trim(0);
+#endif
 }
 
 QSqlDatabase HistoryCallDataService::database() const
