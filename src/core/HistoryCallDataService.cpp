@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJSEngine>
-#include <QSet>
 #include <QThreadPool>
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -14,6 +13,7 @@
 #include <QTextStream>
 
 #include <algorithm>
+#include <vector>
 
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -53,7 +53,9 @@ QString readText(const QVariant &value)
     return value.isNull() ? QString() : value.toString();
 }
 
-// Calls repeat the same names and numbers: equal texts share one copy.
+// Calls repeat the same names and numbers: equal texts share one copy. A
+// fixed table of recent texts, indexed by hash, keeps the cost of a lookup
+// flat however many different texts a history holds.
 class TextPool
 {
 public:
@@ -61,15 +63,14 @@ public:
     {
         if (text.isEmpty())
             return text;
-        const auto known = m_texts.constFind(text);
-        if (known != m_texts.cend())
-            return *known;
-        m_texts.insert(text);
-        return text;
+        QString &slot = m_slots[qHash(text) % m_slots.size()];
+        if (slot != text)
+            slot = std::move(text);
+        return slot;
     }
 
 private:
-    QSet<QString> m_texts;
+    std::vector<QString> m_slots = std::vector<QString>(1 << 16);
 };
 
 HistoryData readRecord(const QSqlQuery &query)
