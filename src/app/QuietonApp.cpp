@@ -50,6 +50,8 @@ QuietonApp *QuietonApp::create(QQmlEngine *, QJSEngine *)
 
 void QuietonApp::startUpdateCheckAfterFirstFrame()
 {
+    if (!m_updateCheckWanted)
+        return;
     // The app's window is its ApplicationWindow; views that merely host some
     // of its screens (tests, tools) start no check.
     for (QWindow *window : QGuiApplication::topLevelWindows()) {

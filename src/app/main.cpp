@@ -85,7 +85,8 @@ int main(int argc, char *argv[])
     arguments.setApplicationDescription(QStringLiteral("Private calls: dial with your number withheld."));
     arguments.addHelpOption();
     const QCommandLineOption startupReport(QStringLiteral("startup-report"),
-            QStringLiteral("Print when the first frame is up and the app is idle, with its memory, then quit (for benchmarks)."));
+            QStringLiteral("Print when the first frame is up and the app is idle, with its memory, then quit "
+                           "(for benchmarks and tests; no store lookup is made)."));
     arguments.addOption(startupReport);
     arguments.addPositionalArgument(QStringLiteral("link"), QStringLiteral("A quieton: link to open."), QStringLiteral("[link]"));
     arguments.process(application);
@@ -100,6 +101,10 @@ int main(int argc, char *argv[])
 
     QQuickStyle::setStyle(QStringLiteral("Material"));
     QuietonApp quietonApp(nullptr);
+    // A report run quits at its first idle moment: a store lookup would only
+    // reach out to the network for nothing.
+    if (arguments.isSet(startupReport))
+        quietonApp.skipUpdateCheck();
     QObject::connect(&singleInstance, &SingleInstance::linkReceived, &quietonApp, &QuietonApp::deliverLink);
     QObject::connect(&singleInstance, &SingleInstance::activationRequested, &quietonApp,
                      &QuietonApp::activationRequested);
