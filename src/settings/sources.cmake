@@ -1,3 +1,6 @@
+list(APPEND QUIETON_SOURCES
+    settings/SettingViewModel.cpp settings/SettingViewModel.h
+)
 list(APPEND QUIETON_QML
     settings/SettingView.qml
     settings/WelcomeView.qml
