@@ -2,11 +2,14 @@
 
 #include "HistoryCallDataService.h"
 #include "KeyValueStore.h"
+#include "Platform.h"
+#include "UrlOpener.h"
 #include "UserDefaultsService.h"
 
 #include <QCoreApplication>
 #include <QTextBoundaryFinder>
 #include <QTextStream>
+#include <QUrl>
 
 #include <algorithm>
 #include <initializer_list>
@@ -278,6 +281,19 @@ void SettingViewModel::clearAll()
 {
     resetSettings();
     m_historyDataService->deleteAllHistory();
+}
+
+bool SettingViewModel::openStorePage(const QString &address)
+{
+    const QUrl url(address, QUrl::StrictMode);
+    if (address.isEmpty() || !url.isValid() || url.scheme().isEmpty())
+        return false;
+    return Platform::urlOpener().open(url);
+}
+
+void SettingViewModel::openSystemSettings()
+{
+    Platform::urlOpener().openSystemSettings();
 }
 
 QString SettingViewModel::describe(const QVariant &value)

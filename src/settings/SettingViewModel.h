@@ -96,6 +96,13 @@ public:
     // Reset settings, then delete every call record.
     Q_INVOKABLE void clearAll();
 
+    // Opens the app's store page at `address` through the platform; an
+    // address that is not a valid URL opens nothing. Returns whether it opened.
+    Q_INVOKABLE static bool openStorePage(const QString &address);
+    // The system's settings where the user picks the language; nothing where
+    // the system has none.
+    Q_INVOKABLE static void openSystemSettings();
+
     // "## Selected Prefix for " line's way of printing a catalogue value.
     static QString describe(const QVariant &value);
 

@@ -4,6 +4,8 @@
 // and clear all.
 #include "HistoryCallDataService.h"
 #include "JsonFileKeyValueStore.h"
+#include "Platform.h"
+#include "RecordingUrlOpener.h"
 #include "SettingViewModel.h"
 #include "StdoutCapture.h"
 #include "TestHome.h"
@@ -17,6 +19,8 @@
 class TestSettingViewModel : public QObject
 {
     Q_OBJECT
+
+    RecordingUrlOpener *m_opener = nullptr;
 
     // The standard suite as it is on disk now, read by a store of its own.
     static std::unique_ptr<KeyValueStore> onDisk()
@@ -44,6 +48,9 @@ private slots:
     {
         TestHome::use();
         QCoreApplication::setApplicationVersion(QString());
+        auto opener = std::make_unique<RecordingUrlOpener>();
+        m_opener = opener.get();
+        Platform::setUrlOpener(std::move(opener));
     }
 
     // Must run first: nothing has touched the settings yet.
@@ -370,6 +377,22 @@ private slots:
         QCoreApplication::removeTranslator(&german);
         QCOMPARE(rows.size(), 2);
         QCOMPARE(rows[1].toMap().value("caption").toString(), QStringLiteral("2. Südkorea: *23#"));
+    }
+
+    void storePageOpensOnlyValidAddresses()
+    {
+        m_opener->opened.clear();
+        const QString page = QStringLiteral("https://store.quieton.app/br/app/quieton/id6470000000?uo=4");
+        QVERIFY(SettingViewModel::openStorePage(page));
+        QCOMPARE(m_opener->opened, QList<QUrl>{ QUrl(page) });
+        QVERIFY(!SettingViewModel::openStorePage(QString()));
+        QVERIFY(!SettingViewModel::openStorePage(QStringLiteral("not an address")));
+        QVERIFY(!SettingViewModel::openStorePage(QStringLiteral("https://store quieton.app/x")));
+        QCOMPARE(m_opener->opened.size(), 1);
+
+        const int before = m_opener->systemSettingsOpened;
+        SettingViewModel::openSystemSettings();
+        QCOMPARE(m_opener->systemSettingsOpened, before + 1);
     }
 
     void resetKeepsTheHistory()
