@@ -1,0 +1,92 @@
+// The settings screen in a real QML view, on the app's settings file and
+// history database in a temporary home; the system's URL opener and the
+// share operation are replaced by recording ones.
+#include "HistoryCallDataService.h"
+#include "JsonFileKeyValueStore.h"
+#include "Platform.h"
+#include "RecordingUrlOpener.h"
+#include "TestHome.h"
+#include "TextSharer.h"
+#include "UserDefaultsService.h"
+
+#include <QDir>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QtQml/qqmlextensionplugin.h>
+#include <QtQuickTest>
+
+Q_IMPORT_QML_PLUGIN(QuietonPlugin)
+
+// A share operation that only remembers what it was given.
+class RecordingSharer : public TextSharer
+{
+    Q_OBJECT
+public:
+    QStringList shared;
+    void share(const QString &text) override { shared.append(text); }
+};
+
+// What the QML tests read from disk and from the recording platform parts.
+class Disk : public QObject
+{
+    Q_OBJECT
+public:
+    Disk(RecordingUrlOpener *opener, RecordingSharer *sharer) : m_opener(opener), m_sharer(sharer) { }
+
+    // A value of the standard suite as the settings file holds it now.
+    Q_INVOKABLE QVariant setting(const QString &key) const
+    {
+        auto file = JsonFileKeyValueStore::open(QDir(TestHome::configDirectory()).filePath(QStringLiteral("quieton.json")));
+        const auto value = file->object(key);
+        if (!value)
+            return {};
+        return std::visit([](const auto &v) { return QVariant::fromValue(v); }, *value);
+    }
+    // The number of call records in the history file, read afresh.
+    Q_INVOKABLE int storedCalls() const
+    {
+        HistoryCallDataService file(HistoryCallDataService::shared()->databasePath());
+        return int(file.savedEntities().size());
+    }
+    Q_INVOKABLE QVariantList openedUrls() const
+    {
+        QVariantList urls;
+        for (const QUrl &url : m_opener->opened)
+            urls.append(url.toString());
+        return urls;
+    }
+    Q_INVOKABLE int systemSettingsOpened() const { return m_opener->systemSettingsOpened; }
+    Q_INVOKABLE int sharedCount() const { return int(m_sharer->shared.size()); }
+
+private:
+    RecordingUrlOpener *m_opener;
+    RecordingSharer *m_sharer;
+};
+
+class Setup : public QObject
+{
+    Q_OBJECT
+    RecordingUrlOpener *m_opener = nullptr;
+    RecordingSharer *m_sharer = nullptr;
+
+public slots:
+    void applicationAvailable()
+    {
+        TestHome::use();
+        auto opener = std::make_unique<RecordingUrlOpener>();
+        m_opener = opener.get();
+        Platform::setUrlOpener(std::move(opener));
+        auto sharer = std::make_unique<RecordingSharer>();
+        m_sharer = sharer.get();
+        Platform::setSharer(std::move(sharer));
+        UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
+    }
+    void qmlEngineAvailable(QQmlEngine *engine)
+    {
+        engine->addImportPath(QStringLiteral("qrc:/"));
+        engine->rootContext()->setContextProperty(QStringLiteral("disk"), new Disk(m_opener, m_sharer));
+    }
+};
+
+QUICK_TEST_MAIN_WITH_SETUP(settingview, Setup)
+#include "tst_settingview.moc"
