@@ -54,6 +54,10 @@ signals:
     void activationRequested();
 
 private:
+    // Starts the update check after the first frame of the app's window; an
+    // app without a window does not check.
+    void startUpdateCheckAfterFirstFrame();
+
     AppDelegate m_appDelegate;
     UserDefaultsService *m_defaultsService;
     Service *m_service;
