@@ -57,7 +57,7 @@ Page {
     }
 
     function updateNow() {
-        SettingViewModel.openStorePage(checkNewVersionService.urlAppStore)
+        vm.openStorePage(checkNewVersionService.urlAppStore)
     }
 
     onShowingPrefixByCountryChanged: showingPrefixByCountry ? countryDialog.open() : countryDialog.close()
@@ -201,7 +201,7 @@ Page {
                     objectName: "changeLanguageRow"
                     text: qsTr("Change Language")
                     chevron: true
-                    onClicked: SettingViewModel.openSystemSettings()
+                    onClicked: settingView.vm.openSystemSettings()
                 }
                 SettingRow {
                     objectName: "aboutRow"
@@ -459,13 +459,13 @@ Page {
     Cover {
         objectName: "feedbackCover"
         presented: settingView.isSendFeedBackPresented
-        source: "qrc:/Quieton/info/SendFeedBackView.qml"
+        sourceComponent: Component { SendFeedBackView { } }
         onDismiss: settingView.isSendFeedBackPresented = false
     }
     Cover {
         objectName: "aboutCover"
         presented: settingView.isAboutPresented
-        source: "qrc:/Quieton/info/AboutView.qml"
+        sourceComponent: Component { AboutView { } }
         onDismiss: settingView.isAboutPresented = false
     }
 
@@ -605,12 +605,15 @@ Page {
             padding: 24
             bottomPadding: 8
         }
-        contentItem: Label {
-            text: alert.message
-            visible: alert.message.length > 0
-            wrapMode: Text.Wrap
-            horizontalAlignment: Text.AlignHCenter
-            color: "#3C3C43"
+        contentItem: ColumnLayout {
+            Label {
+                Layout.fillWidth: true
+                text: alert.message
+                visible: alert.message.length > 0
+                wrapMode: Text.Wrap
+                horizontalAlignment: Text.AlignHCenter
+                color: "#3C3C43"
+            }
         }
     }
 
@@ -619,7 +622,8 @@ Page {
     component Cover: Popup {
         id: cover
         property bool presented: false
-        property url source
+        property alias source: coverLoader.source
+        property alias sourceComponent: coverLoader.sourceComponent
         readonly property Item view: coverLoader.item
         signal dismiss()
 
@@ -654,7 +658,6 @@ Page {
                 Layout.fillWidth: true
                 Layout.fillHeight: true
                 active: cover.presented
-                source: cover.source
             }
         }
         Connections {

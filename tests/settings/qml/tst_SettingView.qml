@@ -211,8 +211,10 @@ TestCase {
         view.vm.resetSettings()
         verify(first.checked)
 
+        verify(!button(view, "autoHiddenNumberToggle").checked)
         tapRow(view, "autoHiddenNumberToggle")
-        compare(disk.setting("hiddenNumber"), false)
+        compare(disk.setting("hiddenNumber"), true)
+        verify(button(view, "autoHiddenNumberToggle").checked)
     }
 
     function test_resetKeepsTheHistoryButClearAllEmptiesIt() {
