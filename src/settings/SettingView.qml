@@ -237,7 +237,9 @@ Page {
     PopupView {
         id: prefixEditor
         objectName: "prefixEditor"
-        anchors.fill: parent
+        type: PopupLayout.Floating
+        position: PopupLayout.Center
+        appearFrom: PopupLayout.FromBottom
         isPresented: settingView.showingPrefixEditManually
         onIsPresentedChanged: settingView.showingPrefixEditManually = isPresented
 

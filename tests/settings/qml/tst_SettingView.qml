@@ -52,6 +52,17 @@ TestCase {
         verify(item, country)
         return item
     }
+    // Opens the manual editor and waits until it has slid into place.
+    function openEditor(view) {
+        mouseClick(button(view, "editManuallyButton"))
+        verify(view.showingPrefixEditManually)
+        const editor = button(view, "prefixEditor")
+        tryCompare(editor, "isPresented", true)
+        tryCompare(editor.card, "offsetY", 0)
+        tryCompare(editor.card, "offsetX", 0)
+        waitForRendering(editor.card)
+        return editor
+    }
     function openCountryList(view) {
         mouseClick(button(view, "editByCountryButton"))
         const dialog = findChild(view, "countryDialog")
@@ -85,10 +96,7 @@ TestCase {
 
     function test_manualEditorRejectsThenAccepts() {
         const view = createView()
-        mouseClick(button(view, "editManuallyButton"))
-        verify(view.showingPrefixEditManually)
-        const editor = button(view, "prefixEditor")
-        tryCompare(editor, "isPresented", true)
+        const editor = openEditor(view)
         const field = button(view, "prefixField")
         const rule = button(view, "prefixRuleText")
         tryCompare(field, "visible", true)
@@ -121,18 +129,26 @@ TestCase {
         compare(findChild(button(view, "prefixRow"), "detail").text, "*82")
     }
 
-    function test_editManuallyTwiceClosesAndHidesTheRule() {
+    function test_editorClosedByATapOutsideShowsNoRuleNextTime() {
         const view = createView()
-        mouseClick(button(view, "editManuallyButton"))
+        openEditor(view)
         mouseClick(button(view, "prefixOkButton")) // empty: refused
         verify(view.showingIsEmpty)
-        view.showingPrefixEditManually = false
-        mouseClick(button(view, "editManuallyButton"))
-        verify(view.showingPrefixEditManually)
+        verify(button(view, "prefixRuleText").visible)
+
+        // The dimmed window around the editor closes it and lowers the flag.
+        const editor = button(view, "prefixEditor")
+        mouseClick(testCase, 10, 10)
+        tryCompare(view, "showingPrefixEditManually", false)
+        tryCompare(editor, "shown", false)
+
+        openEditor(view)
         verify(!view.showingIsEmpty)
+        verify(!button(view, "prefixRuleText").visible)
         mouseClick(button(view, "prefixCancelButton"))
         verify(!view.showingPrefixEditManually)
         verify(!view.showingIsEmpty)
+        tryCompare(editor, "shown", false)
         compare(disk.setting("prefix"), "#31#")
     }
 
