@@ -326,7 +326,8 @@ Page {
                 id: countryList
                 objectName: "countryList"
                 Layout.fillWidth: true
-                Layout.preferredHeight: Math.min(contentHeight, Math.max(160, settingView.height * 0.4))
+                // Whole rows and a half one, which tells that the list scrolls.
+                Layout.preferredHeight: Math.min(contentHeight, 48 * Math.max(3, Math.floor(settingView.height * 0.4 / 48)) + 24)
                 clip: true
                 boundsBehavior: Flickable.StopAtBounds
                 model: settingView.vm.countryList
@@ -338,6 +339,7 @@ Page {
                     width: ListView.view.width
                     text: modelData
                     flat: true
+                    font.capitalization: Font.MixedCase
                     Material.foreground: settingView.tint
                     onClicked: settingView.chooseCountry(index, modelData)
                 }
@@ -372,6 +374,7 @@ Page {
                     Layout.fillWidth: true
                     text: modelData.caption
                     flat: true
+                    font.capitalization: Font.MixedCase
                     Material.foreground: settingView.tint
                     onClicked: {
                         settingView.vm.choosePrefix(modelData.prefix)
@@ -525,6 +528,7 @@ Page {
             Label {
                 text: row.text
                 color: row.textColor
+                font.pixelSize: 16
                 wrapMode: Text.Wrap
                 Layout.fillWidth: row.detail.length === 0
             }
@@ -533,6 +537,7 @@ Page {
                 visible: row.detail.length > 0
                 text: row.detail
                 color: settingView.secondaryText
+                font.pixelSize: 16
                 horizontalAlignment: Text.AlignRight
                 elide: Text.ElideLeft
                 Layout.fillWidth: true

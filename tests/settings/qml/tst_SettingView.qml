@@ -33,7 +33,7 @@ TestCase {
         const list = findChild(view, "settingsList")
         const y = item.mapToItem(list.contentItem, 0, 0).y
         list.contentY = Math.max(0, Math.min(y - 100, list.contentHeight - list.height))
-        waitForRendering(view)
+        wait(0)
         mouseClick(item)
     }
     function type(field, text) {
@@ -47,7 +47,7 @@ TestCase {
         const index = view.vm.countryList.indexOf(country)
         verify(index >= 0, country)
         list.positionViewAtIndex(index, ListView.Center)
-        waitForRendering(list)
+        wait(0)
         const item = findChild(list, "country:" + country)
         verify(item, country)
         return item
@@ -60,7 +60,6 @@ TestCase {
         tryCompare(editor, "isPresented", true)
         tryCompare(editor.card, "offsetY", 0)
         tryCompare(editor.card, "offsetX", 0)
-        waitForRendering(editor.card)
         return editor
     }
     function openCountryList(view) {
@@ -290,5 +289,58 @@ TestCase {
         const sharedBefore = disk.sharedCount()
         tapRow(view, "shareRow")
         compare(disk.sharedCount(), sharedBefore + 1)
+    }
+
+    function test_userGuideCoverRefreshesTheUnreadMark() {
+        UserDefaultsService.setBool("isReadUserGuide", false)
+        const view = createView()
+        const mark = button(view, "unreadMark")
+        verify(mark.visible)
+        verify(mark.Accessible.name.length > 0)
+
+        tapRow(view, "userGuideRow")
+        const cover = button(view, "userGuideCover")
+        tryCompare(cover, "opened", true)
+        // The guide stores the flag while it is open; the mark waits for the cover to close.
+        UserDefaultsService.setBool("isReadUserGuide", true)
+        verify(mark.visible)
+        const back = button(cover.contentItem, "coverBackButton")
+        compare(back.Accessible.name, "Back")
+        mouseClick(back)
+        tryCompare(cover, "visible", false)
+        verify(!view.isUserGuideForQuietonPresented)
+        verify(view.isReadUserGuide)
+        verify(!mark.visible)
+    }
+
+    function test_aboutAndFeedbackCoversCloseOnTheirOwnBackControl() {
+        const view = createView()
+        for (const [row, coverName, flag] of [["aboutRow", "aboutCover", "isAboutPresented"],
+                                              ["feedbackRow", "feedbackCover", "isSendFeedBackPresented"]]) {
+            tapRow(view, row)
+            verify(view[flag])
+            const cover = button(view, coverName)
+            tryCompare(cover, "opened", true)
+            verify(cover.view, coverName)
+            // The view's own request to go away closes the cover and lowers the flag.
+            cover.view.dismissRequested()
+            tryCompare(cover, "visible", false)
+            verify(!view[flag])
+            compare(cover.view, null)
+
+            // So does the navigation bar's back button.
+            tapRow(view, row)
+            tryCompare(cover, "opened", true)
+            mouseClick(button(cover.contentItem, "coverBackButton"))
+            tryCompare(cover, "visible", false)
+            verify(!view[flag])
+        }
+    }
+
+    function test_updateNowOnlyWhileAnUpdateIsDue() {
+        Qt.application.version = "3.1.4"
+        const view = createView()
+        compare(button(view, "updateNowButton").visible, CheckUpdate.isNeedUpdate)
+        compare(findChild(button(view, "versionRow"), "detail").text, "3.1.4")
     }
 }
