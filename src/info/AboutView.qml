@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Controls
-import QtQuick.Controls.impl
 import QtQuick.Layouts
 import QtQml.Models
 import Quieton
@@ -75,6 +74,7 @@ Page {
                 }
                 PageLinkRow {
                     objectName: "termsOfUseRow"
+                    divided: false
                     caption: qsTr("Terms Of Use")
                     onClicked: aboutView.isShowingWebViewTermsOfUse = true
                 }
@@ -86,14 +86,14 @@ Page {
     Instantiator {
         active: aboutView.isShowingWebViewPrivacy
         delegate: SafariWebView {
-            url: "privacy"
+            page: "privacy"
             onDismissed: aboutView.isShowingWebViewPrivacy = false
         }
     }
     Instantiator {
         active: aboutView.isShowingWebViewTermsOfUse
         delegate: SafariWebView {
-            url: "termsOfUs"
+            page: "termsOfUs"
             onDismissed: aboutView.isShowingWebViewTermsOfUse = false
         }
     }

@@ -111,6 +111,13 @@ void CheckUpdate::ensureQueue()
     m_queueContext = new QObject;
     m_queueContext->moveToThread(m_queue);
     connect(m_queue, &QThread::finished, m_queueContext, &QObject::deleteLater);
+    // A check still under way when the app quits is dropped, not waited for.
+    if (QCoreApplication *application = QCoreApplication::instance()) {
+        connect(application, &QCoreApplication::aboutToQuit, this, [this] {
+            m_queue->quit();
+            m_queue->wait();
+        });
+    }
     m_queue->start();
 }
 

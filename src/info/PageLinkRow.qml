@@ -9,6 +9,8 @@ ItemDelegate {
     id: row
 
     property string caption
+    // The last row of a group has no hairline under it.
+    property bool divided: true
     // Read when the row is built: pointing left in right-to-left layouts.
     readonly property string chevronName: Qt.application.layoutDirection === Qt.RightToLeft ? "chevron.left" : "chevron.right"
 
@@ -40,6 +42,7 @@ ItemDelegate {
 
     // A hairline under the row.
     Rectangle {
+        visible: row.divided
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.leftMargin: row.leftPadding

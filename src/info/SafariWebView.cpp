@@ -4,6 +4,7 @@
 #include "Platform.h"
 #include "UrlOpener.h"
 
+#include <QMetaEnum>
 #include <QTextStream>
 #include <QTimer>
 
@@ -36,6 +37,20 @@ void SafariWebView::setUrl(urls url)
         return;
     m_url = url;
     emit urlChanged();
+}
+
+QString SafariWebView::page() const
+{
+    return QString::fromLatin1(QMetaEnum::fromType<urls>().valueToKey(m_url));
+}
+
+void SafariWebView::setPage(const QString &name)
+{
+    bool known = false;
+    const int value = QMetaEnum::fromType<urls>().keyToValue(name.toLatin1().constData(), &known);
+    if (!known)
+        qFatal("SafariWebView: there is no page named %s", qPrintable(name));
+    setUrl(urls(value));
 }
 
 void SafariWebView::componentComplete()

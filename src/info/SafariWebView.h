@@ -11,13 +11,14 @@
 // the URL opener and then asks its holder to close it again (dismissed()), so
 // the same row can open the page again.
 //
-// In QML the page is given by its case name: SafariWebView { url: "privacy" }.
+// In QML the page is given by its case name: SafariWebView { page: "privacy" }.
 class SafariWebView : public QObject, public QQmlParserStatus
 {
     Q_OBJECT
     Q_INTERFACES(QQmlParserStatus)
     QML_ELEMENT
     Q_PROPERTY(urls url READ url WRITE setUrl NOTIFY urlChanged)
+    Q_PROPERTY(QString page READ page WRITE setPage NOTIFY urlChanged)
     Q_PROPERTY(QString address READ addressText NOTIFY urlChanged)
 
 public:
@@ -34,6 +35,9 @@ public:
 
     urls url() const { return m_url; }
     void setUrl(urls url);
+    // The case's name; a name that is not a case is a programming error.
+    QString page() const;
+    void setPage(const QString &name);
     QString addressText() const { return rawValue(m_url); }
 
     void classBegin() override { }

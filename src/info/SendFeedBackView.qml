@@ -90,6 +90,7 @@ Page {
                 }
                 PageLinkRow {
                     objectName: "shareWithFriendRow"
+                    divided: false
                     caption: qsTr("Share with Friend")
                     onClicked: sendFeedBackView.vm.service.shareApp()
                 }
@@ -101,21 +102,21 @@ Page {
     Instantiator {
         active: sendFeedBackView.isLeaveAFeedBackSheetPresented
         delegate: SafariWebView {
-            url: "leaveAFeedBack"
+            page: "leaveAFeedBack"
             onDismissed: sendFeedBackView.isLeaveAFeedBackSheetPresented = false
         }
     }
     Instantiator {
         active: sendFeedBackView.isSuggestAFeaturePresented
         delegate: SafariWebView {
-            url: "suggestAFeature"
+            page: "suggestAFeature"
             onDismissed: sendFeedBackView.isSuggestAFeaturePresented = false
         }
     }
     Instantiator {
         active: sendFeedBackView.isReportAProblemSheetPresented
         delegate: SafariWebView {
-            url: "reportAProblem"
+            page: "reportAProblem"
             onDismissed: sendFeedBackView.isReportAProblemSheetPresented = false
         }
     }
