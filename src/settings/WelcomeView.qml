@@ -101,14 +101,14 @@ Page {
             delegate: Item {
                 id: pageItem
                 required property int index
-                readonly property var page: welcomeView.pages[index]
-                readonly property bool last: index === welcomeView.pages.length - 1
-                objectName: "page" + index
-                x: (index - pager.position) * pager.width
+                readonly property var page: welcomeView.pages[pageItem.index]
+                readonly property bool last: pageItem.index === welcomeView.pages.length - 1
+                objectName: "page" + pageItem.index
+                x: (pageItem.index - pager.position) * pager.width
                 width: pager.width
                 height: pager.height
-                visible: Math.abs(index - pager.position) < 1
-                Accessible.ignored: index !== welcomeView.vm.selectedPage
+                visible: Math.abs(pageItem.index - pager.position) < 1
+                Accessible.ignored: pageItem.index !== welcomeView.vm.selectedPage
 
                 ColumnLayout {
                     anchors.fill: parent
@@ -152,11 +152,12 @@ Page {
                     Repeater {
                         model: pageItem.page.texts
                         delegate: Label {
+                            id: pageText
                             required property string modelData
                             required property int index
-                            objectName: "text" + pageItem.index + "_" + index
+                            objectName: "text" + pageItem.index + "_" + pageText.index
                             Layout.fillWidth: true
-                            text: modelData
+                            text: pageText.modelData
                             font.pixelSize: 16
                             color: "#48484A"
                             horizontalAlignment: Text.AlignHCenter
