@@ -124,6 +124,7 @@ Page {
                         Layout.bottomMargin: 8
                         source: pageItem.page.picture
                         sourceSize.width: 600
+                        asynchronous: true
                         fillMode: Image.PreserveAspectFit
                         Accessible.ignored: true
                     }
