@@ -15,13 +15,19 @@ class PopupLayout : public QObject
     Q_PROPERTY(int type READ type WRITE setType NOTIFY inputsChanged)
     Q_PROPERTY(int position READ position WRITE setPosition NOTIFY inputsChanged)
     Q_PROPERTY(int appearFrom READ appearFrom WRITE setAppearFrom NOTIFY inputsChanged)
-    Q_PROPERTY(QSizeF containerSize READ containerSize WRITE setContainerSize NOTIFY inputsChanged)
-    Q_PROPERTY(QSizeF contentSize READ contentSize WRITE setContentSize NOTIFY inputsChanged)
+    Q_PROPERTY(qreal containerWidth READ containerWidth WRITE setContainerWidth NOTIFY inputsChanged)
+    Q_PROPERTY(qreal containerHeight READ containerHeight WRITE setContainerHeight NOTIFY inputsChanged)
+    Q_PROPERTY(qreal contentWidth READ contentWidth WRITE setContentWidth NOTIFY inputsChanged)
+    Q_PROPERTY(qreal contentHeight READ contentHeight WRITE setContentHeight NOTIFY inputsChanged)
     Q_PROPERTY(qreal margin READ margin WRITE setMargin NOTIFY inputsChanged)
     Q_PROPERTY(bool mirrored READ mirrored WRITE setMirrored NOTIFY inputsChanged)
-    Q_PROPERTY(QSizeF popupSize READ popupSize NOTIFY inputsChanged)
-    Q_PROPERTY(QPointF restingPosition READ restingPosition NOTIFY inputsChanged)
-    Q_PROPERTY(QPointF entryOffset READ entryOffset NOTIFY inputsChanged)
+    // What follows from them.
+    Q_PROPERTY(qreal popupWidth READ popupWidth NOTIFY inputsChanged)
+    Q_PROPERTY(qreal popupHeight READ popupHeight NOTIFY inputsChanged)
+    Q_PROPERTY(qreal restingX READ restingX NOTIFY inputsChanged)
+    Q_PROPERTY(qreal restingY READ restingY NOTIFY inputsChanged)
+    Q_PROPERTY(qreal entryOffsetX READ entryOffsetX NOTIFY inputsChanged)
+    Q_PROPERTY(qreal entryOffsetY READ entryOffsetY NOTIFY inputsChanged)
 
 public:
     // The three kinds of popup.
@@ -92,23 +98,41 @@ public:
     void setAppearFrom(int from);
     QSizeF containerSize() const { return m_containerSize; }
     void setContainerSize(QSizeF size);
+    qreal containerWidth() const { return m_containerSize.width(); }
+    void setContainerWidth(qreal width) { setContainerSize({ width, m_containerSize.height() }); }
+    qreal containerHeight() const { return m_containerSize.height(); }
+    void setContainerHeight(qreal height) { setContainerSize({ m_containerSize.width(), height }); }
     QSizeF contentSize() const { return m_contentSize; }
     void setContentSize(QSizeF size);
+    qreal contentWidth() const { return m_contentSize.width(); }
+    void setContentWidth(qreal width) { setContentSize({ width, m_contentSize.height() }); }
+    qreal contentHeight() const { return m_contentSize.height(); }
+    void setContentHeight(qreal height) { setContentSize({ m_contentSize.width(), height }); }
     qreal margin() const { return m_margin; }
     void setMargin(qreal margin);
     bool mirrored() const { return m_mirrored; }
     void setMirrored(bool mirrored);
 
     QSizeF popupSize() const;
+    qreal popupWidth() const { return popupSize().width(); }
+    qreal popupHeight() const { return popupSize().height(); }
     QPointF restingPosition() const;
+    qreal restingX() const { return restingPosition().x(); }
+    qreal restingY() const { return restingPosition().y(); }
     QPointF entryOffset() const;
-    Q_INVOKABLE QPointF dragOffset(QPointF translation) const;
-    Q_INVOKABLE bool dragDismisses(QPointF translation) const;
+    qreal entryOffsetX() const { return entryOffset().x(); }
+    qreal entryOffsetY() const { return entryOffset().y(); }
+    QPointF dragOffset(QPointF translation) const;
+    bool dragDismisses(QPointF translation) const;
+    // The same for QML, a finger's translation given as dx and dy.
+    Q_INVOKABLE qreal dragOffsetX(qreal dx, qreal dy) const { return dragOffset(QPointF(dx, dy)).x(); }
+    Q_INVOKABLE qreal dragOffsetY(qreal dx, qreal dy) const { return dragOffset(QPointF(dx, dy)).y(); }
+    Q_INVOKABLE bool dragDismisses(qreal dx, qreal dy) const { return dragDismisses(QPointF(dx, dy)); }
 
     // Writes `value` to `property` of `target` the way C++ does, which leaves
     // a binding on it in place: the popup lowers its owner's bound flag and
     // the owner's next change still reaches it.
-    Q_INVOKABLE static void writeKeepingBinding(QObject *target, const QString &property, const QVariant &value);
+    Q_INVOKABLE void writeKeepingBinding(QObject *target, const QString &property, const QVariant &value);
 
 signals:
     void inputsChanged();

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import Quieton
 
 // Shows one content item above the whole window, as a floating card, a toast
@@ -85,9 +84,8 @@ Item {
         settleAnimation.stop()
         popupView.pendingSource = PopupLayout.Binding
         popupLayer.visible = true
-        const from = layout.entryOffset
-        card.offsetX = from.x
-        card.offsetY = from.y
+        card.offsetX = layout.entryOffsetX
+        card.offsetY = layout.entryOffsetY
         showAnimation.restart()
     }
 
@@ -108,12 +106,11 @@ Item {
         position: popupView.position
         appearFrom: popupView.appearFrom
         margin: popupView.margin
-        mirrored: Qt.application.layoutDirection === Qt.RightToLeft
-        containerSize: Qt.size(popupLayer.width, popupLayer.height)
-        contentSize: popupView.contentItem
-                     ? Qt.size(popupView.contentItem.implicitWidth + 2 * popupView.padding,
-                               popupView.contentItem.implicitHeight + 2 * popupView.padding)
-                     : Qt.size(0, 0)
+        mirrored: Application.layoutDirection === Qt.RightToLeft
+        containerWidth: popupLayer.width
+        containerHeight: popupLayer.height
+        contentWidth: popupView.contentItem ? popupView.contentItem.implicitWidth + 2 * popupView.padding : 0
+        contentHeight: popupView.contentItem ? popupView.contentItem.implicitHeight + 2 * popupView.padding : 0
     }
 
     Item {
@@ -139,6 +136,7 @@ Item {
             Accessible.onPressAction: popupView.dismiss(PopupLayout.TapOutside)
 
             MouseArea {
+                id: outsideArea
                 anchors.fill: parent
                 acceptedButtons: Qt.AllButtons
                 hoverEnabled: true
@@ -146,10 +144,10 @@ Item {
                 property bool pressedOnCard: false
                 onWheel: (wheel) => { wheel.accepted = true }
                 onPressed: (mouse) => {
-                    pressedOnCard = card.contains(mapToItem(card, mouse.x, mouse.y))
+                    outsideArea.pressedOnCard = card.contains(outsideArea.mapToItem(card, mouse.x, mouse.y))
                 }
                 onClicked: {
-                    if (popupView.closeOnTapOutside && !pressedOnCard)
+                    if (popupView.closeOnTapOutside && !outsideArea.pressedOnCard)
                         popupView.dismiss(PopupLayout.TapOutside)
                 }
             }
@@ -189,17 +187,16 @@ Item {
             property real offsetY: 0
             // 1 at rest, 0 once out of sight: how much of the way in it is.
             readonly property real presence: {
-                const entry = layout.entryOffset
-                const whole = Math.abs(entry.x) + Math.abs(entry.y)
+                const whole = Math.abs(layout.entryOffsetX) + Math.abs(layout.entryOffsetY)
                 if (whole <= 0)
                     return 1
                 return Math.max(0, 1 - (Math.abs(offsetX) + Math.abs(offsetY)) / whole)
             }
 
-            x: layout.restingPosition.x + offsetX
-            y: layout.restingPosition.y + offsetY
-            width: layout.popupSize.width
-            height: layout.popupSize.height
+            x: layout.restingX + card.offsetX
+            y: layout.restingY + card.offsetY
+            width: layout.popupWidth
+            height: layout.popupHeight
 
             Accessible.role: popupView.type === PopupLayout.Toast ? Accessible.AlertMessage : Accessible.Dialog
 
@@ -207,12 +204,15 @@ Item {
             Repeater {
                 model: popupView.type === PopupLayout.FullScreen ? 0 : 4
                 Rectangle {
+                    id: shadowRing
                     required property int index
+                    readonly property real spread: (shadowRing.index + 1) * 1.5
+                    readonly property real cornerRadius: popupView.type === PopupLayout.FullScreen ? 0 : 16
                     anchors.fill: parent
-                    anchors.margins: -(index + 1) * 1.5
-                    anchors.topMargin: -(index + 1) * 1.5 + 3
-                    anchors.bottomMargin: -(index + 1) * 1.5 - 3
-                    radius: background.radius + (index + 1) * 1.5
+                    anchors.margins: -shadowRing.spread
+                    anchors.topMargin: -shadowRing.spread + 3
+                    anchors.bottomMargin: -shadowRing.spread - 3
+                    radius: shadowRing.cornerRadius + shadowRing.spread
                     color: "#000000"
                     opacity: 0.045
                 }
@@ -232,8 +232,8 @@ Item {
                 clip: popupView.type === PopupLayout.FullScreen
 
                 onChildrenChanged: {
-                    for (let i = 0; i < children.length; ++i)
-                        children[i].anchors.fill = contentHolder
+                    for (let i = 0; i < contentHolder.children.length; ++i)
+                        contentHolder.children[i].anchors.fill = contentHolder
                 }
             }
 
@@ -254,18 +254,18 @@ Item {
                 property point lastTranslation: Qt.point(0, 0)
 
                 onTranslationChanged: {
-                    if (!active)
+                    if (!dragHandler.active)
                         return
-                    lastTranslation = Qt.point(translation.x, translation.y)
-                    const offset = layout.dragOffset(lastTranslation)
-                    card.offsetX = offset.x
-                    card.offsetY = offset.y
+                    const t = dragHandler.translation
+                    dragHandler.lastTranslation = Qt.point(t.x, t.y)
+                    card.offsetX = layout.dragOffsetX(t.x, t.y)
+                    card.offsetY = layout.dragOffsetY(t.x, t.y)
                 }
                 onActiveChanged: {
-                    if (active) {
+                    if (dragHandler.active) {
                         settleAnimation.stop()
-                        lastTranslation = Qt.point(0, 0)
-                    } else if (layout.dragDismisses(lastTranslation)) {
+                        dragHandler.lastTranslation = Qt.point(0, 0)
+                    } else if (layout.dragDismisses(dragHandler.lastTranslation.x, dragHandler.lastTranslation.y)) {
                         popupView.dismiss(PopupLayout.Drag)
                     } else {
                         settleAnimation.restart()
@@ -298,8 +298,8 @@ Item {
     SequentialAnimation {
         id: hideAnimation
         ParallelAnimation {
-            NumberAnimation { target: card; property: "offsetX"; to: layout.entryOffset.x; duration: 220; easing.type: Easing.InCubic }
-            NumberAnimation { target: card; property: "offsetY"; to: layout.entryOffset.y; duration: 220; easing.type: Easing.InCubic }
+            NumberAnimation { target: card; property: "offsetX"; to: layout.entryOffsetX; duration: 220; easing.type: Easing.InCubic }
+            NumberAnimation { target: card; property: "offsetY"; to: layout.entryOffsetY; duration: 220; easing.type: Easing.InCubic }
         }
         PropertyAction { target: popupLayer; property: "visible"; value: false }
     }

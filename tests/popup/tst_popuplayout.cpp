@@ -109,7 +109,8 @@ private slots:
     {
         PopupLayout layout;
         QSignalSpy changed(&layout, &PopupLayout::inputsChanged);
-        layout.setContainerSize({ 400, 800 });
+        layout.setContainerWidth(400);
+        layout.setContainerHeight(800);
         layout.setContentSize({ 200, 100 });
         QCOMPARE(layout.restingPosition(), QPointF(100, 350));
         layout.setType(L::Toast);
