@@ -454,7 +454,7 @@ Page {
     Cover {
         objectName: "userGuideCover"
         presented: settingView.isUserGuideForQuietonPresented
-        source: "qrc:/Quieton/settings/UserGuideForQuietonView.qml"
+        sourceComponent: Component { UserGuideForQuietonView { } }
         // The guide may have counted itself as read while it was open.
         onDismiss: {
             settingView.isUserGuideForQuietonPresented = false
@@ -629,7 +629,6 @@ Page {
     component Cover: Popup {
         id: cover
         property bool presented: false
-        property alias source: coverLoader.source
         property alias sourceComponent: coverLoader.sourceComponent
         readonly property Item view: coverLoader.item
         signal dismiss()

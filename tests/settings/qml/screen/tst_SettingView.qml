@@ -298,15 +298,27 @@ TestCase {
         verify(mark.visible)
         verify(mark.Accessible.name.length > 0)
 
+        // Closed before the guide counts as read: the mark stays.
         tapRow(view, "userGuideRow")
         const cover = button(view, "userGuideCover")
         tryCompare(cover, "opened", true)
-        // The guide stores the flag while it is open; the mark waits for the cover to close.
-        UserDefaultsService.setBool("isReadUserGuide", true)
-        verify(mark.visible)
+        compare(cover.view.objectName, "userGuideView")
         const back = button(cover.contentItem, "coverBackButton")
         compare(back.Accessible.name, "Back")
         mouseClick(back)
+        tryCompare(cover, "visible", false)
+        verify(!view.isUserGuideForQuietonPresented)
+        verify(!view.isReadUserGuide)
+        verify(mark.visible)
+
+        // Left open through its (shortened) countdown, the guide stores the
+        // flag; the mark goes once the guide's own back control closes it.
+        tapRow(view, "userGuideRow")
+        tryCompare(cover, "opened", true)
+        cover.view.tickInterval = 10
+        tryVerify(() => UserDefaultsService.boolForKey("isReadUserGuide"), 3000)
+        verify(mark.visible)
+        mouseClick(button(cover.view, "backButton"))
         tryCompare(cover, "visible", false)
         verify(!view.isUserGuideForQuietonPresented)
         verify(view.isReadUserGuide)
