@@ -180,7 +180,8 @@ Page {
                         visible: !settingView.isReadUserGuide
                         source: "qrc:/Quieton/icons/exclamationmark.circle.svg"
                         color: settingView.destructive
-                        sourceSize: Qt.size(22, 22)
+                        sourceSize.width: 22
+                        sourceSize.height: 22
                         Accessible.role: Accessible.Graphic
                         Accessible.name: qsTr("Not read yet")
                     }
@@ -350,7 +351,7 @@ Page {
                 objectName: "countryCancelButton"
                 text: qsTr("Cancel")
                 flat: true
-                DialogButtonBox.buttonRole: DialogButtonBox.RejectRole
+                onClicked: countryDialog.close()
             }
         }
     }
@@ -389,7 +390,7 @@ Page {
                 text: qsTr("Cancel")
                 flat: true
                 font.bold: true
-                DialogButtonBox.buttonRole: DialogButtonBox.RejectRole
+                onClicked: choiceDialog.close()
             }
         }
     }
@@ -406,14 +407,13 @@ Page {
                 text: qsTr("Cancel")
                 flat: true
                 font.bold: true
-                DialogButtonBox.buttonRole: DialogButtonBox.RejectRole
+                onClicked: resetDialog.close()
             }
             Button {
                 objectName: "resetConfirmButton"
                 text: qsTr("Reset")
                 flat: true
                 Material.foreground: settingView.destructive
-                DialogButtonBox.buttonRole: DialogButtonBox.DestructiveRole
                 onClicked: {
                     settingView.vm.resetSettings()
                     resetDialog.close()
@@ -434,14 +434,13 @@ Page {
                 text: qsTr("Cancel")
                 flat: true
                 font.bold: true
-                DialogButtonBox.buttonRole: DialogButtonBox.RejectRole
+                onClicked: clearAllDialog.close()
             }
             Button {
                 objectName: "clearAllConfirmButton"
                 text: qsTr("Clear All")
                 flat: true
                 Material.foreground: settingView.destructive
-                DialogButtonBox.buttonRole: DialogButtonBox.DestructiveRole
                 onClicked: {
                     settingView.vm.clearAll()
                     clearAllDialog.close()
@@ -480,7 +479,7 @@ Page {
         Layout.topMargin: 14
         font.pixelSize: 13
         font.capitalization: Font.AllUppercase
-        color: settingView.secondaryText
+        color: "#6C6C70"
         Accessible.role: Accessible.Heading
     }
 
@@ -510,20 +509,20 @@ Page {
         default property alias trailing: trailingItems.data
 
         Layout.fillWidth: true
-        implicitHeight: Math.max(48, rowContent.implicitHeight + 16)
+        implicitHeight: Math.max(48, implicitContentHeight + 16)
         leftPadding: 16
         rightPadding: 12
         hoverEnabled: false
         Accessible.name: text
 
         contentItem: RowLayout {
-            id: rowContent
             spacing: 10
             IconImage {
                 visible: row.iconName.length > 0
                 source: row.iconName.length > 0 ? "qrc:/Quieton/icons/" + row.iconName + ".svg" : ""
-                sourceSize: Qt.size(20, 20)
-                color: settingView.tint
+                sourceSize.width: 20
+                sourceSize.height: 20
+                color: "#007AFF"
             }
             Label {
                 text: row.text
@@ -536,7 +535,7 @@ Page {
                 objectName: "detail"
                 visible: row.detail.length > 0
                 text: row.detail
-                color: settingView.secondaryText
+                color: "#6C6C70"
                 font.pixelSize: 16
                 horizontalAlignment: Text.AlignRight
                 elide: Text.ElideLeft
@@ -550,7 +549,8 @@ Page {
             IconImage {
                 visible: row.chevron
                 source: "qrc:/Quieton/icons/chevron.right.svg"
-                sourceSize: Qt.size(14, 14)
+                sourceSize.width: 14
+                sourceSize.height: 14
                 color: "#C7C7CC"
             }
         }
@@ -561,7 +561,7 @@ Page {
             anchors.right: parent.right
             anchors.bottom: parent.bottom
             height: 1
-            color: settingView.separatorColor
+            color: "#D1D1D6"
         }
     }
 
@@ -588,7 +588,7 @@ Page {
             anchors.right: parent.right
             anchors.bottom: parent.bottom
             height: 1
-            color: settingView.separatorColor
+            color: "#D1D1D6"
         }
     }
 
@@ -599,7 +599,7 @@ Page {
 
         parent: Overlay.overlay
         anchors.centerIn: parent
-        width: Math.min(settingView.width - 48, 360)
+        width: Math.min(parent ? parent.width - 48 : 312, 360)
         modal: true
         closePolicy: Popup.CloseOnEscape
         topPadding: 0
@@ -630,7 +630,7 @@ Page {
         id: cover
         property bool presented: false
         property alias sourceComponent: coverLoader.sourceComponent
-        readonly property Item view: coverLoader.item
+        readonly property var view: coverLoader.item
         signal dismiss()
 
         parent: Overlay.overlay
@@ -645,7 +645,8 @@ Page {
         onClosed: dismiss()
         background: Rectangle { color: "white" }
 
-        contentItem: ColumnLayout {
+        ColumnLayout {
+            anchors.fill: parent
             spacing: 0
             ToolBar {
                 Layout.fillWidth: true
@@ -654,7 +655,7 @@ Page {
                 ToolButton {
                     objectName: "coverBackButton"
                     icon.source: "qrc:/Quieton/icons/chevron.left.svg"
-                    icon.color: settingView.tint
+                    icon.color: "#007AFF"
                     Accessible.name: qsTr("Back")
                     onClicked: cover.close()
                 }
