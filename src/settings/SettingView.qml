@@ -14,7 +14,8 @@ Page {
     objectName: "settingView"
 
     readonly property SettingViewModel vm: SettingViewModel { }
-    readonly property CheckUpdate checkNewVersionService: CheckUpdate
+    // The shared update checker; tests hand in one of their own.
+    property CheckUpdate checkNewVersionService: CheckUpdate
     readonly property Service service: Service
 
     property bool showingPrefixEditManually: false

@@ -1,8 +1,10 @@
 // The settings screen in a real QML view, on the app's settings file and
 // history database in a temporary home; the system's URL opener and the
 // share operation are replaced by recording ones.
+#include "CheckUpdate.h"
 #include "HistoryCallDataService.h"
 #include "JsonFileKeyValueStore.h"
+#include "LoopbackHttpServer.h"
 #include "Platform.h"
 #include "RecordingUrlOpener.h"
 #include "TestHome.h"
@@ -10,8 +12,11 @@
 #include "UserDefaultsService.h"
 
 #include <QDir>
+#include <QGuiApplication>
+#include <QWindow>
 #include <QQmlContext>
 #include <QQmlEngine>
+#include <QTemporaryDir>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
@@ -63,6 +68,56 @@ private:
     RecordingSharer *m_sharer;
 };
 
+// Update checkers that ask a store lookup service on loopback, which always
+// knows a newer version than the one in their information file.
+class Store : public QObject
+{
+    Q_OBJECT
+public:
+    Store()
+    {
+        m_server.answer(QByteArrayLiteral(
+                "{\"resultCount\": 1, \"results\": [{\"version\": \"9.9\", "
+                "\"trackViewUrl\": \"https://store.example/app\", \"price\": 0}]}"));
+        QFile info(m_folder.filePath(QStringLiteral("Info.plist")));
+        info.open(QIODevice::WriteOnly);
+        info.write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">\n<dict>\n"
+                   "<key>CFBundleIdentifier</key><string>app.test.Quieton</string>\n"
+                   "<key>CFBundleShortVersionString</key><string>1.0</string>\n</dict>\n</plist>\n");
+    }
+
+    // A checker whose store page is `storePage`, its check started.
+    Q_INVOKABLE CheckUpdate *checkerWithStorePage(const QString &storePage)
+    {
+        auto *checker = new CheckUpdate({ m_server.origin(), m_server.origin(), QStringLiteral("123"),
+                                          QStringLiteral("abc"), storePage,
+                                          m_folder.filePath(QStringLiteral("Info.plist")) },
+                                        this);
+        checker->checkForUpdate(true, false);
+        return checker;
+    }
+
+    // The update alerts the checkers put up on the test's window.
+    Q_INVOKABLE int updateAlerts() const { return int(alerts().size()); }
+    Q_INVOKABLE void closeUpdateAlerts()
+    {
+        for (QObject *alert : alerts())
+            QMetaObject::invokeMethod(alert, "close");
+    }
+
+private:
+    static QList<QObject *> alerts()
+    {
+        QList<QObject *> found;
+        for (QWindow *window : QGuiApplication::topLevelWindows())
+            found += window->findChildren<QObject *>(QStringLiteral("appUpdateAlert"));
+        return found;
+    }
+
+    QTemporaryDir m_folder;
+    LoopbackHttpServer m_server;
+};
+
 class Setup : public QObject
 {
     Q_OBJECT
@@ -85,6 +140,7 @@ public slots:
     {
         engine->addImportPath(QStringLiteral("qrc:/"));
         engine->rootContext()->setContextProperty(QStringLiteral("disk"), new Disk(m_opener, m_sharer));
+        engine->rootContext()->setContextProperty(QStringLiteral("store"), new Store);
     }
 };
 

@@ -349,6 +349,38 @@ TestCase {
         }
     }
 
+    // Closes the update alert the checker puts up on the window.
+    function closeUpdateAlert() {
+        tryVerify(() => store.updateAlerts() > 0)
+        store.closeUpdateAlerts()
+        tryVerify(() => store.updateAlerts() === 0)
+    }
+
+    function test_updateNowOpensTheStorePage() {
+        const view = createView()
+        const updateNow = button(view, "updateNowButton")
+        const page = "https://store.example/br/app/quieton/id123?uo=4"
+        const checker = store.checkerWithStorePage(page)
+        view.checkNewVersionService = checker
+        verify(!updateNow.visible)
+        tryCompare(checker, "isNeedUpdate", true, 10000)
+        verify(updateNow.visible)
+        compare(updateNow.text, "Update Now")
+        closeUpdateAlert()
+        const before = disk.openedUrls().length
+        tapRow(view, "updateNowButton")
+        compare(disk.openedUrls().length, before + 1)
+        compare(disk.openedUrls()[before], page)
+
+        // A store page that is not a valid address opens nothing.
+        const broken = store.checkerWithStorePage("https://store example/app")
+        view.checkNewVersionService = broken
+        tryCompare(broken, "isNeedUpdate", true, 10000)
+        closeUpdateAlert()
+        tapRow(view, "updateNowButton")
+        compare(disk.openedUrls().length, before + 1)
+    }
+
     function test_updateNowOnlyWhileAnUpdateIsDue() {
         Qt.application.version = "3.1.4"
         const view = createView()
