@@ -243,7 +243,11 @@ Page {
         position: PopupLayout.Center
         appearFrom: PopupLayout.FromBottom
         isPresented: settingView.showingPrefixEditManually
-        onIsPresentedChanged: settingView.showingPrefixEditManually = isPresented
+        onIsPresentedChanged: {
+            settingView.showingPrefixEditManually = isPresented
+            if (isPresented)
+                prefixField.forceActiveFocus()
+        }
 
         Flickable {
             id: editorScroll

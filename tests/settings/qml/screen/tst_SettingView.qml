@@ -99,6 +99,7 @@ TestCase {
         const field = button(view, "prefixField")
         const rule = button(view, "prefixRuleText")
         tryCompare(field, "visible", true)
+        verify(field.activeFocus)
         compare(field.placeholderText, "Enter your Prefix")
         verify(!rule.visible)
 
