@@ -1,11 +1,12 @@
 // The settings screen in a real QML view, on the app's settings file and
-// history database in a temporary home; the system's URL opener and the
-// share operation are replaced by recording ones.
+// history database in a temporary home; the system's URL opener, the share
+// operation and the telephony are replaced by recording ones.
 #include "CheckUpdate.h"
 #include "HistoryCallDataService.h"
 #include "JsonFileKeyValueStore.h"
 #include "LoopbackHttpServer.h"
 #include "Platform.h"
+#include "RecordingTelephony.h"
 #include "RecordingUrlOpener.h"
 #include "TestHome.h"
 #include "TextSharer.h"
@@ -36,7 +37,10 @@ class Disk : public QObject
 {
     Q_OBJECT
 public:
-    Disk(RecordingUrlOpener *opener, RecordingSharer *sharer) : m_opener(opener), m_sharer(sharer) { }
+    Disk(RecordingUrlOpener *opener, RecordingSharer *sharer, RecordingTelephony *telephony)
+        : m_opener(opener), m_sharer(sharer), m_telephony(telephony)
+    {
+    }
 
     // A value of the standard suite as the settings file holds it now.
     Q_INVOKABLE QVariant setting(const QString &key) const
@@ -62,10 +66,13 @@ public:
     }
     Q_INVOKABLE int systemSettingsOpened() const { return m_opener->systemSettingsOpened; }
     Q_INVOKABLE int sharedCount() const { return int(m_sharer->shared.size()); }
+    // The last dial string the telephony was asked to call.
+    Q_INVOKABLE QString lastDialled() const { return m_telephony->opened.value(m_telephony->opened.size() - 1); }
 
 private:
     RecordingUrlOpener *m_opener;
     RecordingSharer *m_sharer;
+    RecordingTelephony *m_telephony;
 };
 
 // Update checkers that ask a store lookup service on loopback, which always
@@ -123,6 +130,7 @@ class Setup : public QObject
     Q_OBJECT
     RecordingUrlOpener *m_opener = nullptr;
     RecordingSharer *m_sharer = nullptr;
+    RecordingTelephony *m_telephony = nullptr;
 
 public slots:
     void applicationAvailable()
@@ -134,12 +142,15 @@ public slots:
         auto sharer = std::make_unique<RecordingSharer>();
         m_sharer = sharer.get();
         Platform::setSharer(std::move(sharer));
+        auto telephony = std::make_unique<RecordingTelephony>();
+        m_telephony = telephony.get();
+        Platform::setTelephony(std::move(telephony));
         UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
     }
     void qmlEngineAvailable(QQmlEngine *engine)
     {
         engine->addImportPath(QStringLiteral("qrc:/"));
-        engine->rootContext()->setContextProperty(QStringLiteral("disk"), new Disk(m_opener, m_sharer));
+        engine->rootContext()->setContextProperty(QStringLiteral("disk"), new Disk(m_opener, m_sharer, m_telephony));
         engine->rootContext()->setContextProperty(QStringLiteral("store"), new Store);
     }
 };

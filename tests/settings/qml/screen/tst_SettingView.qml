@@ -12,6 +12,10 @@ TestCase {
     visible: true
 
     Component {
+        id: mainComponent
+        MainView { anchors.fill: parent }
+    }
+    Component {
         id: settingComponent
         SettingView { anchors.fill: parent }
     }
@@ -387,5 +391,40 @@ TestCase {
         const view = createView()
         compare(button(view, "updateNowButton").visible, CheckUpdate.isNeedUpdate)
         compare(findChild(button(view, "versionRow"), "detail").text, "3.1.4")
+    }
+
+    // What the settings tab changes, the dialler uses for the next call.
+    function test_dialerUsesWhatTheSettingsTabChanged() {
+        Service.callFailed = false
+        const main = createTemporaryObject(mainComponent, testCase)
+        main.vm.selectedTab = 3
+        const view = findChild(main, "settingView")
+        verify(view)
+        waitForRendering(view)
+        const countries = openCountryList(view)
+        mouseClick(countryButton(view, "Japan"))
+        tryCompare(countries, "visible", false)
+        compare(disk.setting("prefix"), "184")
+        tapRow(view, "autoSaveToHistoryToggle")
+        compare(disk.setting("saveToHistory"), false)
+
+        main.vm.selectedTab = 0
+        const dialer = findChild(main, "dialerView")
+        verify(dialer)
+        waitForRendering(dialer)
+        verify(dialer.vm.toggleHiddenNumber)
+        verify(!dialer.vm.toggleSaveToHistory)
+        for (const c of "0612")
+            mouseClick(findChild(dialer, "key" + c))
+        mouseClick(findChild(dialer, "callButton"))
+        compare(disk.lastDialled(), "1840612")
+
+        // Hide-my-number off in settings: the next call goes without a prefix.
+        main.vm.selectedTab = 3
+        tapRow(view, "autoHiddenNumberToggle")
+        main.vm.selectedTab = 0
+        verify(!dialer.vm.toggleHiddenNumber)
+        mouseClick(findChild(dialer, "callButton"))
+        compare(disk.lastDialled(), "0612")
     }
 }
