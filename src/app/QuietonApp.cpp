@@ -50,9 +50,11 @@ QuietonApp *QuietonApp::create(QQmlEngine *, QJSEngine *)
 
 void QuietonApp::startUpdateCheckAfterFirstFrame()
 {
+    // The app's window is its ApplicationWindow; views that merely host some
+    // of its screens (tests, tools) start no check.
     for (QWindow *window : QGuiApplication::topLevelWindows()) {
         auto *quickWindow = qobject_cast<QQuickWindow *>(window);
-        if (!quickWindow)
+        if (!quickWindow || !quickWindow->inherits("QQuickApplicationWindow"))
             continue;
         connect(quickWindow, &QQuickWindow::frameSwapped, this,
                 [] { CheckUpdate::shared()->checkForUpdate(true, false); },

@@ -55,7 +55,7 @@ signals:
 
 private:
     // Starts the update check after the first frame of the app's window; an
-    // app without a window does not check.
+    // app without its window does not check.
     void startUpdateCheckAfterFirstFrame();
 
     AppDelegate m_appDelegate;

@@ -1,4 +1,5 @@
 #include "BuildConfig.h"
+#include "HistoryCallDataService.h"
 #include "QuietonApp.h"
 #include "SingleInstance.h"
 
@@ -53,12 +54,22 @@ void reportStartup(QQmlApplicationEngine &engine)
         if (std::exchange(seen, true))
             return;
         const qint64 frame = monotonicNs();
-        QTimer::singleShot(0, [frame] {
-            const qint64 idle = monotonicNs();
-            std::printf("startup-report window_ns=%lld idle_ns=%lld rss_kib=%s\n", frame, idle, residentKib().constData());
-            std::fflush(stdout);
-            QCoreApplication::quit();
-        });
+        const auto reportWhenIdle = [frame] {
+            QTimer::singleShot(0, [frame] {
+                const qint64 idle = monotonicNs();
+                std::printf("startup-report window_ns=%lld idle_ns=%lld rss_kib=%s\n", frame, idle,
+                            residentKib().constData());
+                std::fflush(stdout);
+                QCoreApplication::quit();
+            });
+        };
+        // Idle also means the call history has been read in.
+        HistoryCallDataService *history = HistoryCallDataService::shared();
+        if (history->isFetchingInBackground())
+            QObject::connect(history, &HistoryCallDataService::savedEntitiesChanged, history, reportWhenIdle,
+                             Qt::SingleShotConnection);
+        else
+            reportWhenIdle();
     }, Qt::QueuedConnection);
 }
 

@@ -6,12 +6,18 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJSEngine>
+#include <QThreadPool>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QTextStream>
 
 #include <algorithm>
+#include <vector>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace {
 
@@ -47,6 +53,26 @@ QString readText(const QVariant &value)
     return value.isNull() ? QString() : value.toString();
 }
 
+// Calls repeat the same names and numbers: equal texts share one copy. A
+// fixed table of recent texts, indexed by hash, keeps the cost of a lookup
+// flat however many different texts a history holds.
+class TextPool
+{
+public:
+    QString share(QString text)
+    {
+        if (text.isEmpty())
+            return text;
+        QString &slot = m_slots[qHash(text) % m_slots.size()];
+        if (slot != text)
+            slot = std::move(text);
+        return slot;
+    }
+
+private:
+    std::vector<QString> m_slots = std::vector<QString>(1 << 16);
+};
+
 HistoryData readRecord(const QSqlQuery &query)
 {
     HistoryData r;
@@ -69,7 +95,8 @@ void log(const QString &line)
 HistoryCallDataService *HistoryCallDataService::shared()
 {
     static HistoryCallDataService *const instance = new HistoryCallDataService(
-        Platform::dataDirectory() + QLatin1Char('/') + QLatin1StringView(containerName) + QStringLiteral(".sqlite"));
+        Platform::dataDirectory() + QLatin1Char('/') + QLatin1StringView(containerName) + QStringLiteral(".sqlite"),
+        FirstFetch::InBackground);
     return instance;
 }
 
@@ -80,7 +107,7 @@ HistoryCallDataService *HistoryCallDataService::create(QQmlEngine *, QJSEngine *
     return instance;
 }
 
-HistoryCallDataService::HistoryCallDataService(const QString &databasePath, QObject *parent)
+HistoryCallDataService::HistoryCallDataService(const QString &databasePath, FirstFetch firstFetch, QObject *parent)
     : QObject(parent),
       m_databasePath(databasePath),
       m_connectionName(QStringLiteral("HistoryCallDataService-%1").arg(quintptr(this), 0, 16)),
@@ -95,12 +122,93 @@ HistoryCallDataService::HistoryCallDataService(const QString &databasePath, QObj
         if (loadStore(retryError) != LoadResult::Loaded)
             log(QStringLiteral("## Error loading Core data :") + retryError);
     }
-    fetchHistory();
+    if (firstFetch == FirstFetch::InBackground && m_loaded)
+        startBackgroundFetch();
+    else
+        fetchHistory();
 }
 
 HistoryCallDataService::~HistoryCallDataService()
 {
+    if (m_backgroundFetch.valid())
+        m_backgroundFetch.wait();
     closeStore();
+}
+
+HistoryCallDataService::FetchResult HistoryCallDataService::readAllRecords(const QString &databasePath)
+{
+    FetchResult result;
+    const QString connection = QStringLiteral("HistoryCallDataService-reader-%1").arg(quintptr(&result), 0, 16);
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
+        db.setDatabaseName(databasePath);
+        db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY;QSQLITE_BUSY_TIMEOUT=5000"));
+        QSqlQuery query(db);
+        query.setForwardOnly(true);
+        bool ok = db.open() && query.exec(QStringLiteral("SELECT count(*) FROM HistoryData")) && query.next();
+        if (ok)
+            result.rows.reserve(query.value(0).toLongLong());
+        ok = ok && query.exec(selectColumns + QStringLiteral(" ORDER BY rowid"));
+        TextPool pool;
+        while (ok && query.next()) {
+            HistoryData record = readRecord(query);
+            record.firstName = pool.share(std::move(record.firstName));
+            record.lastName = pool.share(std::move(record.lastName));
+            record.telephone = pool.share(std::move(record.telephone));
+            result.rows.append(std::move(record));
+        }
+        if (!ok || query.lastError().isValid()) {
+            result.error = describe(query.lastError().isValid() ? query.lastError() : db.lastError());
+            result.rows.clear();
+        } else {
+            result.ok = true;
+        }
+        query = QSqlQuery();
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(connection);
+    return result;
+}
+
+void HistoryCallDataService::startBackgroundFetch()
+{
+    QString error;
+    if (!readDataVersion(m_versionBeforeBackgroundFetch, error)) {
+        fetchHistory();
+        return;
+    }
+    // The worker asks for the records to be published before it finishes;
+    // the destructor waits for it, so the request never outlives the store
+    // (Qt drops events posted to an object that is gone).
+    auto task = std::make_shared<std::packaged_task<FetchResult()>>([this, path = m_databasePath] {
+        FetchResult result = readAllRecords(path);
+        QMetaObject::invokeMethod(this, &HistoryCallDataService::waitForBackgroundFetch, Qt::QueuedConnection);
+        return result;
+    });
+    m_backgroundFetch = task->get_future();
+    QThreadPool::globalInstance()->start([task] { (*task)(); });
+}
+
+void HistoryCallDataService::waitForBackgroundFetch()
+{
+    if (!m_backgroundFetch.valid())
+        return;
+    FetchResult result = m_backgroundFetch.get();
+    if (!result.ok) {
+        log(QStringLiteral("## Error fetch: ") + result.error);
+        return;
+    }
+    // The rows are the table as it is now if no other connection wrote
+    // since this one opened (the worker read after that).
+    qint64 version = 0;
+    QString error;
+    const bool unchanged = readDataVersion(version, error) && version == m_versionBeforeBackgroundFetch;
+    publishAll(std::move(result.rows), version);
+    m_inSync = unchanged;
+#ifdef __GLIBC__
+    // The read left the worker's heap full of freed query buffers; hand them back.
+    malloc_trim(0);
+#endif
 }
 
 QSqlDatabase HistoryCallDataService::database() const
@@ -140,8 +248,11 @@ HistoryCallDataService::LoadResult HistoryCallDataService::loadStore(QString &er
     // conversion; an existing file keeps the encoding it has.
     bool ok = run(QStringLiteral("PRAGMA encoding = 'UTF-16le'"));
     ok = ok && run(QStringLiteral("PRAGMA journal_mode=WAL"));
-    // Every committed record is on disk before saveData() returns.
-    ok = ok && run(QStringLiteral("PRAGMA synchronous=FULL"));
+    // A commit reaches the operating system before saveData() returns, so a
+    // record survives the app being killed at any moment. The disk is synced
+    // at checkpoints rather than on every record (a sync costs milliseconds
+    // here): a power cut may lose the latest records, never the file.
+    ok = ok && run(QStringLiteral("PRAGMA synchronous=NORMAL"));
     ok = ok
         && run(QStringLiteral("CREATE TABLE IF NOT EXISTS HistoryData "
                               "(firstName TEXT, lastName TEXT, telephone TEXT, time TEXT, callHidden INTEGER)"));
@@ -237,6 +348,7 @@ void HistoryCallDataService::deleteObject(qint64 objectId)
 
 void HistoryCallDataService::saveData()
 {
+    waitForBackgroundFetch();
     QString error;
     if (!commitPending(error))
         log(QStringLiteral("## Error saving to core data ") + error);
@@ -315,6 +427,7 @@ bool HistoryCallDataService::commitPending(QString &error)
 
 void HistoryCallDataService::deleteAllHistory()
 {
+    waitForBackgroundFetch();
     QString error;
     bool ok = m_loaded;
     if (!ok) {
@@ -347,6 +460,7 @@ bool HistoryCallDataService::readDataVersion(qint64 &version, QString &error)
 
 void HistoryCallDataService::fetchHistory()
 {
+    waitForBackgroundFetch();
     if (!m_loaded) {
         // Nothing can be read: the list stays as it is (empty).
         return;
@@ -384,6 +498,12 @@ bool HistoryCallDataService::fullFetch(qint64 version, QString &error)
         m_inSync = false;
         return false;
     }
+    publishAll(std::move(rows), version);
+    return true;
+}
+
+void HistoryCallDataService::publishAll(QList<HistoryData> &&rows, qint64 version)
+{
     emit entitiesAboutToBeReset();
     m_savedEntities = std::move(rows);
     emit entitiesReset();
@@ -392,7 +512,6 @@ bool HistoryCallDataService::fullFetch(qint64 version, QString &error)
     m_deletedSinceFetch.clear();
     m_lowestInsertedSinceFetch = 0;
     emit savedEntitiesChanged();
-    return true;
 }
 
 bool HistoryCallDataService::incrementalFetch(QString &error)

@@ -9,6 +9,7 @@
 #include <QtQml/qqmlregistration.h>
 
 #include <functional>
+#include <future>
 
 class QJSEngine;
 class QQmlEngine;
@@ -24,6 +25,11 @@ class QSqlError;
 // last fetchHistory() found it. A fetch re-reads the whole table only when it
 // cannot tell what changed: after saves of its own that only added or removed
 // known rows, with no other writer in between, it applies just those changes.
+//
+// The app's own store reads the file for the first time on a worker thread,
+// so that a long history never holds up the first frame; until that read is
+// in, savedEntities() is empty. Any operation that reads or writes the store
+// first waits for it, so its result is the same as with an immediate read.
 class HistoryCallDataService : public QObject
 {
     Q_OBJECT
@@ -39,8 +45,14 @@ public:
     static HistoryCallDataService *shared();
     static HistoryCallDataService *create(QQmlEngine *, QJSEngine *);
 
-    // A store on the SQLite file at `databasePath`, opened and fetched at once.
-    explicit HistoryCallDataService(const QString &databasePath, QObject *parent = nullptr);
+    enum class FirstFetch {
+        Immediate,   // the constructor reads the records
+        InBackground // a worker thread reads them; they are published when in
+    };
+
+    // A store on the SQLite file at `databasePath`, opened at once.
+    explicit HistoryCallDataService(const QString &databasePath, FirstFetch firstFetch = FirstFetch::Immediate,
+                                    QObject *parent = nullptr);
     ~HistoryCallDataService() override;
 
     const QList<HistoryData> &savedEntities() const { return m_savedEntities; }
@@ -50,6 +62,10 @@ public:
     bool isLoaded() const { return m_loaded; }
     // Whether staged changes wait for a save.
     bool hasPendingChanges() const { return !m_pending.isEmpty(); }
+    // Whether the first read of the records is still running.
+    bool isFetchingInBackground() const { return m_backgroundFetch.valid(); }
+    // Waits for the first read, if it still runs, and publishes its records.
+    void waitForBackgroundFetch();
 
     Q_INVOKABLE void fetchHistory();
     // Records a call made now, saves and fetches.
@@ -84,6 +100,13 @@ private:
         HistoryData record; // for a delete, only objectId counts
     };
     enum class LoadResult { Loaded, Unreadable, Failed };
+    struct FetchResult
+    {
+        bool ok = false;
+        QString error;
+        QList<HistoryData> rows;
+    };
+    static FetchResult readAllRecords(const QString &databasePath);
 
     QSqlDatabase database() const;
     LoadResult loadStore(QString &error);
@@ -92,6 +115,8 @@ private:
     bool commitPending(QString &error);
     bool readDataVersion(qint64 &version, QString &error);
     bool fullFetch(qint64 version, QString &error);
+    void startBackgroundFetch();
+    void publishAll(QList<HistoryData> &&rows, qint64 version);
     bool incrementalFetch(QString &error);
 
     QString m_databasePath;
@@ -100,6 +125,8 @@ private:
     QList<HistoryData> m_savedEntities;
     QList<PendingChange> m_pending;
     std::function<QDateTime()> m_clock;
+    std::future<FetchResult> m_backgroundFetch;
+    qint64 m_versionBeforeBackgroundFetch = 0;
 
     // What savedEntities lacks compared with the table: valid while
     // m_inSync, i.e. since the last full read nobody but this object wrote

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
@@ -16,20 +17,17 @@ Page {
     property bool isShowingWebViewPrivacy: false
     readonly property Service service: Service
 
+    // Right-to-left languages read the screen mirrored.
+    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
     background: Rectangle { color: "#F2F2F7" }
 
     header: Item {
         implicitHeight: 56
-        ToolButton {
-            objectName: "backButton"
+        SheetBackButton {
             anchors.left: parent.left
             anchors.leftMargin: 8
             anchors.verticalCenter: parent.verticalCenter
-            icon.source: "qrc:/Quieton/icons/arrow.backward.circle.svg"
-            icon.width: 30
-            icon.height: 30
-            icon.color: "#007AFF"
-            Accessible.name: qsTr("Back")
             onClicked: aboutView.dismissRequested()
         }
     }

@@ -75,10 +75,25 @@ CheckUpdate::Config CheckUpdate::Config::fromBuild()
     };
 }
 
+namespace {
+CheckUpdate *&sharedSlot()
+{
+    static CheckUpdate *instance = nullptr;
+    return instance;
+}
+} // namespace
+
 CheckUpdate *CheckUpdate::shared()
 {
-    static CheckUpdate *const instance = new CheckUpdate(Config::fromBuild());
+    CheckUpdate *&instance = sharedSlot();
+    if (!instance)
+        instance = new CheckUpdate(Config::fromBuild());
     return instance;
+}
+
+void CheckUpdate::setShared(CheckUpdate *checker)
+{
+    sharedSlot() = checker;
 }
 
 CheckUpdate *CheckUpdate::create(QQmlEngine *, QJSEngine *)

@@ -53,6 +53,8 @@ public:
     };
 
     static CheckUpdate *shared();
+    // Test programs may install their own checker before first use.
+    static void setShared(CheckUpdate *checker);
     static CheckUpdate *create(QQmlEngine *, QJSEngine *);
 
     explicit CheckUpdate(Config config, QObject *parent = nullptr);

@@ -15,18 +15,18 @@ UpdateAlertPresenter *UpdateAlertPresenter::create(QQmlEngine *engine, QJSEngine
     return new UpdateAlertPresenter(engine);
 }
 
-bool UpdateAlertPresenter::showAppUpdateAlert(QQuickWindow *window, const QString &version, bool force,
+QObject *UpdateAlertPresenter::showAppUpdateAlert(QQuickWindow *window, const QString &version, bool force,
                                               const QString &appURL, bool isTestFlight)
 {
     if (!window || !window->contentItem())
-        return false;
+        return nullptr;
     // The engine that made the window's content makes the alert.
     QQmlEngine *engine = qmlEngine(window);
     const QList<QQuickItem *> content = window->contentItem()->childItems();
     for (qsizetype i = 0; !engine && i < content.size(); ++i)
         engine = qmlEngine(content.at(i));
     if (!engine)
-        return false;
+        return nullptr;
 
     QQmlComponent component(engine, QUrl(QStringLiteral("qrc:/Quieton/info/AppUpdateAlert.qml")));
     QObject *alert = component.createWithInitialProperties({
@@ -38,18 +38,18 @@ bool UpdateAlertPresenter::showAppUpdateAlert(QQuickWindow *window, const QStrin
     });
     if (!alert) {
         qWarning().noquote() << component.errorString();
-        return false;
+        return nullptr;
     }
     alert->setParent(window);
     QQmlEngine::setObjectOwnership(alert, QQmlEngine::JavaScriptOwnership);
     QMetaObject::invokeMethod(alert, "open");
-    return true;
+    return alert;
 }
 
-bool UpdateAlertPresenter::showAppUpdateAlertWithVersion(QQuickItem *screen, const QString &version, bool force,
+QObject *UpdateAlertPresenter::showAppUpdateAlertWithVersion(QQuickItem *screen, const QString &version, bool force,
                                                          const QString &appURL, bool isTestFlight)
 {
-    return screen && showAppUpdateAlert(screen->window(), version, force, appURL, isTestFlight);
+    return screen ? showAppUpdateAlert(screen->window(), version, force, appURL, isTestFlight) : nullptr;
 }
 
 void UpdateAlertPresenter::openAppURL(const QString &appURL)

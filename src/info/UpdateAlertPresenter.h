@@ -21,13 +21,14 @@ class UpdateAlertPresenter : public QObject
 public:
     static UpdateAlertPresenter *create(QQmlEngine *, QJSEngine *);
 
-    // Opens the alert over `window`'s content. Returns false, and shows
-    // nothing, when the window has no QML content to host it.
-    static bool showAppUpdateAlert(QQuickWindow *window, const QString &version, bool force, const QString &appURL,
+    // Opens the alert over `window`'s content and returns it (it removes
+    // itself once closed). Shows nothing, and returns null, when the window
+    // has no QML content to host it.
+    static QObject *showAppUpdateAlert(QQuickWindow *window, const QString &version, bool force, const QString &appURL,
                                    bool isTestFlight);
 
     // The same from a screen: the alert goes over the screen's window.
-    Q_INVOKABLE bool showAppUpdateAlertWithVersion(QQuickItem *screen, const QString &version, bool force,
+    Q_INVOKABLE QObject *showAppUpdateAlertWithVersion(QQuickItem *screen, const QString &version, bool force,
                                                    const QString &appURL, bool isTestFlight);
 
     // "Update Now": opens `appURL` when it is an address; anything else does nothing.

@@ -25,6 +25,7 @@ list(APPEND QUIETON_QML
     info/AppUpdateAlert.qml
     info/PageLinkRow.qml
     info/SendFeedBackView.qml
+    info/SheetBackButton.qml
 )
 list(APPEND QUIETON_RESOURCES
     ${CMAKE_CURRENT_BINARY_DIR}/generated/Info.plist

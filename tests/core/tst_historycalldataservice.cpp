@@ -345,6 +345,81 @@ private slots:
         QCOMPARE(store.savedEntities().size(), 2);
         QCOMPARE(store.savedEntities().constFirst().telephone, QStringLiteral("new"));
     }
+
+    void backgroundFirstReadPublishesTheSameRecords()
+    {
+        const QString path = freshPath();
+        {
+            HistoryCallDataService writer(path);
+            for (int i = 0; i < 2000; ++i)
+                writer.addHistory(QStringLiteral("Ann"), i % 2 ? QStringLiteral("Lee") : QString(),
+                                  QStringLiteral("06%1").arg(i % 7), i % 3 == 0);
+        }
+        const QList<HistoryData> expected = readBack(path);
+        QCOMPARE(expected.size(), 2000);
+
+        // Published on the event loop, as one reset, in file order.
+        {
+            HistoryCallDataService store(path, HistoryCallDataService::FirstFetch::InBackground);
+            HistoryListModel model(&store);
+            QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+            QSignalSpy published(&store, &HistoryCallDataService::savedEntitiesChanged);
+            QVERIFY(store.savedEntities().isEmpty() || !store.isFetchingInBackground());
+            QTRY_VERIFY(!store.isFetchingInBackground());
+            QCOMPARE(published.count(), 1);
+            QCOMPARE(store.savedEntities(), expected);
+            QCOMPARE(model.rowCount(), 2000);
+            store.addHistory(QStringLiteral("Next"), QString(), QStringLiteral("1"), false);
+            QCOMPARE(store.savedEntities().size(), 2001);
+            QCOMPARE(store.savedEntities(), readBack(path));
+        }
+
+        // A call recorded before the read is in lands after the stored ones.
+        {
+            HistoryCallDataService store(path, HistoryCallDataService::FirstFetch::InBackground);
+            store.addHistory(QStringLiteral("Early"), QString(), QStringLiteral("2"), true);
+            QVERIFY(!store.isFetchingInBackground());
+            QCOMPARE(store.savedEntities().size(), 2002);
+            QCOMPARE(store.savedEntities().constLast().firstName, QStringLiteral("Early"));
+            QCOMPARE(store.savedEntities(), readBack(path));
+        }
+
+        // Another program writing during the read is still seen by the next fetch.
+        {
+            HistoryCallDataService store(path, HistoryCallDataService::FirstFetch::InBackground);
+            OtherWriter other(path);
+            QVERIFY(other.exec(QStringLiteral("DELETE FROM HistoryData WHERE rowid % 2 = 0")));
+            store.fetchHistory();
+            QCOMPARE(store.savedEntities(), readBack(path));
+        }
+
+        // A store going away while its worker reads neither crashes nor leaks the request.
+        for (int i = 0; i < 20; ++i)
+            HistoryCallDataService(path, HistoryCallDataService::FirstFetch::InBackground);
+        QCoreApplication::processEvents();
+    }
+
+    void backgroundReadOfAnUnreadableTableLogsAndStaysEmpty()
+    {
+        const QString path = freshPath();
+        {
+            HistoryCallDataService writer(path);
+            writer.addHistory(QStringLiteral("A"), QString(), QStringLiteral("1"), true);
+        }
+        {
+            OtherWriter other(path);
+            // Something of that name that opens like the table but fails to read.
+            QVERIFY(other.exec(QStringLiteral("ALTER TABLE HistoryData RENAME TO Kept")));
+            QVERIFY(other.exec(QStringLiteral(
+                "CREATE VIEW HistoryData AS SELECT abs(-9223372036854775807 - 1) AS firstName, lastName, telephone, "
+                "time, callHidden FROM Kept")));
+        }
+        StdoutCapture out;
+        HistoryCallDataService store(path, HistoryCallDataService::FirstFetch::InBackground);
+        QTRY_VERIFY(!store.isFetchingInBackground());
+        QVERIFY(store.savedEntities().isEmpty());
+        QVERIFY2(startsWithLine(out.lines(), QStringLiteral("## Error fetch: ")), qPrintable(out.lines().join('\n')));
+    }
 };
 
 // The child of killedWriterKeepsItsRecord: adds one record, says so, waits to be killed.

@@ -68,9 +68,15 @@ TestCase {
         compare(findChild(view, "termsOfUseRow").chevronName, "chevron.right")
         compare(findChild(findChild(view, "privacyRow"), "chevron").source.toString(),
                 "qrc:/Quieton/icons/chevron.right.svg")
+        const leftToRightChevron = findChild(findChild(view, "privacyRow"), "chevron")
+        verify(leftToRightChevron.mapToItem(view, 0, 0).x > view.width / 2)
         desktop.setRightToLeft(true)
         view = createAbout()
         compare(findChild(view, "privacyRow").chevronName, "chevron.left")
+        // The whole row reads the other way: the chevron sits at the left.
+        verify(findChild(findChild(view, "privacyRow"), "chevron").mapToItem(view, 0, 0).x < view.width / 2)
+        verify(findChild(view, "backButton").mapToItem(view, 0, 0).x > view.width / 2)
+        verify(findChild(view, "backButton").contentItem.mirror) // pointing right, the way back
         compare(findChild(findChild(view, "termsOfUseRow"), "chevron").source.toString(),
                 "qrc:/Quieton/icons/chevron.left.svg")
     }
