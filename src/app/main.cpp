@@ -1,3 +1,4 @@
+#include "BuildConfig.h"
 #include "HistoryCallDataService.h"
 #include "QuietonApp.h"
 #include "SingleInstance.h"
@@ -79,6 +80,7 @@ int main(int argc, char *argv[])
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("quieton"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Quieton"));
+    QGuiApplication::setApplicationVersion(QStringLiteral(QUIETON_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("quieton"));
 
     QCommandLineParser arguments;

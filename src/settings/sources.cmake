@@ -1,4 +1,15 @@
+list(APPEND QUIETON_SOURCES
+    settings/SettingViewModel.cpp settings/SettingViewModel.h
+    settings/UserGuideForQuietonViewModel.cpp settings/UserGuideForQuietonViewModel.h
+    settings/WelcomeViewModel.cpp settings/WelcomeViewModel.h
+)
 list(APPEND QUIETON_QML
     settings/SettingView.qml
+    settings/UserGuideForQuietonView.qml
     settings/WelcomeView.qml
+)
+list(APPEND QUIETON_RESOURCES
+    settings/images/onboarding-welcome.svg
+    settings/images/onboarding-contacts.svg
+    settings/images/onboarding-history.svg
 )

@@ -1,0 +1,130 @@
+// Speed of the settings tab: building its model and its screen (done when
+// the tab is first shown), and the work behind each tap: a country with one
+// prefix, a country with several and the choice rows, a typed prefix, a
+// switch, reset. Settings go to a real settings file in a temporary home.
+// Prints medians; the target is in the output.
+#include "SettingViewModel.h"
+#include "UserDefaultsService.h"
+
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickStyle>
+#include <QTemporaryDir>
+#include <QTextStream>
+#include <QtQml/qqmlextensionplugin.h>
+
+#include <algorithm>
+#include <ctime>
+#include <functional>
+
+Q_IMPORT_QML_PLUGIN(QuietonPlugin)
+
+namespace {
+
+constexpr double tapTargetMs = 2.0;
+
+QTextStream &out()
+{
+    static QTextStream stream(stdout);
+    return stream;
+}
+
+double cpuMs()
+{
+    timespec now{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    return double(now.tv_sec) * 1e3 + double(now.tv_nsec) / 1e6;
+}
+
+double median(QList<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+// Median wall-clock and processor milliseconds of `rounds` runs of `work`;
+// the difference is mostly waiting for the disk to confirm a settings write.
+struct Timing
+{
+    double wallMs;
+    double cpuMs;
+};
+
+Timing medianMs(int rounds, const std::function<void(int)> &work)
+{
+    QList<double> wall;
+    QList<double> cpu;
+    for (int i = 0; i < rounds; ++i) {
+        QElapsedTimer timer;
+        const double cpuStart = cpuMs();
+        timer.start();
+        work(i);
+        wall.append(double(timer.nsecsElapsed()) / 1e6);
+        cpu.append(cpuMs() - cpuStart);
+    }
+    return { median(wall), median(cpu) };
+}
+
+// The target applies to the processor time: the work a tap costs.
+void report(const QString &what, Timing timing, double target)
+{
+    out() << what << ": median " << QString::number(timing.wallMs, 'f', 3) << " ms wall, "
+          << QString::number(timing.cpuMs, 'f', 3) << " ms cpu";
+    if (target > 0)
+        out() << " (target < " << target << " ms cpu" << (timing.cpuMs < target ? ", ok" : ", OVER") << ")";
+    out() << Qt::endl;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", (home.path() + QStringLiteral("/config")).toUtf8());
+    qputenv("XDG_DATA_HOME", (home.path() + QStringLiteral("/data")).toUtf8());
+    QGuiApplication app(argc, argv);
+    QQuickStyle::setStyle(QStringLiteral("Material"));
+    UserDefaultsService::shared();
+
+    report(QStringLiteral("model creation"), medianMs(50, [](int) { SettingViewModel vm; }), 0);
+
+    SettingViewModel vm;
+    // Catalogue lookups print their log line; keep it out of the numbers' way.
+    report(QStringLiteral("tap: country with one prefix (stores it)"),
+           medianMs(200, [&](int i) { vm.selectCountry(i % 2 ? QStringLiteral("Japan") : QStringLiteral("China")); }),
+           tapTargetMs);
+    report(QStringLiteral("tap: country with several prefixes + choice rows"), medianMs(200, [&](int) {
+               vm.selectCountry(QStringLiteral("Brazil"));
+               vm.prefixChoices();
+           }),
+           tapTargetMs);
+    report(QStringLiteral("tap: choose a prefix row"),
+           medianMs(200, [&](int i) { vm.choosePrefix(i % 2 ? QStringLiteral("*31*") : QStringLiteral("#31#")); }),
+           tapTargetMs);
+    report(QStringLiteral("tap: OK on a refused typed prefix"),
+           medianMs(200, [&](int) { vm.saveManualPrefix(QStringLiteral("#31 #")); }), tapTargetMs);
+    report(QStringLiteral("tap: OK on an accepted typed prefix"),
+           medianMs(200, [&](int i) { vm.saveManualPrefix(i % 2 ? QStringLiteral("*82") : QStringLiteral("#31#")); }),
+           tapTargetMs);
+    report(QStringLiteral("tap: sort switch (writes the order, clears two)"),
+           medianMs(200, [&](int i) { i % 2 ? vm.setAutoSortByTelephone(true) : vm.setAutoSortByLastName(true); }),
+           tapTargetMs);
+    report(QStringLiteral("tap: Reset (six settings written)"), medianMs(100, [&](int) { vm.resetSettings(); }), 0);
+    report(QStringLiteral("country list rows"), medianMs(200, [&](int) { vm.countryList(); }), tapTargetMs);
+
+    QQmlEngine engine;
+    engine.addImportPath(QStringLiteral("qrc:/"));
+    QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/Quieton/settings/SettingView.qml")));
+    if (component.isError()) {
+        out() << component.errorString() << Qt::endl;
+        return 1;
+    }
+    report(QStringLiteral("settings screen creation (first show of the tab)"), medianMs(20, [&](int) {
+               delete component.create();
+           }),
+           0);
+    return 0;
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+class UserDefaultsService;
+
+// The onboarding: which of its pages is shown, and finishing it for good.
+class WelcomeViewModel : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(int selectedPage READ selectedPage WRITE setSelectedPage NOTIFY selectedPageChanged)
+    Q_PROPERTY(bool isFinishLaunch READ isFinishLaunch WRITE setIsFinishLaunch NOTIFY isFinishLaunchChanged)
+    Q_PROPERTY(int pageCount READ pageCount CONSTANT)
+
+public:
+    explicit WelcomeViewModel(QObject *parent = nullptr);
+
+    static int pageCount() { return 3; }
+
+    int selectedPage() const { return m_selectedPage; }
+    // Kept within the pages.
+    void setSelectedPage(int page);
+    bool isFinishLaunch() const { return m_isFinishLaunch; }
+    void setIsFinishLaunch(bool finished);
+
+    // "Next": the following page; nothing on the last one.
+    Q_INVOKABLE void next();
+    // "Get Started": onboarding is done and never shown again.
+    Q_INVOKABLE void completeFirstLaunch();
+
+    // How far along its way a page change is `seconds` after it started,
+    // from 0 to 1: a critically damped spring that answers in half a second.
+    Q_INVOKABLE static qreal springProgress(qreal seconds);
+    // How long the page change takes until it is within half a pixel on a
+    // page `distance` wide.
+    Q_INVOKABLE static int springDurationMs(qreal distance);
+
+signals:
+    void selectedPageChanged();
+    void isFinishLaunchChanged();
+
+private:
+    UserDefaultsService *m_defaultsService;
+    int m_selectedPage = 0;
+    bool m_isFinishLaunch = false;
+};

@@ -1,0 +1,211 @@
+import QtQuick
+import QtQuick.Controls
+import QtTest
+import Quieton
+
+// Every way a popup goes away, each reported once with its source and each
+// leaving the owner's flag lowered and its binding working.
+TestCase {
+    id: testCase
+    name: "PopupView"
+    width: 400
+    height: 800
+    when: windowShown
+    visible: true
+
+    Component {
+        id: ownerComponent
+        Item {
+            id: owner
+            anchors.fill: parent
+            property bool showing: false
+            property var sources: []
+            property alias popup: popup
+            property int underneathClicks: 0
+
+            Button {
+                objectName: "underneath"
+                x: 20
+                y: 400
+                text: "Underneath"
+                onClicked: owner.underneathClicks += 1
+            }
+
+            PopupView {
+                id: popup
+                isPresented: owner.showing
+                onIsPresentedChanged: owner.showing = popup.isPresented
+                onDismissed: (source) => { owner.sources = owner.sources.concat([source]) }
+                Rectangle {
+                    objectName: "body"
+                    implicitWidth: 200
+                    implicitHeight: 120
+                    color: "lightsteelblue"
+                }
+            }
+        }
+    }
+
+    function present(props) {
+        const owner = createTemporaryObject(ownerComponent, testCase)
+        verify(owner)
+        for (const key in props)
+            owner.popup[key] = props[key]
+        owner.showing = true
+        verify(owner.popup.shown)
+        // Settled at its place.
+        tryCompare(owner.popup.card, "offsetX", 0, 2000)
+        tryCompare(owner.popup.card, "offsetY", 0, 2000)
+        return owner
+    }
+
+    // A finger moved in steps, in window coordinates: the popup moves under it.
+    function drag(x, y, dx, dy) {
+        mousePress(testCase, x, y)
+        const steps = 10
+        for (let i = 1; i <= steps; ++i)
+            mouseMove(testCase, x + dx * i / steps, y + dy * i / steps)
+        mouseRelease(testCase, x + dx, y + dy)
+    }
+
+    function expectGone(owner, source) {
+        compare(owner.popup.isPresented, false)
+        compare(owner.showing, false)
+        compare(owner.sources, [source])
+        tryCompare(owner.popup, "shown", false, 2000)
+    }
+
+    function test_theOwnersFlagShowsAndHidesIt() {
+        const owner = present({})
+        const card = owner.popup.card
+        // A floating card of the content's size plus padding, in the middle.
+        compare(card.width, 240)
+        compare(card.height, 160)
+        compare(card.x, 80)
+        compare(card.y, 320)
+        owner.showing = false
+        expectGone(owner, PopupLayout.Binding)
+    }
+
+    function test_tapInsideOnlyWhenAllowed() {
+        const owner = present({ closeOnTap: false })
+        mouseClick(owner.popup.card)
+        wait(50)
+        verify(owner.popup.isPresented)
+        compare(owner.sources, [])
+
+        owner.popup.closeOnTap = true
+        mouseClick(owner.popup.card)
+        expectGone(owner, PopupLayout.TapInside)
+
+        // The owner's binding survived: raising its flag presents it again.
+        owner.showing = true
+        verify(owner.popup.isPresented)
+        verify(owner.popup.shown)
+    }
+
+    function test_tapOutsideOnlyWhenAllowed() {
+        const owner = present({ closeOnTapOutside: false, dragToDismiss: false })
+        mouseClick(testCase, 10, 10)
+        wait(50)
+        verify(owner.popup.isPresented)
+        compare(owner.underneathClicks, 0) // a floating popup keeps the window from touches
+
+        owner.popup.closeOnTapOutside = true
+        mouseClick(owner.popup.card) // inside is not outside, even where nothing takes the tap
+        wait(50)
+        verify(owner.popup.isPresented)
+        mouseClick(testCase, 10, 10)
+        expectGone(owner, PopupLayout.TapOutside)
+    }
+
+    function test_dragShortOfAThirdSpringsBack() {
+        const owner = present({ appearFrom: PopupLayout.FromBottom })
+        const card = owner.popup.card
+        // A third of 160 is 53.3: 45 points down is not enough.
+        drag(200, 400, 0, 45)
+        wait(50)
+        verify(owner.popup.isPresented)
+        compare(owner.sources, [])
+        tryCompare(card, "offsetY", 0, 3000)
+
+        // Upwards, away from its edge, it does not follow.
+        mousePress(testCase, 200, 400)
+        for (let i = 1; i <= 8; ++i)
+            mouseMove(testCase, 200, 400 - i * 10)
+        compare(card.offsetY, 0)
+        mouseRelease(testCase, 200, 320)
+        verify(owner.popup.isPresented)
+    }
+
+    function test_dragPastAThirdDismisses() {
+        const owner = present({ appearFrom: PopupLayout.FromTop, position: PopupLayout.Top })
+        const card = owner.popup.card
+        compare(card.y, 16)
+        drag(200, 100, 0, -70)
+        expectGone(owner, PopupLayout.Drag)
+    }
+
+    function test_dragSwitchedOff() {
+        const owner = present({ dragToDismiss: false })
+        drag(200, 400, 0, 120)
+        wait(50)
+        compare(owner.sources, [])
+        verify(owner.popup.isPresented)
+        compare(owner.popup.card.offsetY, 0)
+    }
+
+    function test_autohideAfterItsDelayOnly() {
+        const owner = present({})
+        wait(400)
+        verify(owner.popup.isPresented) // off by default
+
+        owner.showing = false
+        tryCompare(owner.popup, "shown", false, 2000)
+        owner.sources = []
+        owner.popup.autohideIn = 150
+        owner.showing = true
+        verify(owner.popup.isPresented)
+        tryCompare(owner, "showing", false, 2000)
+        expectGone(owner, PopupLayout.Autohide)
+    }
+
+    function test_toastSpansTheWidthAndLeavesTheWindowUsable() {
+        const owner = present({ type: PopupLayout.Toast, position: PopupLayout.Bottom, closeOnTapOutside: false })
+        mouseClick(findChild(owner, "underneath"))
+        compare(owner.underneathClicks, 1)
+        owner.popup.closeOnTapOutside = true
+        owner.underneathClicks = 0
+        const card = owner.popup.card
+        compare(card.width, 400 - 2 * 16)
+        compare(card.y, 800 - 16 - 160)
+        const underneath = findChild(owner, "underneath")
+        mouseClick(underneath)
+        compare(owner.underneathClicks, 1)
+        expectGone(owner, PopupLayout.TapOutside)
+    }
+
+    function test_fullScreenCoversTheWindow() {
+        const owner = present({ type: PopupLayout.FullScreen })
+        const card = owner.popup.card
+        compare(card.x, 0)
+        compare(card.y, 0)
+        compare(card.width, 400)
+        compare(card.height, 800)
+        const body = findChild(owner.popup.card, "body")
+        compare(body.width, 400)
+        compare(body.height, 800)
+        owner.showing = false
+        expectGone(owner, PopupLayout.Binding)
+    }
+
+    function test_slidesInFromItsEdge() {
+        const owner = createTemporaryObject(ownerComponent, testCase)
+        owner.popup.appearFrom = PopupLayout.FromLeading
+        owner.showing = true
+        const card = owner.popup.card
+        // It starts out of sight beyond the left edge and comes to rest.
+        verify(card.x + card.width <= 1)
+        tryCompare(card, "x", 80, 2000)
+    }
+}

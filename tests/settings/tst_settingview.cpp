@@ -1,0 +1,159 @@
+// The settings screen in a real QML view, on the app's settings file and
+// history database in a temporary home; the system's URL opener, the share
+// operation and the telephony are replaced by recording ones.
+#include "CheckUpdate.h"
+#include "HistoryCallDataService.h"
+#include "JsonFileKeyValueStore.h"
+#include "LoopbackHttpServer.h"
+#include "Platform.h"
+#include "RecordingTelephony.h"
+#include "RecordingUrlOpener.h"
+#include "TestHome.h"
+#include "TextSharer.h"
+#include "UserDefaultsService.h"
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QWindow>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QTemporaryDir>
+#include <QtQml/qqmlextensionplugin.h>
+#include <QtQuickTest>
+
+Q_IMPORT_QML_PLUGIN(QuietonPlugin)
+
+// A share operation that only remembers what it was given.
+class RecordingSharer : public TextSharer
+{
+    Q_OBJECT
+public:
+    QStringList shared;
+    void share(const QString &text) override { shared.append(text); }
+};
+
+// What the QML tests read from disk and from the recording platform parts.
+class Disk : public QObject
+{
+    Q_OBJECT
+public:
+    Disk(RecordingUrlOpener *opener, RecordingSharer *sharer, RecordingTelephony *telephony)
+        : m_opener(opener), m_sharer(sharer), m_telephony(telephony)
+    {
+    }
+
+    // A value of the standard suite as the settings file holds it now.
+    Q_INVOKABLE QVariant setting(const QString &key) const
+    {
+        auto file = JsonFileKeyValueStore::open(QDir(TestHome::configDirectory()).filePath(QStringLiteral("quieton.json")));
+        const auto value = file->object(key);
+        if (!value)
+            return {};
+        return std::visit([](const auto &v) { return QVariant::fromValue(v); }, *value);
+    }
+    // The number of call records in the history file, read afresh.
+    Q_INVOKABLE int storedCalls() const
+    {
+        HistoryCallDataService file(HistoryCallDataService::shared()->databasePath());
+        return int(file.savedEntities().size());
+    }
+    Q_INVOKABLE QVariantList openedUrls() const
+    {
+        QVariantList urls;
+        for (const QUrl &url : m_opener->opened)
+            urls.append(url.toString());
+        return urls;
+    }
+    Q_INVOKABLE int systemSettingsOpened() const { return m_opener->systemSettingsOpened; }
+    Q_INVOKABLE int sharedCount() const { return int(m_sharer->shared.size()); }
+    // The last dial string the telephony was asked to call.
+    Q_INVOKABLE QString lastDialled() const { return m_telephony->opened.value(m_telephony->opened.size() - 1); }
+
+private:
+    RecordingUrlOpener *m_opener;
+    RecordingSharer *m_sharer;
+    RecordingTelephony *m_telephony;
+};
+
+// Update checkers that ask a store lookup service on loopback, which always
+// knows a newer version than the one in their information file.
+class Store : public QObject
+{
+    Q_OBJECT
+public:
+    Store()
+    {
+        m_server.answer(QByteArrayLiteral(
+                "{\"resultCount\": 1, \"results\": [{\"version\": \"9.9\", "
+                "\"trackViewUrl\": \"https://store.example/app\", \"price\": 0}]}"));
+        QFile info(m_folder.filePath(QStringLiteral("Info.plist")));
+        info.open(QIODevice::WriteOnly);
+        info.write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">\n<dict>\n"
+                   "<key>CFBundleIdentifier</key><string>app.test.Quieton</string>\n"
+                   "<key>CFBundleShortVersionString</key><string>1.0</string>\n</dict>\n</plist>\n");
+    }
+
+    // A checker whose store page is `storePage`, its check started.
+    Q_INVOKABLE CheckUpdate *checkerWithStorePage(const QString &storePage)
+    {
+        auto *checker = new CheckUpdate({ m_server.origin(), m_server.origin(), QStringLiteral("123"),
+                                          QStringLiteral("abc"), storePage,
+                                          m_folder.filePath(QStringLiteral("Info.plist")) },
+                                        this);
+        checker->checkForUpdate(true, false);
+        return checker;
+    }
+
+    // The update alerts the checkers put up on the test's window.
+    Q_INVOKABLE int updateAlerts() const { return int(alerts().size()); }
+    Q_INVOKABLE void closeUpdateAlerts()
+    {
+        for (QObject *alert : alerts())
+            QMetaObject::invokeMethod(alert, "close");
+    }
+
+private:
+    static QList<QObject *> alerts()
+    {
+        QList<QObject *> found;
+        for (QWindow *window : QGuiApplication::topLevelWindows())
+            found += window->findChildren<QObject *>(QStringLiteral("appUpdateAlert"));
+        return found;
+    }
+
+    QTemporaryDir m_folder;
+    LoopbackHttpServer m_server;
+};
+
+class Setup : public QObject
+{
+    Q_OBJECT
+    RecordingUrlOpener *m_opener = nullptr;
+    RecordingSharer *m_sharer = nullptr;
+    RecordingTelephony *m_telephony = nullptr;
+
+public slots:
+    void applicationAvailable()
+    {
+        TestHome::use();
+        auto opener = std::make_unique<RecordingUrlOpener>();
+        m_opener = opener.get();
+        Platform::setUrlOpener(std::move(opener));
+        auto sharer = std::make_unique<RecordingSharer>();
+        m_sharer = sharer.get();
+        Platform::setSharer(std::move(sharer));
+        auto telephony = std::make_unique<RecordingTelephony>();
+        m_telephony = telephony.get();
+        Platform::setTelephony(std::move(telephony));
+        UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
+    }
+    void qmlEngineAvailable(QQmlEngine *engine)
+    {
+        engine->addImportPath(QStringLiteral("qrc:/"));
+        engine->rootContext()->setContextProperty(QStringLiteral("disk"), new Disk(m_opener, m_sharer, m_telephony));
+        engine->rootContext()->setContextProperty(QStringLiteral("store"), new Store);
+    }
+};
+
+QUICK_TEST_MAIN_WITH_SETUP(settingview, Setup)
+#include "tst_settingview.moc"

@@ -1,0 +1,33 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Quieton
+
+// A floating popup over the main screen.
+Item {
+    id: scene
+    Component.onCompleted: UserDefaultsService.setBool("hasCompletedFirstLaunch", true)
+    MainView { anchors.fill: parent }
+    PopupView {
+        id: popup
+        type: PopupLayout.Floating
+        position: PopupLayout.Center
+        ColumnLayout {
+            spacing: 12
+            Label { text: "Enter a prefix"; font.pixelSize: 20; font.bold: true }
+            Label {
+                text: "Type the code your carrier uses to withhold your number."
+                wrapMode: Text.Wrap
+                Layout.preferredWidth: 280
+                color: "#48484A"
+            }
+            TextField { text: "#31#"; Layout.fillWidth: true }
+            RowLayout {
+                Layout.alignment: Qt.AlignRight
+                Button { text: "Cancel"; flat: true }
+                Button { text: "Save"; highlighted: true }
+            }
+        }
+    }
+    property var steps: [[200, function() { popup.isPresented = true }]]
+}
