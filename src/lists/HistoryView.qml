@@ -1,5 +1,332 @@
 import QtQuick
 import QtQuick.Controls
+import QtQuick.Controls.impl
+import QtQuick.Layouts
+import Quieton
 
-// The history tab. Its list arrives with the history feature.
-Page { }
+// The history tab: the recorded calls with a search field, an edit mode for
+// deleting them, and the call-privacy question for calling a number again.
+// A call that cannot be placed from here ends silently: this screen has no
+// dialling-error alert.
+Page {
+    id: historyView
+    objectName: "historyView"
+
+    // Created with the screen, i.e. the first time the tab is shown.
+    readonly property HistoryViewModel vm: HistoryViewModel { }
+    readonly property Service service: Service
+    property bool editMode: false
+    property bool showingCallAlert: false
+    readonly property bool isInputActive: searchField.activeFocus
+
+    // Sizes follow the text size: a text set larger than the style's 16 px
+    // gets the roomier insets of the larger text categories.
+    readonly property real textScale: searchField.font.pixelSize > 0 ? searchField.font.pixelSize / 16 : 1
+    readonly property int searchBarInset: textScale >= 1.9 ? 50 : textScale >= 1.4 ? 40 : 25
+    readonly property color systemGrey: "#8E8E93"
+    readonly property color destructiveRed: "#FF3B30"
+
+    focus: true
+    background: Rectangle { color: "white" }
+
+    // Tapping a row: the record is selected in either mode; outside edit mode
+    // the tap also toggles the call-privacy question.
+    function tapRow(row) {
+        vm.selectRow(row)
+        if (!editMode)
+            showingCallAlert = !showingCallAlert
+    }
+
+    function endSearch() {
+        vm.searchText = ""
+        vm.applySearch()
+        historyView.forceActiveFocus()
+    }
+
+    onShowingCallAlertChanged: {
+        if (showingCallAlert)
+            callPrivacyDialog.open()
+        else
+            callPrivacyDialog.close()
+    }
+
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        // 1. Search.
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.margins: historyView.searchBarInset
+            Layout.bottomMargin: 8
+            spacing: 12
+
+            Rectangle {
+                Layout.fillWidth: true
+                Layout.preferredHeight: Math.max(40, searchField.implicitHeight * 0.8)
+                radius: 10
+                color: "#EFEFF4"
+
+                IconImage {
+                    id: searchIcon
+                    anchors.left: parent.left
+                    anchors.leftMargin: 10
+                    anchors.verticalCenter: parent.verticalCenter
+                    source: "qrc:/Quieton/icons/magnifyingglass.svg"
+                    sourceSize.width: 18
+                    sourceSize.height: 18
+                    color: historyView.systemGrey
+                    Accessible.ignored: true
+                }
+                TextField {
+                    id: searchField
+                    objectName: "searchField"
+                    anchors.left: searchIcon.right
+                    anchors.right: parent.right
+                    anchors.leftMargin: 6
+                    anchors.rightMargin: 8
+                    anchors.verticalCenter: parent.verticalCenter
+                    placeholderText: qsTr("Search")
+                    text: historyView.vm.searchText
+                    background: null
+                    topPadding: 6
+                    bottomPadding: 6
+                    leftPadding: 0
+                    inputMethodHints: Qt.ImhNoPredictiveText
+                    Accessible.name: qsTr("Search")
+                    onTextEdited: historyView.vm.searchText = text
+                }
+            }
+            Button {
+                objectName: "searchCancelButton"
+                visible: historyView.isInputActive
+                text: qsTr("Cancel")
+                flat: true
+                padding: 4
+                focusPolicy: Qt.NoFocus
+                onClicked: historyView.endSearch()
+            }
+        }
+
+        // 2. Edit / Done.
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.leftMargin: 20
+            Layout.rightMargin: 12
+            // 3. The count of the listed records.
+            Label {
+                objectName: "countLabel"
+                Layout.fillWidth: true
+                text: qsTr("Total Contacts") + ": " + historyView.vm.filteredContacts.count
+                font.pixelSize: 15
+                color: historyView.systemGrey
+            }
+            Button {
+                objectName: "editButton"
+                text: historyView.editMode ? qsTr("Done") : qsTr("Edit")
+                flat: true
+                font.bold: historyView.editMode
+                focusPolicy: Qt.NoFocus
+                onClicked: historyView.editMode = !historyView.editMode
+            }
+        }
+
+        // 4. The body.
+        Item {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+
+            ColumnLayout {
+                objectName: "emptyState"
+                visible: historyView.vm.filteredContacts.count === 0
+                anchors.centerIn: parent
+                width: parent.width - 64
+                spacing: 10
+                Label {
+                    objectName: "emptyTitle"
+                    Layout.fillWidth: true
+                    text: qsTr("No history calls to show")
+                    font.pixelSize: 18
+                    font.weight: Font.DemiBold
+                    horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.Wrap
+                }
+                Label {
+                    objectName: "emptyHint"
+                    Layout.fillWidth: true
+                    text: qsTr("Remember: don't forget to switch on \"Auto Save to History\" in settings to save your calls.")
+                    font.pixelSize: 15
+                    color: historyView.systemGrey
+                    horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.Wrap
+                }
+            }
+
+            ListView {
+                id: historyList
+                objectName: "historyList"
+                anchors.fill: parent
+                visible: historyView.vm.filteredContacts.count > 0
+                clip: true
+                model: historyView.vm.filteredContacts
+                boundsBehavior: Flickable.StopAtBounds
+                ScrollIndicator.vertical: ScrollIndicator { }
+                delegate: HistoryRow { width: historyList.width }
+
+                Connections {
+                    target: historyView.vm
+                    // A new search shows its first matches.
+                    function onSearchTextChanged() { historyList.positionViewAtBeginning() }
+                }
+            }
+        }
+    }
+
+    CallPrivacyDialog {
+        id: callPrivacyDialog
+        objectName: "callPrivacyDialog"
+        parent: Overlay.overlay
+        onClosed: historyView.showingCallAlert = false
+        onPrivateDialingChosen: historyView.vm.callSelectedContact(true)
+        onNormalDialingChosen: historyView.vm.callSelectedContact(false)
+    }
+
+    // One recorded call. Swiping it to the left uncovers its delete button;
+    // in edit mode the round control in front of it does the same.
+    component HistoryRow: SwipeDelegate {
+        id: row
+        required property int index
+        required property var firstName
+        required property var lastName
+        required property var telephone
+        required property var time
+        required property bool callHidden
+
+        readonly property string notAvailable: qsTr("N/A")
+        readonly property string nameLine: (lastName === undefined ? notAvailable : lastName) + " "
+                                           + (firstName === undefined ? notAvailable : firstName)
+        readonly property string numberText: telephone === undefined ? notAvailable : telephone
+        readonly property string timeText: time === undefined ? notAvailable : time
+        readonly property string privacyText: callHidden ? qsTr("Hidden") : qsTr("Normal Dialing")
+
+        objectName: "historyRow_" + index
+        padding: 0
+        leftPadding: 16
+        rightPadding: 16
+        topPadding: 10
+        bottomPadding: 10
+        focusPolicy: Qt.NoFocus
+        Accessible.name: nameLine + ", " + numberText + ", " + timeText + ", " + privacyText
+
+        onClicked: historyView.tapRow(index)
+
+        Connections {
+            target: historyView
+            function onEditModeChanged() {
+                if (!historyView.editMode)
+                    row.swipe.close()
+            }
+        }
+
+        background: Rectangle {
+            color: row.pressed ? "#E5E5EA" : "white"
+            Rectangle {
+                anchors.left: parent.left
+                anchors.right: parent.right
+                anchors.bottom: parent.bottom
+                anchors.leftMargin: 16
+                height: 1
+                color: "#E5E5EA"
+            }
+        }
+
+        contentItem: RowLayout {
+            spacing: 12
+
+            AbstractButton {
+                objectName: "editDeleteControl"
+                visible: historyView.editMode
+                Layout.preferredWidth: 28
+                Layout.preferredHeight: 28
+                focusPolicy: Qt.NoFocus
+                Accessible.role: Accessible.Button
+                Accessible.name: qsTr("Delete %1").arg(row.nameLine.trim().length > 0 ? row.nameLine : row.numberText)
+                background: Rectangle {
+                    radius: width / 2
+                    color: historyView.destructiveRed
+                    Rectangle {
+                        anchors.centerIn: parent
+                        width: 12
+                        height: 2
+                        color: "white"
+                    }
+                }
+                onClicked: {
+                    if (row.swipe.position < 0)
+                        row.swipe.close()
+                    else
+                        row.swipe.open(SwipeDelegate.Right)
+                }
+            }
+
+            ColumnLayout {
+                Layout.fillWidth: true
+                spacing: 2
+                Label {
+                    objectName: "nameLine"
+                    Layout.fillWidth: true
+                    text: row.nameLine
+                    font.pixelSize: 17
+                    font.weight: Font.DemiBold
+                    elide: Text.ElideRight
+                }
+                Label {
+                    objectName: "numberLine"
+                    Layout.fillWidth: true
+                    text: row.numberText
+                    font.pixelSize: 15
+                    elide: Text.ElideRight
+                }
+                Label {
+                    objectName: "timeLine"
+                    Layout.fillWidth: true
+                    text: row.timeText
+                    font.pixelSize: 13
+                    color: historyView.systemGrey
+                }
+            }
+
+            Label {
+                objectName: "privacyMark"
+                text: row.privacyText
+                font.pixelSize: 13
+                font.weight: Font.DemiBold
+                color: row.callHidden ? "#34C759" : historyView.systemGrey
+            }
+        }
+
+        swipe.right: Rectangle {
+            width: 96
+            height: row.height
+            anchors.right: parent.right
+            color: historyView.destructiveRed
+
+            AbstractButton {
+                objectName: "swipeDeleteButton"
+                anchors.fill: parent
+                focusPolicy: Qt.NoFocus
+                Accessible.role: Accessible.Button
+                Accessible.name: qsTr("Delete")
+                contentItem: Label {
+                    text: qsTr("Delete")
+                    color: "white"
+                    font.pixelSize: 16
+                    font.weight: Font.DemiBold
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                }
+                onClicked: historyView.vm.deleteRows([row.index])
+            }
+        }
+    }
+}

@@ -1,0 +1,171 @@
+#include "HistorySearchIndex.h"
+
+#include <QStringView>
+
+namespace {
+
+// Ends every field in the buffer. A noncharacter: it stands for nothing a
+// person types, and a search for it takes the slow road.
+constexpr QChar separator(char16_t(0xFFFF));
+
+} // namespace
+
+QString HistorySearchIndex::fold(const QString &text)
+{
+    return text.toCaseFolded();
+}
+
+bool HistorySearchIndex::matches(const HistoryData &record, const QString &needle)
+{
+    if (needle.isEmpty())
+        return false;
+    const QString folded = fold(needle);
+    for (const QString *field : { &record.firstName, &record.lastName, &record.telephone }) {
+        if (!field->isNull() && fold(*field).contains(folded))
+            return true;
+    }
+    return false;
+}
+
+void HistorySearchIndex::clear()
+{
+    m_text.clear();
+    m_starts.clear();
+    m_ends.clear();
+    m_ids.clear();
+    m_deadChars = 0;
+}
+
+void HistorySearchIndex::rebuild(const QList<HistoryData> &records)
+{
+    clear();
+    qsizetype chars = 0;
+    for (const HistoryData &r : records)
+        chars += r.firstName.size() + r.lastName.size() + r.telephone.size() + 3;
+    m_text.reserve(chars);
+    m_starts.reserve(records.size());
+    m_ends.reserve(records.size());
+    m_ids.reserve(records.size());
+    for (const HistoryData &r : records)
+        appendRecord(r);
+}
+
+void HistorySearchIndex::append(const QList<HistoryData> &records, qsizetype from)
+{
+    for (qsizetype i = from; i < records.size(); ++i)
+        appendRecord(records.at(i));
+}
+
+void HistorySearchIndex::appendRecord(const HistoryData &record)
+{
+    m_starts.append(m_text.size());
+    for (const QString *field : { &record.firstName, &record.lastName, &record.telephone }) {
+        // Folding in place in the buffer: no string per field.
+        const qsizetype at = m_text.size();
+        m_text.append(*field);
+        QChar *begin = m_text.data() + at;
+        const qsizetype length = field->size();
+        bool plain = true;
+        for (qsizetype i = 0; i < length && plain; ++i)
+            plain = begin[i].unicode() < 0x80;
+        if (plain) {
+            for (qsizetype i = 0; i < length; ++i) {
+                const char16_t c = begin[i].unicode();
+                if (c >= u'A' && c <= u'Z')
+                    begin[i] = QChar(char16_t(c + 32));
+            }
+        } else {
+            m_text.truncate(at);
+            m_text.append(fold(*field).replace(separator, QChar(QChar::ReplacementCharacter)));
+        }
+        m_text.append(separator);
+    }
+    m_ends.append(m_text.size() - 1);
+    m_ids.append(record.objectId);
+}
+
+void HistorySearchIndex::remove(qsizetype first, qsizetype last)
+{
+    if (first < 0 || last < first || last >= m_starts.size())
+        return;
+    for (qsizetype i = first; i <= last; ++i)
+        m_deadChars += m_ends.at(i) + 1 - m_starts.at(i);
+    const qsizetype n = last - first + 1;
+    m_starts.remove(first, n);
+    m_ends.remove(first, n);
+    m_ids.remove(first, n);
+}
+
+QList<int> HistorySearchIndex::search(const QString &needle, const QList<HistoryData> &records) const
+{
+    QList<int> rows;
+    if (needle.isEmpty())
+        return rows;
+    if (needle.contains(separator))
+        return slowSearch(needle, records, nullptr);
+    const QString folded = fold(needle);
+    const QStringView text(m_text);
+    const qsizetype count = m_starts.size();
+    // One pass over the buffer: find the next hit, credit it to the record
+    // it falls in and go on from that record's end.
+    qsizetype from = 0;
+    qsizetype r = 0;
+    while (r < count) {
+        if (from < m_starts.at(r))
+            from = m_starts.at(r);
+        const qsizetype hit = text.indexOf(folded, from);
+        if (hit < 0)
+            break;
+        while (r < count && m_ends.at(r) <= hit)
+            ++r;
+        if (r == count)
+            break;
+        if (hit < m_starts.at(r)) {
+            // In text a removed record left behind.
+            from = m_starts.at(r);
+            continue;
+        }
+        rows.append(int(r));
+        from = m_ends.at(r);
+        ++r;
+    }
+    return rows;
+}
+
+QList<int> HistorySearchIndex::search(const QString &needle, const QList<HistoryData> &records,
+                                      const QList<int> &within) const
+{
+    QList<int> rows;
+    if (needle.isEmpty())
+        return rows;
+    if (needle.contains(separator))
+        return slowSearch(needle, records, &within);
+    const QString folded = fold(needle);
+    const QStringView text(m_text);
+    for (int r : within) {
+        if (r < 0 || r >= m_starts.size())
+            continue;
+        const qsizetype start = m_starts.at(r);
+        if (text.sliced(start, m_ends.at(r) - start).contains(folded))
+            rows.append(r);
+    }
+    return rows;
+}
+
+QList<int> HistorySearchIndex::slowSearch(const QString &needle, const QList<HistoryData> &records,
+                                          const QList<int> *within) const
+{
+    QList<int> rows;
+    if (within) {
+        for (int r : *within) {
+            if (r >= 0 && r < records.size() && matches(records.at(r), needle))
+                rows.append(r);
+        }
+    } else {
+        for (qsizetype r = 0; r < records.size(); ++r) {
+            if (matches(records.at(r), needle))
+                rows.append(int(r));
+        }
+    }
+    return rows;
+}
