@@ -40,6 +40,7 @@ Page {
     function endSearch() {
         vm.searchText = ""
         vm.applySearch()
+        searchField.focus = false
         historyView.forceActiveFocus()
     }
 
@@ -192,9 +193,11 @@ Page {
     }
 
     // One recorded call. Swiping it to the left uncovers its delete button;
-    // in edit mode the round control in front of it does the same.
-    component HistoryRow: SwipeDelegate {
-        id: row
+    // in edit mode the round control in front of it does the same. The
+    // control lies over the row rather than in it: a swipe row keeps the
+    // presses on its own content for itself.
+    component HistoryRow: Item {
+        id: cell
         required property int index
         required property var firstName
         required property var lastName
@@ -208,124 +211,127 @@ Page {
         readonly property string numberText: telephone === undefined ? notAvailable : telephone
         readonly property string timeText: time === undefined ? notAvailable : time
         readonly property string privacyText: callHidden ? qsTr("Hidden") : qsTr("Normal Dialing")
+        readonly property int deleteWidth: 96
 
-        objectName: "historyRow_" + index
-        padding: 0
-        leftPadding: 16
-        rightPadding: 16
-        topPadding: 10
-        bottomPadding: 10
-        focusPolicy: Qt.NoFocus
-        Accessible.name: nameLine + ", " + numberText + ", " + timeText + ", " + privacyText
+        implicitHeight: row.implicitHeight
 
-        onClicked: historyView.tapRow(index)
+        SwipeDelegate {
+            id: row
+            objectName: "historyRow_" + cell.index
+            anchors.fill: parent
+            padding: 0
+            leftPadding: historyView.editMode ? 56 : 16
+            rightPadding: 16
+            topPadding: 10
+            bottomPadding: 10
+            focusPolicy: Qt.NoFocus
+            Accessible.name: cell.nameLine + ", " + cell.numberText + ", " + cell.timeText + ", " + cell.privacyText
 
-        Connections {
-            target: historyView
-            function onEditModeChanged() {
-                if (!historyView.editMode)
-                    row.swipe.close()
+            onClicked: historyView.tapRow(cell.index)
+
+            Connections {
+                target: historyView
+                function onEditModeChanged() {
+                    if (!historyView.editMode)
+                        row.swipe.close()
+                }
             }
-        }
 
-        background: Rectangle {
-            color: row.pressed ? "#E5E5EA" : "white"
-            Rectangle {
-                anchors.left: parent.left
-                anchors.right: parent.right
-                anchors.bottom: parent.bottom
-                anchors.leftMargin: 16
-                height: 1
-                color: "#E5E5EA"
+            background: Rectangle {
+                color: row.pressed ? "#E5E5EA" : "white"
+                Rectangle {
+                    anchors.left: parent.left
+                    anchors.right: parent.right
+                    anchors.bottom: parent.bottom
+                    anchors.leftMargin: 16
+                    height: 1
+                    color: "#E5E5EA"
+                }
             }
-        }
 
-        contentItem: RowLayout {
-            spacing: 12
-
-            AbstractButton {
-                objectName: "editDeleteControl"
-                visible: historyView.editMode
-                Layout.preferredWidth: 28
-                Layout.preferredHeight: 28
-                focusPolicy: Qt.NoFocus
-                Accessible.role: Accessible.Button
-                Accessible.name: qsTr("Delete %1").arg(row.nameLine.trim().length > 0 ? row.nameLine : row.numberText)
-                background: Rectangle {
-                    radius: width / 2
-                    color: historyView.destructiveRed
-                    Rectangle {
-                        anchors.centerIn: parent
-                        width: 12
-                        height: 2
-                        color: "white"
+            contentItem: RowLayout {
+                spacing: 12
+                ColumnLayout {
+                    Layout.fillWidth: true
+                    spacing: 2
+                    Label {
+                        objectName: "nameLine"
+                        Layout.fillWidth: true
+                        text: cell.nameLine
+                        font.pixelSize: 17
+                        font.weight: Font.DemiBold
+                        elide: Text.ElideRight
+                    }
+                    Label {
+                        objectName: "numberLine"
+                        Layout.fillWidth: true
+                        text: cell.numberText
+                        font.pixelSize: 15
+                        elide: Text.ElideRight
+                    }
+                    Label {
+                        objectName: "timeLine"
+                        Layout.fillWidth: true
+                        text: cell.timeText
+                        font.pixelSize: 13
+                        color: historyView.systemGrey
                     }
                 }
-                onClicked: {
-                    if (row.swipe.position < 0)
-                        row.swipe.close()
-                    else
-                        row.swipe.open(SwipeDelegate.Right)
-                }
-            }
-
-            ColumnLayout {
-                Layout.fillWidth: true
-                spacing: 2
                 Label {
-                    objectName: "nameLine"
-                    Layout.fillWidth: true
-                    text: row.nameLine
-                    font.pixelSize: 17
-                    font.weight: Font.DemiBold
-                    elide: Text.ElideRight
-                }
-                Label {
-                    objectName: "numberLine"
-                    Layout.fillWidth: true
-                    text: row.numberText
-                    font.pixelSize: 15
-                    elide: Text.ElideRight
-                }
-                Label {
-                    objectName: "timeLine"
-                    Layout.fillWidth: true
-                    text: row.timeText
+                    objectName: "privacyMark"
+                    text: cell.privacyText
                     font.pixelSize: 13
-                    color: historyView.systemGrey
+                    font.weight: Font.DemiBold
+                    color: cell.callHidden ? "#34C759" : historyView.systemGrey
                 }
             }
 
-            Label {
-                objectName: "privacyMark"
-                text: row.privacyText
-                font.pixelSize: 13
-                font.weight: Font.DemiBold
-                color: row.callHidden ? "#34C759" : historyView.systemGrey
-            }
-        }
-
-        swipe.right: Rectangle {
-            width: 96
-            height: row.height
-            anchors.right: parent.right
-            color: historyView.destructiveRed
-
-            AbstractButton {
+            // The swipe's items get their clicks through the attached signal.
+            swipe.right: Rectangle {
                 objectName: "swipeDeleteButton"
-                anchors.fill: parent
-                focusPolicy: Qt.NoFocus
+                width: cell.deleteWidth
+                height: row.height
+                anchors.right: parent.right
+                color: historyView.destructiveRed
                 Accessible.role: Accessible.Button
                 Accessible.name: qsTr("Delete")
-                contentItem: Label {
+                SwipeDelegate.onClicked: historyView.vm.deleteRows([cell.index])
+
+                Label {
+                    anchors.centerIn: parent
                     text: qsTr("Delete")
                     color: "white"
                     font.pixelSize: 16
                     font.weight: Font.DemiBold
-                    horizontalAlignment: Text.AlignHCenter
-                    verticalAlignment: Text.AlignVCenter
                 }
-                onClicked: historyView.vm.deleteRows([row.index])
+            }
+        }
+
+        AbstractButton {
+            objectName: "editDeleteControl"
+            visible: historyView.editMode
+            x: 16 + row.swipe.position * cell.deleteWidth
+            anchors.verticalCenter: parent.verticalCenter
+            width: 28
+            height: 28
+            focusPolicy: Qt.NoFocus
+            Accessible.role: Accessible.Button
+            Accessible.name: qsTr("Delete %1").arg(cell.nameLine.trim().length > 0 ? cell.nameLine : cell.numberText)
+            background: Rectangle {
+                radius: width / 2
+                color: historyView.destructiveRed
+                Rectangle {
+                    anchors.centerIn: parent
+                    width: 12
+                    height: 2
+                    color: "white"
+                }
+            }
+            onClicked: {
+                if (row.swipe.position < 0)
+                    row.swipe.close()
+                else
+                    row.swipe.open(SwipeDelegate.Right)
             }
         }
     }
