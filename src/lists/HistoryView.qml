@@ -103,6 +103,7 @@ Page {
                 visible: historyView.isInputActive
                 text: qsTr("Cancel")
                 flat: true
+                font.capitalization: Font.MixedCase
                 padding: 4
                 focusPolicy: Qt.NoFocus
                 onClicked: historyView.endSearch()
@@ -126,6 +127,7 @@ Page {
                 objectName: "editButton"
                 text: historyView.editMode ? qsTr("Done") : qsTr("Edit")
                 flat: true
+                font.capitalization: Font.MixedCase
                 font.bold: historyView.editMode
                 focusPolicy: Qt.NoFocus
                 onClicked: historyView.editMode = !historyView.editMode
