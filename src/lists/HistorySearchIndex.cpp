@@ -34,6 +34,7 @@ void HistorySearchIndex::clear()
     m_ends.clear();
     m_ids.clear();
     m_deadChars = 0;
+    m_asciiCounts.fill(0);
 }
 
 void HistorySearchIndex::rebuild(const QList<HistoryData> &records)
@@ -70,9 +71,12 @@ void HistorySearchIndex::appendRecord(const HistoryData &record)
             plain = begin[i].unicode() < 0x80;
         if (plain) {
             for (qsizetype i = 0; i < length; ++i) {
-                const char16_t c = begin[i].unicode();
-                if (c >= u'A' && c <= u'Z')
-                    begin[i] = QChar(char16_t(c + 32));
+                char16_t c = begin[i].unicode();
+                if (c >= u'A' && c <= u'Z') {
+                    c += 32;
+                    begin[i] = QChar(c);
+                }
+                ++m_asciiCounts[c];
             }
         } else {
             m_text.truncate(at);
@@ -106,6 +110,8 @@ QList<int> HistorySearchIndex::search(const QString &needle, const QList<History
     const QString folded = fold(needle);
     const QStringView text(m_text);
     const qsizetype count = m_starts.size();
+    const qsizetype anchor = rarestCharacter(folded);
+    rows.reserve(count);
     // One pass over the buffer: find the next hit, credit it to the record
     // it falls in and go on from that record's end.
     qsizetype from = 0;
@@ -113,7 +119,7 @@ QList<int> HistorySearchIndex::search(const QString &needle, const QList<History
     while (r < count) {
         if (from < m_starts.at(r))
             from = m_starts.at(r);
-        const qsizetype hit = text.indexOf(folded, from);
+        const qsizetype hit = find(folded, anchor, from);
         if (hit < 0)
             break;
         while (r < count && m_ends.at(r) <= hit)
@@ -130,6 +136,43 @@ QList<int> HistorySearchIndex::search(const QString &needle, const QList<History
         ++r;
     }
     return rows;
+}
+
+qsizetype HistorySearchIndex::rarestCharacter(QStringView folded) const
+{
+    qsizetype best = 0;
+    qsizetype bestCount = -1;
+    for (qsizetype i = 0; i < folded.size(); ++i) {
+        const char16_t c = folded.at(i).unicode();
+        const qsizetype n = c < 128 ? m_asciiCounts[c] : 0; // anything else is rare in names and numbers
+        if (bestCount < 0 || n < bestCount) {
+            best = i;
+            bestCount = n;
+        }
+    }
+    return best;
+}
+
+qsizetype HistorySearchIndex::find(QStringView folded, qsizetype anchor, qsizetype from) const
+{
+    const QStringView text(m_text);
+    const qsizetype length = folded.size();
+    if (length == 1)
+        return text.indexOf(folded.front(), from);
+    const QChar key = folded.at(anchor);
+    qsizetype at = from + anchor;
+    while (at < text.size()) {
+        const qsizetype hit = text.indexOf(key, at);
+        if (hit < 0)
+            return -1;
+        const qsizetype start = hit - anchor;
+        if (start + length > text.size())
+            return -1;
+        if (text.sliced(start, length) == folded)
+            return start;
+        at = hit + 1;
+    }
+    return -1;
 }
 
 QList<int> HistorySearchIndex::search(const QString &needle, const QList<HistoryData> &records,

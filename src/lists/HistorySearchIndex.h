@@ -5,6 +5,8 @@
 #include <QList>
 #include <QString>
 
+#include <array>
+
 // The searchable text of a list of history records, kept for fast
 // case-insensitive "contains" searches over many records.
 //
@@ -44,6 +46,11 @@ public:
 
 private:
     void appendRecord(const HistoryData &record);
+    // Where `folded` next occurs at or after `from`, looking first for its
+    // character at `anchor`.
+    qsizetype find(QStringView folded, qsizetype anchor, qsizetype from) const;
+    // The position in `folded` of the character the text holds least often.
+    qsizetype rarestCharacter(QStringView folded) const;
     QList<int> slowSearch(const QString &needle, const QList<HistoryData> &records, const QList<int> *within) const;
 
     QString m_text;
@@ -51,4 +58,7 @@ private:
     QList<qsizetype> m_ends;   // where it ends (a separator stands there)
     QList<qint64> m_ids;
     qsizetype m_deadChars = 0;
+    // How often each ASCII character occurs in the text (removals not
+    // counted off): a search looks first for the rarest one of its text.
+    std::array<qsizetype, 128> m_asciiCounts{};
 };

@@ -188,7 +188,6 @@ Page {
     CallPrivacyDialog {
         id: callPrivacyDialog
         objectName: "callPrivacyDialog"
-        parent: Overlay.overlay
         onClosed: historyView.showingCallAlert = false
         onPrivateDialingChosen: historyView.vm.callSelectedContact(true)
         onNormalDialingChosen: historyView.vm.callSelectedContact(false)

@@ -5,7 +5,10 @@
 #include "Service.h"
 #include "UserDefaultsService.h"
 
+#include <QMetaObject>
+
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -54,42 +57,84 @@ HistoryViewModel::HistoryViewModel(HistoryCallDataService *historyDataService, U
     receive(m_historyDataService->savedEntities());
 }
 
+HistoryViewModel::~HistoryViewModel()
+{
+    // A running index build works on its own copy of the list; wait for it.
+    if (m_indexBuild.valid())
+        m_indexBuild.wait();
+}
+
 void HistoryViewModel::receive(const QList<HistoryData> &records)
 {
-    if (m_indexValid)
-        syncIndex(records);
     m_historyListArray = records;
     m_steps.clear();
+    if (m_indexValid)
+        catchUpIndex();
+    else
+        startIndexBuild();
     emit historyListArrayChanged();
     applySearch();
 }
 
-void HistoryViewModel::syncIndex(const QList<HistoryData> &records)
+void HistoryViewModel::startIndexBuild()
+{
+    if (m_indexBuild.valid() || m_historyListArray.isEmpty())
+        return;
+    m_indexBuildList = m_historyListArray;
+    m_indexBuild = std::async(std::launch::async, [this, records = m_indexBuildList] {
+        HistorySearchIndex index;
+        index.rebuild(records);
+        // Dropped if this object is gone by then.
+        QMetaObject::invokeMethod(this, [this] { adoptIndex(); }, Qt::QueuedConnection);
+        return index;
+    });
+}
+
+void HistoryViewModel::adoptIndex()
+{
+    if (!m_indexBuild.valid())
+        return;
+    m_index = m_indexBuild.get();
+    m_indexedList = std::exchange(m_indexBuildList, {});
+    m_indexValid = true;
+    catchUpIndex();
+}
+
+void HistoryViewModel::invalidateIndex()
+{
+    m_indexValid = false;
+    m_index.clear();
+    m_indexedList.clear();
+}
+
+void HistoryViewModel::catchUpIndex()
 {
     // Most changes add calls at the end or remove a few records: find the
     // records both lists share at their start and end, and index only what
     // lies between.
-    const QList<HistoryData> &old = m_historyListArray;
-    const qsizetype shorter = std::min(old.size(), records.size());
+    const QList<HistoryData> &old = m_indexedList;
+    const QList<HistoryData> &now = m_historyListArray;
+    const qsizetype shorter = std::min(old.size(), now.size());
     qsizetype head = 0;
-    while (head < shorter && sameRecord(old.at(head), records.at(head)))
+    while (head < shorter && sameRecord(old.at(head), now.at(head)))
         ++head;
     qsizetype tail = 0;
-    while (tail < shorter - head && sameRecord(old.at(old.size() - 1 - tail), records.at(records.size() - 1 - tail)))
+    while (tail < shorter - head && sameRecord(old.at(old.size() - 1 - tail), now.at(now.size() - 1 - tail)))
         ++tail;
-    const qsizetype added = records.size() - head - tail;
+    const qsizetype added = now.size() - head - tail;
     if (added > 0 && tail > 0) {
-        // Records in the middle of the list are new: start over on the next search.
-        m_indexValid = false;
-        m_index.clear();
+        // Records in the middle of the list are new: index it all again.
+        invalidateIndex();
+        startIndexBuild();
         return;
     }
     m_index.remove(head, old.size() - tail - 1);
     if (added > 0)
-        m_index.append(records, head); // the new records are the list's end
+        m_index.append(now, head); // the new records are the list's end
+    m_indexedList = now;
     if (m_index.wantsRebuild()) {
-        m_indexValid = false;
-        m_index.clear();
+        invalidateIndex();
+        startIndexBuild();
     }
 }
 
@@ -109,10 +154,12 @@ void HistoryViewModel::applySearch()
         m_filteredContacts.show(m_historyListArray, std::nullopt);
         return;
     }
+    if (!m_indexValid)
+        adoptIndex(); // waits for a build still running
     if (!m_indexValid) {
         m_index.rebuild(m_historyListArray);
+        m_indexedList = m_historyListArray;
         m_indexValid = true;
-        m_steps.clear();
     }
     const QString folded = HistorySearchIndex::fold(m_searchText);
     while (!m_steps.isEmpty() && !folded.contains(m_steps.constLast().foldedText))

@@ -10,6 +10,7 @@
 #include <QVariant>
 #include <QtQml/qqmlregistration.h>
 
+#include <future>
 #include <optional>
 
 class HistoryCallDataService;
@@ -33,6 +34,7 @@ public:
     explicit HistoryViewModel(QObject *parent = nullptr);
     HistoryViewModel(HistoryCallDataService *historyDataService, UserDefaultsService *defaultsService,
                      Service *service, QObject *parent = nullptr);
+    ~HistoryViewModel() override;
 
     QString searchText() const { return m_searchText; }
     // Filters again at once, on every change.
@@ -62,7 +64,10 @@ signals:
 
 private:
     void receive(const QList<HistoryData> &records);
-    void syncIndex(const QList<HistoryData> &records);
+    void startIndexBuild();
+    void adoptIndex();
+    void catchUpIndex();
+    void invalidateIndex();
     QVariant selectedContactValue() const;
 
     HistoryCallDataService *m_historyDataService;
@@ -73,12 +78,19 @@ private:
     FilteredHistoryModel m_filteredContacts;
     std::optional<HistoryData> m_selectedContact;
 
-    // The records' searchable text, built on the first search and then kept
-    // in step with the list. Then the rows each step of the current typing
-    // found: a longer text only looks among the rows a shorter one kept, and
-    // going back a character reuses what was found before.
+    // The records' searchable text. A whole list is indexed on a worker
+    // thread as soon as it arrives, so the first search need not wait for
+    // it; after that the index follows the list's small changes here. It
+    // stands for m_indexedList, which catchUpIndex() brings in line with
+    // historyListArray.
     HistorySearchIndex m_index;
     bool m_indexValid = false;
+    QList<HistoryData> m_indexedList;
+    std::future<HistorySearchIndex> m_indexBuild;
+    QList<HistoryData> m_indexBuildList;
+    // The rows each step of the current typing found: a longer text only
+    // looks among the rows a shorter one kept, and going back a character
+    // reuses what was found before.
     struct Step
     {
         QString foldedText;
