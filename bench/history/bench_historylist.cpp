@@ -182,6 +182,7 @@ QQuickItem *makeScreen(QQmlComponent &component, QQuickWindow &window)
     if (!view)
         return nullptr;
     view->setParentItem(window.contentItem());
+    view->setSize(window.size());
     component.completeCreate();
     return view;
 }
