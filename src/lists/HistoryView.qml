@@ -174,7 +174,12 @@ Page {
                 model: historyView.vm.filteredContacts
                 boundsBehavior: Flickable.StopAtBounds
                 ScrollIndicator.vertical: ScrollIndicator { }
-                delegate: HistoryRow { width: historyList.width }
+                delegate: HistoryRow {
+                    width: ListView.view.width
+                    editMode: historyView.editMode
+                    onTapped: (index) => historyView.tapRow(index)
+                    onDeleteRequested: (index) => historyView.vm.deleteRows([index])
+                }
 
                 Connections {
                     target: historyView.vm
@@ -199,6 +204,12 @@ Page {
     // presses on its own content for itself.
     component HistoryRow: Item {
         id: cell
+        property bool editMode
+        readonly property color systemGrey: "#8E8E93"
+        readonly property color destructiveRed: "#FF3B30"
+        signal tapped(int index)
+        signal deleteRequested(int index)
+
         required property int index
         required property var firstName
         required property var lastName
@@ -221,19 +232,19 @@ Page {
             objectName: "historyRow_" + cell.index
             anchors.fill: parent
             padding: 0
-            leftPadding: historyView.editMode ? 56 : 16
+            leftPadding: cell.editMode ? 56 : 16
             rightPadding: 16
             topPadding: 10
             bottomPadding: 10
             focusPolicy: Qt.NoFocus
             Accessible.name: cell.nameLine + ", " + cell.numberText + ", " + cell.timeText + ", " + cell.privacyText
 
-            onClicked: historyView.tapRow(cell.index)
+            onClicked: cell.tapped(cell.index)
 
             Connections {
-                target: historyView
+                target: cell
                 function onEditModeChanged() {
-                    if (!historyView.editMode)
+                    if (!cell.editMode)
                         row.swipe.close()
                 }
             }
@@ -275,7 +286,7 @@ Page {
                         Layout.fillWidth: true
                         text: cell.timeText
                         font.pixelSize: 13
-                        color: historyView.systemGrey
+                        color: cell.systemGrey
                     }
                 }
                 Label {
@@ -283,7 +294,7 @@ Page {
                     text: cell.privacyText
                     font.pixelSize: 13
                     font.weight: Font.DemiBold
-                    color: cell.callHidden ? "#34C759" : historyView.systemGrey
+                    color: cell.callHidden ? "#34C759" : cell.systemGrey
                 }
             }
 
@@ -293,10 +304,10 @@ Page {
                 width: cell.deleteWidth
                 height: row.height
                 anchors.right: parent.right
-                color: historyView.destructiveRed
+                color: cell.destructiveRed
                 Accessible.role: Accessible.Button
                 Accessible.name: qsTr("Delete")
-                SwipeDelegate.onClicked: historyView.vm.deleteRows([cell.index])
+                SwipeDelegate.onClicked: cell.deleteRequested(cell.index)
 
                 Label {
                     anchors.centerIn: parent
@@ -310,7 +321,7 @@ Page {
 
         AbstractButton {
             objectName: "editDeleteControl"
-            visible: historyView.editMode
+            visible: cell.editMode
             x: 16 + row.swipe.position * cell.deleteWidth
             anchors.verticalCenter: parent.verticalCenter
             width: 28
@@ -320,7 +331,7 @@ Page {
             Accessible.name: qsTr("Delete %1").arg(cell.nameLine.trim().length > 0 ? cell.nameLine : cell.numberText)
             background: Rectangle {
                 radius: width / 2
-                color: historyView.destructiveRed
+                color: cell.destructiveRed
                 Rectangle {
                     anchors.centerIn: parent
                     width: 12
