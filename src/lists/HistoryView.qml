@@ -211,6 +211,7 @@ Page {
         signal deleteRequested(int index)
 
         required property int index
+        required property var objectId
         required property var firstName
         required property var lastName
         required property var telephone
@@ -226,6 +227,8 @@ Page {
         readonly property int deleteWidth: 96
 
         implicitHeight: row.implicitHeight
+        // A row that comes to show another record shows it closed.
+        onObjectIdChanged: row.swipe.close()
 
         SwipeDelegate {
             id: row
