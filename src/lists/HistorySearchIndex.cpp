@@ -12,7 +12,13 @@ constexpr QChar separator(char16_t(0xFFFF));
 
 QString HistorySearchIndex::fold(const QString &text)
 {
-    return text.toCaseFolded();
+    // Character by character (simple case folding), the way a
+    // case-insensitive comparison of two strings matches them.
+    QString folded;
+    folded.reserve(text.size());
+    for (const char32_t c : QStringView(text).toUcs4())
+        folded.append(QChar::fromUcs4(QChar::toCaseFolded(c)));
+    return folded;
 }
 
 bool HistorySearchIndex::matches(const HistoryData &record, const QString &needle)
@@ -61,24 +67,34 @@ void HistorySearchIndex::appendRecord(const HistoryData &record)
 {
     m_starts.append(m_text.size());
     for (const QString *field : { &record.firstName, &record.lastName, &record.telephone }) {
-        // Folding in place in the buffer: no string per field.
+        // Folded in place in the buffer: no string per field.
         const qsizetype at = m_text.size();
+        const qsizetype length = field->size();
         m_text.append(*field);
         QChar *begin = m_text.data() + at;
-        const qsizetype length = field->size();
-        bool plain = true;
-        for (qsizetype i = 0; i < length && plain; ++i)
-            plain = begin[i].unicode() < 0x80;
-        if (plain) {
-            for (qsizetype i = 0; i < length; ++i) {
-                char16_t c = begin[i].unicode();
+        bool simple = true;
+        for (qsizetype i = 0; i < length; ++i) {
+            char16_t c = begin[i].unicode();
+            if (c < 0x80) {
                 if (c >= u'A' && c <= u'Z') {
                     c += 32;
                     begin[i] = QChar(c);
                 }
                 ++m_asciiCounts[c];
+            } else if (QChar::isSurrogate(c)) {
+                simple = false;
+                break;
+            } else {
+                const char32_t folded = QChar::toCaseFolded(char32_t(c));
+                if (folded > 0xFFFF) {
+                    simple = false;
+                    break;
+                }
+                begin[i] = folded == separator.unicode() ? QChar(QChar::ReplacementCharacter) : QChar(char16_t(folded));
             }
-        } else {
+        }
+        if (!simple) {
+            // Characters beyond the basic plane: fold the whole field anew.
             m_text.truncate(at);
             m_text.append(fold(*field).replace(separator, QChar(QChar::ReplacementCharacter)));
         }
