@@ -36,7 +36,8 @@ public:
     // `needle` ignoring case. `records` is the indexed list; an empty needle
     // matches nothing here (the caller shows everything instead).
     QList<int> search(const QString &needle, const QList<HistoryData> &records) const;
-    // The same, looking only at `within` (ascending rows).
+    // The same for a text that contains the one that found `within`
+    // (ascending rows): only those rows can match.
     QList<int> search(const QString &needle, const QList<HistoryData> &records, const QList<int> &within) const;
 
     // The form both sides of a comparison are brought to.

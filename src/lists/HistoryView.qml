@@ -173,6 +173,8 @@ Page {
                 clip: true
                 model: historyView.vm.filteredContacts
                 boundsBehavior: Flickable.StopAtBounds
+                // Rows that leave the list wait in a pool for the next ones.
+                reuseItems: true
                 ScrollIndicator.vertical: ScrollIndicator { }
                 delegate: HistoryRow {
                     width: ListView.view.width
