@@ -63,6 +63,7 @@ Page {
             spacing: 12
 
             Rectangle {
+                id: searchBox
                 Layout.fillWidth: true
                 Layout.preferredHeight: Math.max(40, searchField.implicitHeight * 0.8)
                 radius: 10
@@ -105,6 +106,8 @@ Page {
                 flat: true
                 font.capitalization: Font.MixedCase
                 padding: 4
+                // Beside the field without making the bar taller.
+                Layout.preferredHeight: searchBox.height
                 focusPolicy: Qt.NoFocus
                 onClicked: historyView.endSearch()
             }
@@ -313,6 +316,7 @@ Page {
                 Accessible.role: Accessible.Button
                 Accessible.name: qsTr("Delete")
                 SwipeDelegate.onClicked: cell.deleteRequested(cell.index)
+                Accessible.onPressAction: cell.deleteRequested(cell.index)
 
                 Label {
                     anchors.centerIn: parent
