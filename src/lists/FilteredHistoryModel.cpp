@@ -2,25 +2,40 @@
 
 FilteredHistoryModel::FilteredHistoryModel(QObject *parent) : QAbstractListModel(parent) { }
 
-qint64 FilteredHistoryModel::idAt(const QList<HistoryData> &records, const std::optional<QList<int>> &rows,
-                                  qsizetype row) const
+void FilteredHistoryModel::letGoOfRecords()
 {
-    return records.at(rows ? rows->at(row) : row).objectId;
+    m_records = QList<HistoryData>();
 }
 
-void FilteredHistoryModel::show(const QList<HistoryData> &records, std::optional<QList<int>> rows)
+void FilteredHistoryModel::show(const QList<HistoryData> &records, std::optional<QList<int>> rows, bool replaced)
 {
-    const qsizetype oldCount = count();
+    const qsizetype oldCount = m_count;
     const qsizetype newCount = rows ? rows->size() : records.size();
+    QList<qint64> ids;
+    ids.reserve(newCount);
+    for (qsizetype row = 0; row < newCount; ++row)
+        ids.append(records.at(rows ? rows->at(row) : row).objectId);
+
+    if (replaced) {
+        beginResetModel();
+        m_records = records;
+        m_rows = std::move(rows);
+        m_ids = std::move(ids);
+        m_count = newCount;
+        m_moving = false;
+        endResetModel();
+        if (oldCount != newCount)
+            emit countChanged();
+        return;
+    }
 
     // The rows both selections share at their start and at their end.
     const qsizetype shorter = std::min(oldCount, newCount);
     qsizetype head = 0;
-    while (head < shorter && idAt(m_records, m_rows, head) == idAt(records, rows, head))
+    while (head < shorter && m_ids.at(head) == ids.at(head))
         ++head;
     qsizetype tail = 0;
-    while (tail < shorter - head
-           && idAt(m_records, m_rows, oldCount - 1 - tail) == idAt(records, rows, newCount - 1 - tail))
+    while (tail < shorter - head && m_ids.at(oldCount - 1 - tail) == ids.at(newCount - 1 - tail))
         ++tail;
     // Between them, old rows give way to new ones: the overlap changes in
     // place, the rest is removed or inserted after it.
@@ -28,32 +43,33 @@ void FilteredHistoryModel::show(const QList<HistoryData> &records, std::optional
     const qsizetype newMiddle = newCount - head - tail;
     const qsizetype changed = std::min(oldMiddle, newMiddle);
 
-    // First the rows that change in place: from then on until the rest is
-    // announced, the rows up to the end of the overlap are the new ones and
-    // the others the old ones.
+    // The new selection is read from now on; until the change is fully
+    // announced, rows keep their old numbers (see recordAt()).
+    m_records = records;
+    m_rows = std::move(rows);
+    m_ids = std::move(ids);
+    m_moving = true;
+    m_split = head;
+    m_tailFrom = oldCount - tail;
+    m_tailShift = newCount - oldCount;
+    // First the rows that change in place, then the rest.
     if (changed > 0) {
-        m_nextRecords = records;
-        m_nextRows = rows;
         m_split = head + changed;
         emit dataChanged(index(int(head)), index(int(head + changed - 1)));
     }
-    const auto commit = [&] {
-        m_records = records;
-        m_rows = std::move(rows);
-        m_split = -1;
-        m_nextRecords.clear();
-        m_nextRows.reset();
-    };
     if (newMiddle < oldMiddle) {
         beginRemoveRows(QModelIndex(), int(head + changed), int(head + oldMiddle - 1));
-        commit();
+        m_count = newCount;
+        m_moving = false;
         endRemoveRows();
     } else if (newMiddle > oldMiddle) {
         beginInsertRows(QModelIndex(), int(head + changed), int(head + newMiddle - 1));
-        commit();
+        m_count = newCount;
+        m_moving = false;
         endInsertRows();
     } else {
-        commit();
+        m_count = newCount;
+        m_moving = false;
     }
     if (oldCount != newCount)
         emit countChanged();
@@ -63,9 +79,18 @@ const HistoryData *FilteredHistoryModel::recordAt(int row) const
 {
     if (row < 0 || row >= count())
         return nullptr;
-    if (row < m_split)
-        return &m_nextRecords.at(m_nextRows ? m_nextRows->at(row) : row);
-    return &m_records.at(m_rows ? m_rows->at(row) : row);
+    qsizetype shown = row;
+    if (m_moving) {
+        // Old numbering over the new selection: the rows before the split
+        // are already the new ones, the shared end has moved by the change
+        // in length, and the rows between are on their way out.
+        if (row >= m_tailFrom)
+            shown = row + m_tailShift;
+        else if (row >= m_split)
+            return nullptr;
+    }
+    const qsizetype at = m_rows ? m_rows->at(shown) : shown;
+    return at < m_records.size() ? &m_records.at(at) : nullptr;
 }
 
 HistoryData FilteredHistoryModel::at(int row) const

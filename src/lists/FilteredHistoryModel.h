@@ -37,10 +37,14 @@ public:
     explicit FilteredHistoryModel(QObject *parent = nullptr);
 
     // Shows `rows` of `records` (ascending indexes), or every record when
-    // `rows` is empty-handed (std::nullopt).
-    void show(const QList<HistoryData> &records, std::optional<QList<int>> rows);
+    // `rows` is std::nullopt. With `replaced`, the rows are announced as a
+    // new list; otherwise records are told apart by their ids.
+    void show(const QList<HistoryData> &records, std::optional<QList<int>> rows, bool replaced = false);
+    // Drops the model's share of the record list until the next show(), so
+    // that its owner can change it in place. Rows read as empty meanwhile.
+    void letGoOfRecords();
 
-    int count() const { return int(m_rows ? m_rows->size() : m_records.size()); }
+    int count() const { return int(m_count); }
     // The record at `row`; a default record outside the list.
     HistoryData at(int row) const;
     // The record at `row` for QML (undefined outside the list).
@@ -55,14 +59,18 @@ signals:
     void countChanged();
 
 private:
-    qint64 idAt(const QList<HistoryData> &records, const std::optional<QList<int>> &rows, qsizetype row) const;
     const HistoryData *recordAt(int row) const;
 
     QList<HistoryData> m_records;
     std::optional<QList<int>> m_rows;
-    // While show() announces rows changed in place: rows below m_split are
-    // already read from the new selection.
-    QList<HistoryData> m_nextRecords;
-    std::optional<QList<int>> m_nextRows;
-    qsizetype m_split = -1;
+    qsizetype m_count = 0;
+    // The ids of the rows shown, to compare the next selection with.
+    QList<qint64> m_ids;
+    // While show() announces a change: rows below m_split and from
+    // m_tailFrom on are read from the new selection (the latter m_tailShift
+    // rows further on), the others are going.
+    bool m_moving = false;
+    qsizetype m_split = 0;
+    qsizetype m_tailFrom = 0;
+    qsizetype m_tailShift = 0;
 };

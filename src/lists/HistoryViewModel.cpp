@@ -15,21 +15,6 @@ namespace {
 // How many steps of one typing are remembered.
 constexpr qsizetype maximumSteps = 32;
 
-bool sameText(const QString &a, const QString &b)
-{
-    if (a.isNull() != b.isNull() || a.size() != b.size())
-        return false;
-    return a.constData() == b.constData() || a == b;
-}
-
-// The same record with the same contents (the store may give a freed id to a
-// new record).
-bool sameRecord(const HistoryData &a, const HistoryData &b)
-{
-    return a.objectId == b.objectId && a.callHidden == b.callHidden && sameText(a.telephone, b.telephone)
-        && sameText(a.lastName, b.lastName) && sameText(a.firstName, b.firstName) && sameText(a.time, b.time);
-}
-
 // What a call hands on for a field the record does not have.
 QString textOrEmpty(const QString &text)
 {
@@ -50,10 +35,24 @@ HistoryViewModel::HistoryViewModel(HistoryCallDataService *historyDataService, U
       m_defaultsService(defaultsService),
       m_service(service)
 {
-    // Every list the store publishes replaces ours; the connection ends with
+    using Store = HistoryCallDataService;
+    connect(m_historyDataService, &Store::entitiesAboutToBeRemoved, this, [this](int first, int last) {
+        m_changes.append(Change{ false, first, last });
+        letGoOfRecords();
+    });
+    connect(m_historyDataService, &Store::entitiesAboutToBeInserted, this, [this](int first, int last) {
+        m_changes.append(Change{ true, first, last });
+        letGoOfRecords();
+    });
+    connect(m_historyDataService, &Store::entitiesAboutToBeReset, this, [this] {
+        m_replaced = true;
+        letGoOfRecords();
+    });
+    // Every list the store publishes replaces ours; the connections end with
     // this object.
-    connect(m_historyDataService, &HistoryCallDataService::savedEntitiesChanged, this,
+    connect(m_historyDataService, &Store::savedEntitiesChanged, this,
             [this] { receive(m_historyDataService->savedEntities()); });
+    m_replaced = true;
     receive(m_historyDataService->savedEntities());
 }
 
@@ -64,24 +63,91 @@ HistoryViewModel::~HistoryViewModel()
         m_indexBuild.wait();
 }
 
+void HistoryViewModel::letGoOfRecords()
+{
+    m_historyListArray = QList<HistoryData>();
+    m_filteredContacts.letGoOfRecords();
+}
+
 void HistoryViewModel::receive(const QList<HistoryData> &records)
 {
+    const bool followed = !m_replaced && applyChanges(records);
     m_historyListArray = records;
-    m_steps.clear();
-    if (m_indexValid)
-        catchUpIndex();
-    else
+    m_listSize = records.size();
+    m_changes.clear();
+    m_replaced = false;
+    if (!followed) {
+        m_steps.clear();
+        invalidateIndex();
         startIndexBuild();
+    } else if (m_index.wantsRebuild()) {
+        invalidateIndex();
+        startIndexBuild();
+    }
     emit historyListArrayChanged();
-    applySearch();
+    applySearch(!followed);
+}
+
+bool HistoryViewModel::applyChanges(const QList<HistoryData> &records)
+{
+    // Removals in any number, then at most one block added at the end: the
+    // way the store applies its own saves. Anything else is taken as a new list.
+    qsizetype size = m_listSize;
+    for (qsizetype i = 0; i < m_changes.size(); ++i) {
+        const Change &c = m_changes.at(i);
+        if (c.first < 0 || c.last < c.first)
+            return false;
+        if (c.insert) {
+            if (c.first != size || i != m_changes.size() - 1)
+                return false;
+            size += c.last - c.first + 1;
+        } else {
+            if (c.last >= size)
+                return false;
+            size -= c.last - c.first + 1;
+        }
+    }
+    if (size != records.size())
+        return false;
+    if (m_indexBuild.valid() && !m_changes.isEmpty())
+        m_indexBuildOutdated = true;
+
+    for (const Change &c : std::as_const(m_changes)) {
+        if (!c.insert) {
+            if (m_indexValid)
+                m_index.remove(c.first, c.last);
+            const int removed = c.last - c.first + 1;
+            for (Step &step : m_steps) {
+                QList<int> &rows = step.rows;
+                const auto begin = std::lower_bound(rows.begin(), rows.end(), c.first);
+                const auto end = std::upper_bound(begin, rows.end(), c.last);
+                for (auto it = end; it != rows.end(); ++it)
+                    *it -= removed;
+                rows.erase(begin, end);
+            }
+            continue;
+        }
+        if (!m_indexValid) {
+            // The new records cannot be searched yet.
+            m_steps.clear();
+            continue;
+        }
+        m_index.append(records, c.first);
+        QList<int> added;
+        for (int row = c.first; row <= c.last; ++row)
+            added.append(row);
+        for (Step &step : m_steps)
+            step.rows.append(m_index.search(step.foldedText, records, added));
+    }
+    return true;
 }
 
 void HistoryViewModel::startIndexBuild()
 {
     if (m_indexBuild.valid() || m_historyListArray.isEmpty())
         return;
-    m_indexBuildList = m_historyListArray;
-    m_indexBuild = std::async(std::launch::async, [this, records = m_indexBuildList] {
+    m_indexBuildOutdated = false;
+    m_indexBuild = std::async(std::launch::async, [this, records = m_historyListArray] {
         HistorySearchIndex index;
         index.rebuild(records);
         // Dropped if this object is gone by then.
@@ -94,48 +160,19 @@ void HistoryViewModel::adoptIndex()
 {
     if (!m_indexBuild.valid())
         return;
-    m_index = m_indexBuild.get();
-    m_indexedList = std::exchange(m_indexBuildList, {});
+    HistorySearchIndex index = m_indexBuild.get();
+    if (m_indexBuildOutdated) {
+        startIndexBuild();
+        return;
+    }
+    m_index = std::move(index);
     m_indexValid = true;
-    catchUpIndex();
 }
 
 void HistoryViewModel::invalidateIndex()
 {
     m_indexValid = false;
     m_index.clear();
-    m_indexedList.clear();
-}
-
-void HistoryViewModel::catchUpIndex()
-{
-    // Most changes add calls at the end or remove a few records: find the
-    // records both lists share at their start and end, and index only what
-    // lies between.
-    const QList<HistoryData> &old = m_indexedList;
-    const QList<HistoryData> &now = m_historyListArray;
-    const qsizetype shorter = std::min(old.size(), now.size());
-    qsizetype head = 0;
-    while (head < shorter && sameRecord(old.at(head), now.at(head)))
-        ++head;
-    qsizetype tail = 0;
-    while (tail < shorter - head && sameRecord(old.at(old.size() - 1 - tail), now.at(now.size() - 1 - tail)))
-        ++tail;
-    const qsizetype added = now.size() - head - tail;
-    if (added > 0 && tail > 0) {
-        // Records in the middle of the list are new: index it all again.
-        invalidateIndex();
-        startIndexBuild();
-        return;
-    }
-    m_index.remove(head, old.size() - tail - 1);
-    if (added > 0)
-        m_index.append(now, head); // the new records are the list's end
-    m_indexedList = now;
-    if (m_index.wantsRebuild()) {
-        invalidateIndex();
-        startIndexBuild();
-    }
 }
 
 void HistoryViewModel::setSearchText(const QString &text)
@@ -149,19 +186,29 @@ void HistoryViewModel::setSearchText(const QString &text)
 
 void HistoryViewModel::applySearch()
 {
+    applySearch(false);
+}
+
+void HistoryViewModel::applySearch(bool newList)
+{
     if (m_searchText.isEmpty()) {
         m_steps.clear();
-        m_filteredContacts.show(m_historyListArray, std::nullopt);
+        m_filteredContacts.show(m_historyListArray, std::nullopt, newList);
         return;
     }
-    if (!m_indexValid)
-        adoptIndex(); // waits for a build still running
-    if (!m_indexValid) {
-        m_index.rebuild(m_historyListArray);
-        m_indexedList = m_historyListArray;
-        m_indexValid = true;
-    }
     const QString folded = HistorySearchIndex::fold(m_searchText);
+    const bool known = !m_steps.isEmpty() && m_steps.constLast().foldedText == folded;
+    if (!known && !m_indexValid) {
+        // Wait for a build still running; one the list changed under starts
+        // again on the list as it is, and that one is waited for as well.
+        adoptIndex();
+        if (!m_indexValid)
+            adoptIndex();
+        if (!m_indexValid) {
+            m_index.rebuild(m_historyListArray);
+            m_indexValid = true;
+        }
+    }
     while (!m_steps.isEmpty() && !folded.contains(m_steps.constLast().foldedText))
         m_steps.removeLast();
     QList<int> rows;
@@ -174,7 +221,7 @@ void HistoryViewModel::applySearch()
             m_steps.removeFirst();
         m_steps.append(Step{ folded, rows });
     }
-    m_filteredContacts.show(m_historyListArray, std::move(rows));
+    m_filteredContacts.show(m_historyListArray, std::move(rows), newList);
 }
 
 void HistoryViewModel::selectRow(int row)

@@ -64,9 +64,12 @@ signals:
 
 private:
     void receive(const QList<HistoryData> &records);
+    bool applyChanges(const QList<HistoryData> &records);
+    // With `newList`, the list shown is announced as replaced.
+    void applySearch(bool newList);
+    void letGoOfRecords();
     void startIndexBuild();
     void adoptIndex();
-    void catchUpIndex();
     void invalidateIndex();
     QVariant selectedContactValue() const;
 
@@ -78,16 +81,28 @@ private:
     FilteredHistoryModel m_filteredContacts;
     std::optional<HistoryData> m_selectedContact;
 
+    // What the store announced since it last published: rows removed, rows
+    // added at the end, or a list replaced as a whole. The model lets go of
+    // the store's list while the store changes it, so the change happens in
+    // place instead of copying every record, and then follows it here.
+    struct Change
+    {
+        bool insert = false;
+        int first = 0;
+        int last = 0;
+    };
+    QList<Change> m_changes;
+    bool m_replaced = false;
+    qsizetype m_listSize = 0;
+
     // The records' searchable text. A whole list is indexed on a worker
     // thread as soon as it arrives, so the first search need not wait for
-    // it; after that the index follows the list's small changes here. It
-    // stands for m_indexedList, which catchUpIndex() brings in line with
-    // historyListArray.
+    // it; after that the index follows the list's changes here. A build
+    // that the list changed under is thrown away.
     HistorySearchIndex m_index;
     bool m_indexValid = false;
-    QList<HistoryData> m_indexedList;
     std::future<HistorySearchIndex> m_indexBuild;
-    QList<HistoryData> m_indexBuildList;
+    bool m_indexBuildOutdated = false;
     // The rows each step of the current typing found: a longer text only
     // looks among the rows a shorter one kept, and going back a character
     // reuses what was found before.

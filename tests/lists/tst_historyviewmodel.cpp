@@ -254,6 +254,38 @@ private slots:
         QCOMPARE(vm->selectedContact()->firstName, QString("Bob"));
     }
 
+    // Changes that come while the list's search text is being built, and so
+    // many deletions that it is built again: searches still follow the rule.
+    void changesWhileIndexingAndAfterManyDeletions()
+    {
+        HistoryCallDataService store(newFile());
+        for (int i = 0; i < 1500; ++i)
+            store.addHistory(QStringLiteral("First%1").arg(i % 37), QStringLiteral("Last%1").arg(i % 53),
+                             QStringLiteral("06%1").arg(100000 + i), i % 2);
+        auto vm = modelOn(store); // starts indexing on a worker thread
+        store.addHistory("Late", "Comer", "0799", false);
+        vm->deleteRows({ 0, 5, 700 });
+        vm->setSearchText("first1");
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "first1"));
+
+        // Under the search, delete most listed rows, one save each.
+        while (vm->filteredContacts()->count() > 20)
+            vm->deleteRows({ 0, 1, 2, 3, 4, 5, 6, 7, 8, 9 });
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "first1"));
+        vm->setSearchText(QString());
+        for (int i = 0; i < 700; ++i)
+            vm->deleteRows({ 0 });
+        store.addHistory("First1", "Again", "0800", true);
+        for (const QString &text : { "f", "fi", "first", "first1", "first12", "first1", "last5", "08", "" }) {
+            vm->setSearchText(text);
+            QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), text));
+        }
+        // Let a build still under way finish and be taken up.
+        QTest::qWait(50);
+        vm->setSearchText("again");
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "again"));
+    }
+
     // Typing, deleting characters, pasting and store changes in random
     // order: the listed records always follow the rule.
     void randomSessionsFollowTheRule()
