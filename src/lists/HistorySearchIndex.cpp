@@ -54,7 +54,6 @@ void HistorySearchIndex::clear()
     m_text.clear();
     m_starts.clear();
     m_ends.clear();
-    m_ids.clear();
     m_deadChars = 0;
     m_asciiCounts.fill(0);
 }
@@ -68,7 +67,6 @@ void HistorySearchIndex::rebuild(const QList<HistoryData> &records)
     m_text.reserve(chars);
     m_starts.reserve(records.size());
     m_ends.reserve(records.size());
-    m_ids.reserve(records.size());
     for (const HistoryData &r : records)
         appendRecord(r);
 }
@@ -117,7 +115,6 @@ void HistorySearchIndex::appendRecord(const HistoryData &record)
         m_text.append(separator);
     }
     m_ends.append(m_text.size() - 1);
-    m_ids.append(record.objectId);
 }
 
 void HistorySearchIndex::remove(qsizetype first, qsizetype last)
@@ -129,7 +126,6 @@ void HistorySearchIndex::remove(qsizetype first, qsizetype last)
     const qsizetype n = last - first + 1;
     m_starts.remove(first, n);
     m_ends.remove(first, n);
-    m_ids.remove(first, n);
 }
 
 QList<int> HistorySearchIndex::search(const QString &needle, const QList<HistoryData> &records) const

@@ -27,8 +27,6 @@ public:
     void clear();
 
     qsizetype size() const { return m_starts.size(); }
-    // The record ids in the order indexed, to check the index against a list.
-    const QList<qint64> &objectIds() const { return m_ids; }
     // Whether the left-behind text of removed records outweighs the live text.
     bool wantsRebuild() const { return m_deadChars > 4096 && m_deadChars > m_text.size() / 2; }
 
@@ -57,7 +55,6 @@ private:
     QString m_text;
     QList<qsizetype> m_starts; // where each record's text begins in m_text
     QList<qsizetype> m_ends;   // where it ends (a separator stands there)
-    QList<qint64> m_ids;
     qsizetype m_deadChars = 0;
     // How often each ASCII character occurs in the text (removals not
     // counted off): a search looks first for the rarest one of its text.
