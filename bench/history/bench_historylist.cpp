@@ -124,22 +124,24 @@ void benchModel(HistoryCallDataService &store)
 {
     Service::shared(); // made once per app, at start-up
     QElapsedTimer timer;
-    timer.start();
+    QList<double> buildMs;
+    for (int i = 0; i < 7; ++i) {
+        HistorySearchIndex index;
+        timer.start();
+        index.rebuild(store.savedEntities());
+        buildMs.append(timer.nsecsElapsed() / 1e6);
+    }
+    out() << "search text for " << store.savedEntities().size() << " records built (on a worker thread) in: median "
+          << median(buildMs) << " ms" << Qt::endl;
+
+    timer.restart();
     HistoryViewModel vm(&store, UserDefaultsService::shared(), Service::shared());
     out() << "model over " << vm.historyListArray().size() << " records made in " << timer.nsecsElapsed() / 1e6
           << " ms" << Qt::endl;
-
-    for (int i = 0; i < 5; ++i) {
-        HistorySearchIndex index;
-        timer.restart();
-        index.rebuild(vm.historyListArray());
-        out() << "search text for " << index.size() << " records built in " << timer.nsecsElapsed() / 1e6 << " ms"
-              << Qt::endl;
-    }
+    // A search typed at once: it waits for the worker thread.
     timer.restart();
     vm.setSearchText(QStringLiteral("x"));
-    out() << "first search (search text built for " << recordCount << " records): " << timer.nsecsElapsed() / 1e6
-          << " ms" << Qt::endl;
+    out() << "first search, right after the model was made: " << timer.nsecsElapsed() / 1e6 << " ms" << Qt::endl;
     vm.setSearchText(QString());
 
     QList<double> all;
@@ -154,7 +156,7 @@ void benchModel(HistoryCallDataService &store)
                 firstLetter.append(ms);
         }
     }
-    out() << "search keystroke, model, " << recordCount << " records: median " << median(all)
+    out() << "search keystroke (processor time), model, " << recordCount << " records: median " << median(all)
           << " ms, 90th percentile " << percentile90(all) << " ms, max " << maximum(all)
           << " ms (target median < 4 ms)" << Qt::endl;
     out() << "  first letter of a search (whole list scanned): median " << median(firstLetter)

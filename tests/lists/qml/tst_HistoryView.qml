@@ -37,10 +37,19 @@ TestCase {
         return view
     }
 
+    // The row shown at `index` (rows waiting for reuse are hidden).
     function row(view, index) {
         const list = findChild(view, "historyList")
         list.forceLayout()
-        return findChild(list, "historyRow_" + index)
+        const cells = list.contentItem.children
+        for (let i = 0; i < cells.length; ++i) {
+            if (!cells[i].visible)
+                continue
+            const found = findChild(cells[i], "historyRow_" + index)
+            if (found)
+                return found
+        }
+        return null
     }
 
     function typeSearch(view, text) {
