@@ -116,6 +116,8 @@ private slots:
         QTest::newRow("final sigma") << "ΟΔΥΣΣΕΥΣ" << QStringList{ "0688" };
         QTest::newRow("nothing matches") << "zzz" << QStringList{};
         QTest::newRow("a noncharacter never crashes") << QString(QChar(char16_t(0xFFFF))) << QStringList{};
+        QTest::newRow("a pasted page of text") << QString(20000, QChar(u'a')) << QStringList{};
+        QTest::newRow("a lone surrogate") << QString(QChar(char16_t(0xD801))) << QStringList{};
     }
     void search()
     {
