@@ -5,8 +5,11 @@
 // for a real window). Optional argument: a folder holding prepared
 // config/ and data/ homes (e.g. a large history); otherwise an empty app.
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QProcess>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -25,21 +28,52 @@ double median(std::vector<double> values)
     std::sort(values.begin(), values.end());
     return values[values.size() / 2];
 }
-} // namespace
-
-int main(int argc, char *argv[])
+// A home whose settings say onboarding is done.
+void prepareHome(const QString &home)
 {
-    QCoreApplication app(argc, argv);
-    QTemporaryDir scratch;
-    QString home = app.arguments().value(1);
-    if (home.isEmpty()) {
-        home = scratch.path();
-        QDir(home).mkpath(QStringLiteral("config/quieton"));
-        QFile settings(home + QStringLiteral("/config/quieton/quieton.json"));
-        settings.open(QIODevice::WriteOnly);
-        settings.write(R"({"hasCompletedFirstLaunch": true})");
-    }
+    QDir(home).mkpath(QStringLiteral("config/quieton"));
+    QDir(home).mkpath(QStringLiteral("data/quieton"));
+    QFile settings(home + QStringLiteral("/config/quieton/quieton.json"));
+    settings.open(QIODevice::WriteOnly);
+    settings.write(R"({"hasCompletedFirstLaunch": true})");
+}
 
+// `rows` calls in the app's history file, written as the app writes them.
+bool writeHistory(const QString &home, int rows)
+{
+    const QString path = home + QStringLiteral("/data/quieton/CallHistoryData.sqlite");
+    bool ok = false;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("bench"));
+        db.setDatabaseName(path);
+        ok = db.open();
+        QSqlQuery query(db);
+        ok = ok && query.exec(QStringLiteral("PRAGMA encoding = 'UTF-16le'"))
+            && query.exec(QStringLiteral("PRAGMA journal_mode=WAL"))
+            && query.exec(QStringLiteral("CREATE TABLE HistoryData "
+                                         "(firstName TEXT, lastName TEXT, telephone TEXT, time TEXT, callHidden INTEGER)"))
+            && db.transaction()
+            && query.prepare(QStringLiteral("INSERT INTO HistoryData VALUES (?, ?, ?, ?, ?)"));
+        const QDateTime firstCall(QDate(2025, 3, 1), QTime(9, 0));
+        for (int i = 0; ok && i < rows; ++i) {
+            query.bindValue(0, QStringLiteral("First%1").arg(i % 500));
+            query.bindValue(1, QStringLiteral("Last%1").arg(i % 700));
+            query.bindValue(2, QStringLiteral("+33 6 %1").arg(10000000 + i % 5000));
+            // A call every 7 minutes or so: every time stamp its own.
+            query.bindValue(3, firstCall.addSecs(qint64(i) * 431).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")));
+            query.bindValue(4, i % 2);
+            ok = query.exec();
+        }
+        ok = ok && db.commit();
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("bench"));
+    return ok;
+}
+
+// Launches the app repeatedly on `home` and prints the medians.
+bool measure(const QString &home, const char *label)
+{
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/config"));
     environment.insert(QStringLiteral("XDG_DATA_HOME"), home + QStringLiteral("/data"));
@@ -55,13 +89,13 @@ int main(int argc, char *argv[])
         process.start(QStringLiteral(QUIETON_BINARY), { QStringLiteral("--startup-report") });
         if (!process.waitForFinished(20000)) {
             std::fprintf(stderr, "the app did not finish\n");
-            return 1;
+            return false;
         }
         const QByteArray out = process.readAllStandardOutput();
         const qsizetype at = out.indexOf("startup-report ");
         if (at < 0) {
             std::fprintf(stderr, "no report:\n%s\n%s\n", out.constData(), process.readAllStandardError().constData());
-            return 1;
+            return false;
         }
         qint64 frameNs = 0, idleNs = 0, rssKib = 0;
         std::sscanf(out.constData() + at, "startup-report window_ns=%lld idle_ns=%lld rss_kib=%lld", &frameNs, &idleNs, &rssKib);
@@ -71,8 +105,29 @@ int main(int argc, char *argv[])
         idle.push_back((idleNs - start) / 1e6);
         rss.push_back(rssKib / 1024.0);
     }
-    std::printf("start-up on %s, median of %d launches: window up %.0f ms, idle %.0f ms, resident %.1f MiB\n",
-                qPrintable(environment.value(QStringLiteral("QT_QPA_PLATFORM"))), runs, median(window), median(idle),
-                median(rss));
-    return 0;
+    std::printf("start-up %s on %s, median of %d launches: window up %.0f ms, idle %.0f ms, resident %.1f MiB\n",
+                label, qPrintable(environment.value(QStringLiteral("QT_QPA_PLATFORM"))), runs, median(window),
+                median(idle), median(rss));
+    std::fflush(stdout);
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    // With an argument: a folder holding prepared config/ and data/ homes.
+    if (app.arguments().size() > 1)
+        return measure(app.arguments().at(1), "(given home)") ? 0 : 1;
+
+    QTemporaryDir empty, withHistory;
+    prepareHome(empty.path());
+    prepareHome(withHistory.path());
+    if (!writeHistory(withHistory.path(), 100000)) {
+        std::fprintf(stderr, "could not write the history\n");
+        return 1;
+    }
+    const bool ok = measure(empty.path(), "empty") && measure(withHistory.path(), "with 100k history rows");
+    return ok ? 0 : 1;
 }

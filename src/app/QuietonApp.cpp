@@ -1,10 +1,14 @@
 #include "QuietonApp.h"
 
+#include "CheckUpdate.h"
 #include "Service.h"
 #include "UserDefaultsService.h"
 #include "WidgetLink.h"
 
+#include <QGuiApplication>
 #include <QJSEngine>
+#include <QQuickWindow>
+#include <QTimer>
 
 namespace {
 QuietonApp *theApp = nullptr;
@@ -19,7 +23,10 @@ QuietonApp::QuietonApp(QObject *parent)
         if (key == QLatin1StringView("hasCompletedFirstLaunch"))
             emit hasCompletedFirstLaunchChanged();
     });
-    // The update check starts here once the app has one.
+    // The update check runs off the UI thread, and starts only once the
+    // window has shown its first frame so that start-up never shares its time
+    // with it.
+    QTimer::singleShot(0, this, &QuietonApp::startUpdateCheckAfterFirstFrame);
 }
 
 QuietonApp::~QuietonApp()
@@ -39,6 +46,25 @@ QuietonApp *QuietonApp::create(QQmlEngine *, QJSEngine *)
         theApp = new QuietonApp(nullptr);
     QJSEngine::setObjectOwnership(theApp, QJSEngine::CppOwnership);
     return theApp;
+}
+
+void QuietonApp::startUpdateCheckAfterFirstFrame()
+{
+    if (!m_updateCheckWanted)
+        return;
+    // The app's window is its ApplicationWindow; views that merely host some
+    // of its screens (tests, tools) start no check.
+    for (QWindow *window : QGuiApplication::topLevelWindows()) {
+        auto *quickWindow = qobject_cast<QQuickWindow *>(window);
+        if (!quickWindow || !quickWindow->inherits("QQuickApplicationWindow"))
+            continue;
+        connect(quickWindow, &QQuickWindow::frameSwapped, this,
+                [] { CheckUpdate::shared()->checkForUpdate(true, false); },
+                Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+        // In case the first frame is already up: one more to hear about.
+        quickWindow->update();
+        return;
+    }
 }
 
 bool QuietonApp::hasCompletedFirstLaunch() const

@@ -22,6 +22,9 @@ class QuietonApp : public QObject
     Q_PROPERTY(bool hasCompletedFirstLaunch READ hasCompletedFirstLaunch NOTIFY hasCompletedFirstLaunchChanged)
 
 public:
+    // Leaves out the store lookup of this run (a run that quits at once).
+    void skipUpdateCheck() { m_updateCheckWanted = false; }
+
     // Runs the start-up in order; the instance is the one QML sees.
     explicit QuietonApp(QObject *parent);
     ~QuietonApp() override;
@@ -54,6 +57,11 @@ signals:
     void activationRequested();
 
 private:
+    // Starts the update check after the first frame of the app's window; an
+    // app without its window does not check.
+    void startUpdateCheckAfterFirstFrame();
+    bool m_updateCheckWanted = true;
+
     AppDelegate m_appDelegate;
     UserDefaultsService *m_defaultsService;
     Service *m_service;

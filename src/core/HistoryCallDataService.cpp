@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJSEngine>
-#include <QSet>
 #include <QThreadPool>
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -14,6 +13,11 @@
 #include <QTextStream>
 
 #include <algorithm>
+#include <vector>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace {
 
@@ -49,7 +53,9 @@ QString readText(const QVariant &value)
     return value.isNull() ? QString() : value.toString();
 }
 
-// Calls repeat the same names and numbers: equal texts share one copy.
+// Calls repeat the same names and numbers: equal texts share one copy. A
+// fixed table of recent texts, indexed by hash, keeps the cost of a lookup
+// flat however many different texts a history holds.
 class TextPool
 {
 public:
@@ -57,15 +63,14 @@ public:
     {
         if (text.isEmpty())
             return text;
-        const auto known = m_texts.constFind(text);
-        if (known != m_texts.cend())
-            return *known;
-        m_texts.insert(text);
-        return text;
+        QString &slot = m_slots[qHash(text) % m_slots.size()];
+        if (slot != text)
+            slot = std::move(text);
+        return slot;
     }
 
 private:
-    QSet<QString> m_texts;
+    std::vector<QString> m_slots = std::vector<QString>(1 << 16);
 };
 
 HistoryData readRecord(const QSqlQuery &query)
@@ -200,6 +205,10 @@ void HistoryCallDataService::waitForBackgroundFetch()
     const bool unchanged = readDataVersion(version, error) && version == m_versionBeforeBackgroundFetch;
     publishAll(std::move(result.rows), version);
     m_inSync = unchanged;
+#ifdef __GLIBC__
+    // The read left the worker's heap full of freed query buffers; hand them back.
+    malloc_trim(0);
+#endif
 }
 
 QSqlDatabase HistoryCallDataService::database() const

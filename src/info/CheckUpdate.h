@@ -1,0 +1,109 @@
+#pragma once
+
+#include "LookupResult.h"
+
+#include <QObject>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+#include <atomic>
+#include <optional>
+#include <variant>
+
+class QJSEngine;
+class QNetworkAccessManager;
+class QNetworkReply;
+class QQmlEngine;
+class QThread;
+
+// Asks the store which version of the app is current and, when it is newer
+// than this one, offers the update in an alert on the app's main window.
+//
+// The work leaves the UI thread: reading the information file and starting
+// the request happen on the checker's own background thread, the answer is
+// decoded and judged on that thread as well, and only the alert comes back to
+// the UI thread. Every failure ends as a line on standard output.
+class CheckUpdate : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(bool isNeedUpdate READ isNeedUpdate NOTIFY isNeedUpdateChanged)
+    Q_PROPERTY(QString urlAppStore READ urlAppStore NOTIFY urlAppStoreChanged)
+    Q_PROPERTY(bool isTestFlight READ isTestFlight NOTIFY isTestFlightChanged)
+
+public:
+    enum class VersionError { invalidBundleInfo, invalidResponse, dataError };
+    Q_ENUM(VersionError)
+
+    // Where a checker looks. The shared one uses this build's constants.
+    struct Config
+    {
+        // Scheme, host and optional port of the lookup service ("http://host").
+        QString lookupOrigin;
+        // Scheme, host and optional port of the developer API ("https://host").
+        QString apiOrigin;
+        QString appId;
+        QString apiToken;
+        QString storePageUrl;
+        // The information file; the embedded one by default.
+        QString infoPlistPath;
+
+        static Config fromBuild();
+    };
+
+    static CheckUpdate *shared();
+    // Test programs may install their own checker before first use.
+    static void setShared(CheckUpdate *checker);
+    static CheckUpdate *create(QQmlEngine *, QJSEngine *);
+
+    explicit CheckUpdate(Config config, QObject *parent = nullptr);
+    ~CheckUpdate() override;
+
+    bool isNeedUpdate() const { return m_isNeedUpdate; }
+    QString urlAppStore() const { return m_urlAppStore; }
+    bool isTestFlight() const { return m_isTestFlight; }
+
+    // Starts one check: the store's lookup service, or the developer API's
+    // build list when `isTestFlight`. `isOptional` false makes the alert
+    // offer no way out but updating. Returns at once.
+    Q_INVOKABLE void checkForUpdate(bool isOptional, bool isTestFlight);
+
+    // One text entry of the information file, read afresh on every call.
+    std::optional<QString> infoPlistValue(const QString &key) const;
+    // The same for QML: undefined when there is no such text.
+    Q_INVOKABLE QVariant infoPlistText(const QString &key) const;
+
+    // The two addresses a check may ask, as they are built (no escaping).
+    QString lookupAddress(const QString &bundleId) const;
+    QString buildsAddress() const;
+
+    // The plain character-by-character ordering the check uses: "1.10" sorts
+    // before "1.9", equal texts are never less.
+    static bool isVersionLess(const QString &current, const QString &store);
+
+signals:
+    void isNeedUpdateChanged();
+    void urlAppStoreChanged();
+    void isTestFlightChanged();
+
+private:
+    using Failure = std::variant<VersionError, QString>;
+
+    void startCheck(bool force, bool isTestFlight);
+    void handleReply(QNetworkReply *reply, const QString &currentVersion, bool force, bool isTestFlight);
+    void decide(const std::optional<TestFlightInfo> &beta, const std::optional<AppInfo> &store,
+                const std::optional<Failure> &error, const QString &currentVersion, bool force, bool isTestFlight);
+    void presentAlert(const QString &version, bool force, const std::optional<QString> &recordLink);
+    void ensureQueue();
+
+    Config m_config;
+    std::atomic<bool> m_isNeedUpdate = false;
+    std::atomic<bool> m_isTestFlight = false;
+    const QString m_urlAppStore;
+
+    // The background thread and what lives on it.
+    QThread *m_queue = nullptr;
+    QObject *m_queueContext = nullptr;
+    QNetworkAccessManager *m_session = nullptr;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QTcpServer>
+
+// A one-answer HTTP server on 127.0.0.1: every request gets the prepared
+// status and body, then the connection closes (or, silent, gets nothing at
+// all). Remembers the requests.
+class LoopbackHttpServer : public QTcpServer
+{
+    Q_OBJECT
+public:
+    struct Request
+    {
+        QByteArray method;
+        QByteArray target;
+        QList<std::pair<QByteArray, QByteArray>> headers;
+        QByteArray header(const QByteArray &name) const;
+    };
+
+    explicit LoopbackHttpServer(QObject *parent = nullptr);
+
+    // The origin to ask: "http://127.0.0.1:<port>".
+    QString origin() const;
+    void answer(const QByteArray &body, int status = 200);
+    // Takes requests in and never answers them.
+    void keepSilent() { m_silent = true; }
+
+    QList<Request> requests;
+
+private:
+    void serve(QTcpSocket *socket);
+
+    QByteArray m_body;
+    int m_status = 200;
+    bool m_silent = false;
+};

@@ -1,0 +1,517 @@
+// The update check against a real HTTP server on loopback, with information
+// files in a temporary folder and the alert in a real QML window.
+#include "CheckUpdate.h"
+#include "LoopbackHttpServer.h"
+#include "Platform.h"
+#include "RecordingUrlOpener.h"
+#include "StdoutCapture.h"
+#include "TestHome.h"
+
+#include <QPointer>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QtQml/qqmlextensionplugin.h>
+
+Q_IMPORT_QML_PLUGIN(QuietonPlugin)
+
+namespace {
+
+const QString storePage = QStringLiteral("https://store.example/br/app/quieton/id123?uo=4");
+
+// JSON written with single quotes, for readability.
+QByteArray json(QByteArray text)
+{
+    return text.replace('\'', '"');
+}
+
+QByteArray storeAnswer(const QByteArray &version)
+{
+    return json("{'resultCount': 1, 'results': [{'version': '" + version
+                + "', 'trackViewUrl': 'https://store.example/app/quieton?v=" + version + "', 'price': 0}]}");
+}
+
+QByteArray betaAnswer(const QByteArray &version)
+{
+    return json("{'data': [{'type': 'builds', 'id': 'b1', 'attributes': {'version': '" + version
+                + "', 'expired': 'false', 'uploadedDate': '2026-01-01'}}]}");
+}
+
+QString lastLink(const RecordingUrlOpener *opener)
+{
+    return opener->opened.isEmpty() ? QString() : opener->opened.constLast().toString();
+}
+
+} // namespace
+
+class TestCheckUpdate : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+    LoopbackHttpServer m_server;
+    QQmlApplicationEngine m_engine;
+    QQuickWindow *m_window = nullptr;
+    RecordingUrlOpener *m_opener = nullptr;
+
+    // Writes an information file with these entries (a missing value leaves
+    // the key out) and returns its path.
+    QString writeInfoPlist(const QString &version, const QString &bundleId = QStringLiteral("app.test.Quieton"),
+                           const QByteArray &extra = {})
+    {
+        QByteArray xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">\n<dict>\n";
+        if (!bundleId.isNull())
+            xml += "<key>CFBundleIdentifier</key><string>" + bundleId.toUtf8() + "</string>\n";
+        if (!version.isNull())
+            xml += "<key>CFBundleShortVersionString</key><string>" + version.toUtf8() + "</string>\n";
+        xml += extra + "</dict>\n</plist>\n";
+        const QString path = m_folder.filePath(QStringLiteral("Info.plist"));
+        QFile file(path);
+        file.open(QIODevice::WriteOnly | QIODevice::Truncate);
+        file.write(xml);
+        return path;
+    }
+
+    CheckUpdate::Config config(const QString &infoPlist, const QString &origin = {})
+    {
+        const QString server = origin.isEmpty() ? m_server.origin() : origin;
+        return { server, server, QStringLiteral("123"), QStringLiteral("abc"), storePage, infoPlist };
+    }
+
+    // What the checker printed (the test framework's own lines left out).
+    static QStringList printed(StdoutCapture &capture)
+    {
+        QStringList lines;
+        for (const QString &line : capture.lines()) {
+            if (!line.startsWith(QLatin1StringView("QWARN")) && !line.startsWith(QLatin1StringView("QDEBUG"))
+                && !line.startsWith(QLatin1StringView("   Loc:")))
+                lines.append(line);
+        }
+        return lines;
+    }
+
+    // Runs one check and waits until it has printed `lineCount` lines; then
+    // gives a queued alert the chance to show.
+    QStringList runCheck(CheckUpdate &checker, bool isOptional, bool isTestFlight, int lineCount)
+    {
+        StdoutCapture capture;
+        checker.checkForUpdate(isOptional, isTestFlight);
+        if (!QTest::qWaitFor([&] { return printed(capture).size() >= lineCount; }, 10000))
+            return printed(capture);
+        QTest::qWait(30);
+        return printed(capture);
+    }
+
+    QObject *alert() const { return m_window->findChild<QObject *>(QStringLiteral("appUpdateAlert")); }
+    QQuickItem *alertButton(const char *name) const
+    {
+        auto *footer = alert() ? alert()->property("footer").value<QQuickItem *>() : nullptr;
+        return footer ? footer->findChild<QQuickItem *>(QLatin1StringView(name)) : nullptr;
+    }
+    void closeAlerts()
+    {
+        // A closed alert removes itself.
+        while (QPointer<QObject> open = alert()) {
+            QMetaObject::invokeMethod(open, "close");
+            QTRY_VERIFY(!open);
+        }
+    }
+    void click(QQuickItem *item)
+    {
+        const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
+        QTest::mouseClick(m_window, Qt::LeftButton, {}, centre.toPoint());
+    }
+
+private slots:
+    void initTestCase()
+    {
+        TestHome::use();
+        auto opener = std::make_unique<RecordingUrlOpener>();
+        m_opener = opener.get();
+        Platform::setUrlOpener(std::move(opener));
+        QVERIFY(m_server.isListening());
+        m_engine.addImportPath(QStringLiteral("qrc:/"));
+        m_engine.loadData("import QtQuick\nWindow { width: 400; height: 700; visible: true }");
+        QVERIFY(!m_engine.rootObjects().isEmpty());
+        m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().constFirst());
+        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+    }
+
+    void init()
+    {
+        m_server.requests.clear();
+        m_opener->opened.clear();
+        m_window->setVisible(true);
+        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+    }
+    void cleanup() { closeAlerts(); }
+
+    void storeVersionsCompareAsPlainText_data()
+    {
+        QTest::addColumn<QString>("current");
+        QTest::addColumn<QString>("store");
+        QTest::addColumn<bool>("newer");
+        QTest::newRow("older here") << "1.2" << "1.3" << true;
+        QTest::newRow("same") << "1.3" << "1.3" << false;
+        QTest::newRow("newer here") << "1.4" << "1.3" << false;
+        QTest::newRow("1.9 against 1.10") << "1.9" << "1.10" << false;
+        QTest::newRow("1.10 against 1.9") << "1.10" << "1.9" << true;
+        QTest::newRow("1.0.0 against 1.0.1") << "1.0.0" << "1.0.1" << true;
+    }
+    void storeVersionsCompareAsPlainText()
+    {
+        QFETCH(QString, current);
+        QFETCH(QString, store);
+        QFETCH(bool, newer);
+        m_server.answer(storeAnswer(store.toUtf8()));
+        CheckUpdate checker(config(writeInfoPlist(current)));
+        QSignalSpy needChanged(&checker, &CheckUpdate::isNeedUpdateChanged);
+
+        const QStringList lines = runCheck(checker, true, false, 1);
+
+        QCOMPARE(m_server.requests.size(), 1);
+        QCOMPARE(m_server.requests.constFirst().method, QByteArray("GET"));
+        QCOMPARE(m_server.requests.constFirst().target, QByteArray("/br/lookup?bundleId=app.test.Quieton"));
+        QVERIFY(m_server.requests.constFirst().header("Authorization").isEmpty());
+        if (newer) {
+            QCOMPARE(lines, QStringList{ QStringLiteral("Needs update: AppStore Version: ") + store
+                                         + QStringLiteral(" > Current version:  ") + current });
+            QVERIFY(checker.isNeedUpdate());
+            QTRY_COMPARE(needChanged.size(), 1);
+            QTRY_VERIFY(alert());
+            QCOMPARE(alert()->property("title").toString(), QStringLiteral("New version"));
+            QCOMPARE(alert()->property("appURL").toString(),
+                     QStringLiteral("https://store.example/app/quieton?v=") + store);
+            QCOMPARE(alert()->property("force").toBool(), false);
+            QTRY_VERIFY(alert()->property("opened").toBool());
+            QVERIFY(alertButton("notNowButton")->isVisible());
+            QVERIFY(alertButton("updateNowButton")->isVisible());
+        } else {
+            QCOMPARE(lines, QStringList{ QStringLiteral("Already on the last app version:  ") + current });
+            QVERIFY(!checker.isNeedUpdate());
+            QCOMPARE(needChanged.size(), 0);
+            QVERIFY(!alert());
+        }
+    }
+
+    void updateNowOpensTheLinkAndNotNowOnlyCloses()
+    {
+        m_server.answer(storeAnswer("2.0"));
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
+
+        runCheck(checker, true, false, 1);
+        QTRY_VERIFY(alert() && alert()->property("opened").toBool());
+        click(alertButton("notNowButton"));
+        QTRY_VERIFY(!alert());
+        QVERIFY(m_opener->opened.isEmpty());
+
+        runCheck(checker, true, false, 1);
+        QTRY_VERIFY(alert() && alert()->property("opened").toBool());
+        click(alertButton("updateNowButton"));
+        QTRY_VERIFY(!alert());
+        QCOMPARE(lastLink(m_opener), QStringLiteral("https://store.example/app/quieton?v=2.0"));
+    }
+
+    void aForcedUpdateOffersOnlyUpdateNow()
+    {
+        m_server.answer(storeAnswer("2.0"));
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
+        runCheck(checker, false, false, 1);
+        QTRY_VERIFY(alert() && alert()->property("opened").toBool());
+        QCOMPARE(alert()->property("force").toBool(), true);
+        QVERIFY(!alertButton("notNowButton")->isVisible());
+        QVERIFY(alertButton("updateNowButton")->isVisible());
+    }
+
+    void anInvalidLinkOpensNothing()
+    {
+        m_server.answer(json("{'results': [{'version': '9', 'trackViewUrl': 'not a link'}]}"));
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
+        runCheck(checker, true, false, 1);
+        QTRY_VERIFY(alert() && alert()->property("opened").toBool());
+        click(alertButton("updateNowButton"));
+        QTRY_VERIFY(!alert());
+        QVERIFY(m_opener->opened.isEmpty());
+    }
+
+    void answersWithoutAStoreRecord_data()
+    {
+        QTest::addColumn<QByteArray>("body");
+        QTest::newRow("results empty") << json("{'resultCount': 0, 'results': []}");
+        QTest::newRow("results absent") << json("{'resultCount': 0}");
+        QTest::newRow("results null") << json("{'results': null}");
+        QTest::newRow("only beta data") << QByteArray(betaAnswer("9.9"));
+    }
+    void answersWithoutAStoreRecord()
+    {
+        QFETCH(QByteArray, body);
+        m_server.answer(body);
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
+        QCOMPARE(runCheck(checker, true, false, 1), QStringList{ QStringLiteral("App does not exist on AppStore") });
+        QVERIFY(!checker.isNeedUpdate());
+        QVERIFY(!alert());
+    }
+
+    void brokenAnswersAreOneDecodingError_data()
+    {
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<bool>("isTestFlight");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("record without trackViewUrl")
+                << json("{'results': [{'version': '9.0'}]}") << false << "trackViewUrl";
+        QTest::newRow("version as a number")
+                << json("{'results': [{'version': 9, 'trackViewUrl': 'https://x'}]}") << false << "version";
+        QTest::newRow("a later record broken")
+                << json("{'results': [{'version': '9', 'trackViewUrl': 'https://x'}, {'version': '8'}]}")
+                << false << "results[1]";
+        QTest::newRow("results not an array") << json("{'results': {'version': '9'}}") << false << "results";
+        QTest::newRow("not JSON") << QByteArray("<html>Service Unavailable</html>") << false << "JSON";
+        QTest::newRow("an array at the top") << QByteArray("[]") << false << "object";
+        QTest::newRow("beta with expired as a boolean")
+                << json("{'data': [{'type': 'builds', 'attributes': {'version': '9.9', 'expired': false}}]}")
+                << true << "expired";
+        QTest::newRow("beta without type")
+                << json("{'data': [{'attributes': {'version': '9.9', 'expired': 'false'}}]}") << true << "type";
+        QTest::newRow("beta without attributes") << json("{'data': [{'type': 'builds'}]}") << true
+                                                 << "attributes";
+        QTest::newRow("beta answer broken in the lookup")
+                << json("{'results': [], 'data': [{'type': 'builds'}]}") << false << "attributes";
+    }
+    void brokenAnswersAreOneDecodingError()
+    {
+        QFETCH(QByteArray, body);
+        QFETCH(bool, isTestFlight);
+        QFETCH(QString, reason);
+        const QString label = isTestFlight ? QStringLiteral("TestFlight") : QStringLiteral("AppStore");
+        m_server.answer(body);
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
+
+        const QStringList lines = runCheck(checker, true, isTestFlight, 2);
+
+        QCOMPARE(lines.size(), 2);
+        const QString errorLine = QStringLiteral("error getting app ") + label + QStringLiteral(" version:  ");
+        QVERIFY2(lines.at(0).startsWith(errorLine), qPrintable(lines.at(0)));
+        QVERIFY2(lines.at(0).size() > errorLine.size(), "the error is described");
+        QVERIFY2(lines.at(0).contains(reason), qPrintable(lines.at(0)));
+        QCOMPARE(lines.at(1), QStringLiteral("App does not exist on ") + label);
+        QVERIFY(!checker.isNeedUpdate());
+        QVERIFY(!alert());
+    }
+
+    void unknownMembersAreIgnored()
+    {
+        m_server.answer(json("{'extra': {'deep': [1, 2]}, 'results': [{'version': '5', 'trackViewUrl': 'https://x/5', 'releaseNotes': null, 'genres': ['Utilities']}], 'data': null}"));
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("4"))));
+        QCOMPARE(runCheck(checker, true, false, 1),
+                 QStringList{ QStringLiteral("Needs update: AppStore Version: 5 > Current version:  4") });
+    }
+
+    void theHttpStatusIsNotLookedAt()
+    {
+        m_server.answer(storeAnswer("3.0"), 503);
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("2.0"))));
+        QCOMPARE(runCheck(checker, true, false, 1),
+                 QStringList{ QStringLiteral("Needs update: AppStore Version: 3.0 > Current version:  2.0") });
+        QTRY_VERIFY(alert());
+    }
+
+    void anEmptyBodyIsAnInvalidResponse()
+    {
+        m_server.answer(QByteArray());
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
+        QCOMPARE(runCheck(checker, true, false, 2),
+                 (QStringList{ QStringLiteral("error getting app AppStore version:  invalidResponse"),
+                               QStringLiteral("App does not exist on AppStore") }));
+    }
+
+    void aDeadPortIsATransportError()
+    {
+        quint16 deadPort = 0;
+        {
+            QTcpServer probe;
+            QVERIFY(probe.listen(QHostAddress::LocalHost));
+            deadPort = probe.serverPort();
+        }
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0")),
+                                   QStringLiteral("http://127.0.0.1:%1").arg(deadPort)));
+        const QStringList lines = runCheck(checker, true, false, 2);
+        QCOMPARE(lines.size(), 2);
+        QVERIFY2(lines.at(0).startsWith(QLatin1StringView("error getting app AppStore version:  ")), qPrintable(lines.at(0)));
+        QVERIFY2(lines.at(0).contains(QLatin1StringView("refused")), qPrintable(lines.at(0)));
+        QCOMPARE(lines.at(1), QStringLiteral("App does not exist on AppStore"));
+        QVERIFY(!alert());
+    }
+
+    // The UI thread never waits on the network: while the server holds the
+    // request, the event loop runs on, and a checker can go away meanwhile.
+    void aSilentServerOnlyDelaysTheCheck()
+    {
+        LoopbackHttpServer silent;
+        silent.keepSilent();
+        StdoutCapture capture;
+        {
+            CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0")), silent.origin()));
+            checker.checkForUpdate(true, false);
+            QTRY_COMPARE(silent.requests.size(), 1);
+            int ticks = 0;
+            QTimer ticker;
+            connect(&ticker, &QTimer::timeout, this, [&ticks] { ++ticks; });
+            ticker.start(10);
+            QTRY_VERIFY(ticks >= 20);
+            QVERIFY(printed(capture).isEmpty());
+            QVERIFY(!alert());
+        }
+        QTest::qWait(50);
+        QVERIFY(printed(capture).isEmpty());
+    }
+
+    void betaBuildsUseTheDeveloperApiAndTheStorePage()
+    {
+        m_server.answer(betaAnswer("1.5"));
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.4"))));
+        QSignalSpy testFlightChanged(&checker, &CheckUpdate::isTestFlightChanged);
+
+        StdoutCapture capture;
+        checker.checkForUpdate(true, true);
+        QVERIFY(checker.isTestFlight()); // at once, before any answer
+        QCOMPARE(testFlightChanged.size(), 1);
+        QTRY_COMPARE(printed(capture),
+                     QStringList{ QStringLiteral("Needs update: TestFlight Version: 1.5 > Current version:  1.4") });
+        QCOMPARE(m_server.requests.constLast().target, QByteArray("/v1/apps/123/builds"));
+        QCOMPARE(m_server.requests.constLast().header("Authorization"), QByteArray("Bearer abc"));
+        QTRY_VERIFY(alert());
+        QCOMPARE(alert()->property("appURL").toString(), storePage);
+        QCOMPARE(alert()->property("isTestFlight").toBool(), true);
+        QVERIFY(!checker.isNeedUpdate()); // only a store record raises it
+
+        closeAlerts();
+        m_server.answer(betaAnswer("1.4"));
+        QCOMPARE(runCheck(checker, true, true, 1), QStringList{ QStringLiteral("Already on the last app version:  1.4") });
+        m_server.answer(json("{'data': []}"));
+        QCOMPARE(runCheck(checker, true, true, 1), QStringList{ QStringLiteral("App does not exist on TestFlight") });
+
+        // The next check goes back to the store.
+        m_server.answer(storeAnswer("1.4"));
+        QCOMPARE(runCheck(checker, true, false, 1), QStringList{ QStringLiteral("Already on the last app version:  1.4") });
+        QVERIFY(!checker.isTestFlight());
+        QCOMPARE(m_server.requests.constLast().target, QByteArray("/br/lookup?bundleId=app.test.Quieton"));
+    }
+
+    void isNeedUpdateIsRaisedOnceAndNeverCleared()
+    {
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
+        QSignalSpy changed(&checker, &CheckUpdate::isNeedUpdateChanged);
+        m_server.answer(storeAnswer("1.1"));
+        runCheck(checker, true, false, 1);
+        m_server.answer(storeAnswer("1.2"));
+        runCheck(checker, true, false, 1);
+        m_server.answer(storeAnswer("1.0"));
+        QCOMPARE(runCheck(checker, true, false, 1), QStringList{ QStringLiteral("Already on the last app version:  1.0") });
+        QVERIFY(checker.isNeedUpdate());
+        QTRY_COMPARE(changed.size(), 1);
+        QCOMPARE(m_server.requests.size(), 3); // no caching, no de-duplication
+    }
+
+    void withoutAWindowNothingIsShown()
+    {
+        m_window->setVisible(false);
+        m_server.answer(storeAnswer("2.0"));
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
+        QCOMPARE(runCheck(checker, true, false, 1),
+                 QStringList{ QStringLiteral("Needs update: AppStore Version: 2.0 > Current version:  1.0") });
+        QTest::qWait(50);
+        QVERIFY(!alert());
+    }
+
+    void aMissingInformationFileStopsBeforeAnyRequest()
+    {
+        CheckUpdate checker(config(m_folder.filePath(QStringLiteral("nowhere/Info.plist"))));
+        QCOMPARE(runCheck(checker, true, false, 2),
+                 (QStringList{ QStringLiteral("Couldn't find file 'Info.plist'."),
+                               QStringLiteral("Erro to decode app current version") }));
+        QTest::qWait(50);
+        QVERIFY(m_server.requests.isEmpty());
+    }
+
+    void aMissingVersionStopsBeforeAnyRequest()
+    {
+        CheckUpdate checker(config(writeInfoPlist(QString())));
+        QCOMPARE(runCheck(checker, true, false, 2),
+                 (QStringList{ QStringLiteral("Couldn't find key 'CFBundleShortVersionString' in 'Info.plist'."),
+                               QStringLiteral("Erro to decode app current version") }));
+        QTest::qWait(50);
+        QVERIFY(m_server.requests.isEmpty());
+    }
+
+    void anUnusableBundleIdentifierIsInvalidBundleInfo_data()
+    {
+        QTest::addColumn<QString>("bundleId");
+        QTest::addColumn<QStringList>("lines");
+        QTest::newRow("missing") << QString()
+                                 << QStringList{ QStringLiteral("Couldn't find key 'CFBundleIdentifier' in 'Info.plist'."),
+                                                 QStringLiteral("error getting app AppStore version:  invalidBundleInfo"),
+                                                 QStringLiteral("App does not exist on AppStore") };
+        QTest::newRow("not an address") << QStringLiteral("app test Quieton")
+                                        << QStringList{ QStringLiteral("error getting app AppStore version:  invalidBundleInfo"),
+                                                        QStringLiteral("App does not exist on AppStore") };
+    }
+    void anUnusableBundleIdentifierIsInvalidBundleInfo()
+    {
+        QFETCH(QString, bundleId);
+        QFETCH(QStringList, lines);
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"), bundleId)));
+        QCOMPARE(runCheck(checker, true, false, int(lines.size())), lines);
+        QVERIFY(m_server.requests.isEmpty());
+    }
+
+    void infoPlistValueReadsTheFileAfreshEachTime()
+    {
+        const QString path = writeInfoPlist(QStringLiteral("1.0"), QStringLiteral("app.test.Quieton"),
+                                            "<key>CFBundleVersion</key><integer>7</integer>\n"
+                                            "<key>UIRequiresFullScreen</key><true/>\n");
+        CheckUpdate checker(config(path));
+        QCOMPARE(checker.infoPlistValue(QStringLiteral("CFBundleShortVersionString")), QStringLiteral("1.0"));
+        writeInfoPlist(QStringLiteral("1.1"));
+        QCOMPARE(checker.infoPlistValue(QStringLiteral("CFBundleShortVersionString")), QStringLiteral("1.1"));
+
+        StdoutCapture capture;
+        writeInfoPlist(QStringLiteral("1.1"), QStringLiteral("app.test.Quieton"),
+                       "<key>CFBundleVersion</key><integer>7</integer>\n");
+        QCOMPARE(checker.infoPlistValue(QStringLiteral("CFBundleVersion")), std::nullopt);
+        QCOMPARE(checker.infoPlistValue(QStringLiteral("NoSuchKey")), std::nullopt);
+        QFile broken(path);
+        QVERIFY(broken.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        broken.write("<plist><dict><key>CFBundleShortVersionString</key><string>1.2");
+        broken.close();
+        QCOMPARE(checker.infoPlistValue(QStringLiteral("CFBundleShortVersionString")), std::nullopt);
+        QCOMPARE(printed(capture),
+                 (QStringList{ QStringLiteral("Couldn't find key 'CFBundleVersion' in 'Info.plist'."),
+                               QStringLiteral("Couldn't find key 'NoSuchKey' in 'Info.plist'."),
+                               QStringLiteral("Couldn't find key 'CFBundleShortVersionString' in 'Info.plist'.") }));
+    }
+
+    void theBuiltInInformationFileAndAddresses()
+    {
+        CheckUpdate &shared = *CheckUpdate::shared();
+        QCOMPARE(shared.infoPlistValue(QStringLiteral("CFBundleShortVersionString")), QStringLiteral(QUIETON_TEST_VERSION));
+        const std::optional<QString> bundleId = shared.infoPlistValue(QStringLiteral("CFBundleIdentifier"));
+        QVERIFY(bundleId && !bundleId->isEmpty());
+        QVERIFY(shared.lookupAddress(*bundleId).startsWith(QLatin1StringView("http://")));
+        QVERIFY(shared.lookupAddress(*bundleId).endsWith(QStringLiteral("/br/lookup?bundleId=") + *bundleId));
+        // The identifier goes in as it is, unescaped.
+        QVERIFY(shared.lookupAddress(QStringLiteral("a b/c")).endsWith(QLatin1StringView("?bundleId=a b/c")));
+        QVERIFY(shared.buildsAddress().startsWith(QLatin1StringView("https://")));
+        QVERIFY(shared.buildsAddress().contains(QRegularExpression(QStringLiteral("/v1/apps/[0-9]+/builds$"))));
+        QVERIFY(shared.urlAppStore().contains(QRegularExpression(QStringLiteral("^https://[^/]+/br/app/[^/]+/id[0-9]+\\?uo=4$"))));
+        QVERIFY(!shared.isNeedUpdate());
+        QVERIFY(!shared.isTestFlight());
+        QCOMPARE(CheckUpdate::shared(), &shared);
+    }
+};
+
+QTEST_MAIN(TestCheckUpdate)
+#include "tst_checkupdate.moc"

@@ -1,0 +1,79 @@
+// The about and feedback screens in real QML views; the pages they open go
+// to a recording URL opener and shared texts to a recording sharer.
+#include "Platform.h"
+#include "RecordingUrlOpener.h"
+#include "TestHome.h"
+#include "TextSharer.h"
+
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QtQml/qqmlextensionplugin.h>
+#include <QtQuickTest>
+
+Q_IMPORT_QML_PLUGIN(QuietonPlugin)
+
+// Remembers what the app offered to share.
+class RecordingSharer : public TextSharer
+{
+public:
+    QStringList shared;
+    void share(const QString &text) override { shared.append(text); }
+};
+
+// What the QML tests see of the opener and the sharer.
+class Desktop : public QObject
+{
+    Q_OBJECT
+public:
+    Desktop(RecordingUrlOpener *opener, RecordingSharer *sharer) : m_opener(opener), m_sharer(sharer) { }
+
+    Q_INVOKABLE QStringList opened() const
+    {
+        QStringList addresses;
+        for (const QUrl &url : m_opener->opened)
+            addresses.append(url.toString());
+        return addresses;
+    }
+    Q_INVOKABLE QStringList shared() const { return m_sharer->shared; }
+    Q_INVOKABLE void clear()
+    {
+        m_opener->opened.clear();
+        m_sharer->shared.clear();
+    }
+    Q_INVOKABLE QString site() const { return QStringLiteral("https://" QUIETON_TEST_WEB_HOST); }
+    Q_INVOKABLE void setRightToLeft(bool rightToLeft)
+    {
+        QGuiApplication::setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    }
+
+private:
+    RecordingUrlOpener *m_opener;
+    RecordingSharer *m_sharer;
+};
+
+class Setup : public QObject
+{
+    Q_OBJECT
+    RecordingUrlOpener *m_opener = nullptr;
+    RecordingSharer *m_sharer = nullptr;
+
+public slots:
+    void applicationAvailable()
+    {
+        TestHome::use();
+        auto opener = std::make_unique<RecordingUrlOpener>();
+        m_opener = opener.get();
+        Platform::setUrlOpener(std::move(opener));
+        auto sharer = std::make_unique<RecordingSharer>();
+        m_sharer = sharer.get();
+        Platform::setSharer(std::move(sharer));
+    }
+    void qmlEngineAvailable(QQmlEngine *engine)
+    {
+        engine->addImportPath(QStringLiteral("qrc:/"));
+        engine->rootContext()->setContextProperty(QStringLiteral("desktop"), new Desktop(m_opener, m_sharer));
+    }
+};
+
+QUICK_TEST_MAIN_WITH_SETUP(infoscreens, Setup)
+#include "tst_infoscreens.moc"
