@@ -1,0 +1,338 @@
+// The history list model over real SQLite files in temporary folders: its
+// search rules, how store changes reach it, and deleting listed records.
+#include "FilteredHistoryModel.h"
+#include "HistoryCallDataService.h"
+#include "HistoryViewModel.h"
+#include "Platform.h"
+#include "RecordingTelephony.h"
+#include "Service.h"
+#include "TestHome.h"
+#include "UserDefaultsService.h"
+
+#include <QAbstractItemModelTester>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+struct Person
+{
+    QString firstName;
+    QString lastName;
+    QString telephone;
+};
+
+// The telephones of the listed rows, in list order.
+QStringList listedTelephones(HistoryViewModel &vm)
+{
+    QStringList out;
+    FilteredHistoryModel *model = vm.filteredContacts();
+    for (int row = 0; row < model->count(); ++row)
+        out.append(model->at(row).telephone);
+    return out;
+}
+
+QStringList allTelephones(const QList<HistoryData> &records)
+{
+    QStringList out;
+    for (const HistoryData &r : records)
+        out.append(r.telephone);
+    return out;
+}
+
+// The rule, field by field, the slow and obvious way.
+bool referenceMatch(const HistoryData &r, const QString &text)
+{
+    for (const QString *field : { &r.firstName, &r.lastName, &r.telephone }) {
+        if (!field->isNull() && field->contains(text, Qt::CaseInsensitive))
+            return true;
+    }
+    return false;
+}
+
+QList<qint64> referenceIds(const QList<HistoryData> &records, const QString &text)
+{
+    QList<qint64> ids;
+    for (const HistoryData &r : records) {
+        if (text.isEmpty() || referenceMatch(r, text))
+            ids.append(r.objectId);
+    }
+    return ids;
+}
+
+QList<qint64> listedIds(HistoryViewModel &vm)
+{
+    QList<qint64> ids;
+    for (int row = 0; row < vm.filteredContacts()->count(); ++row)
+        ids.append(vm.filteredContacts()->at(row).objectId);
+    return ids;
+}
+
+} // namespace
+
+class TestHistoryViewModel : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+    int m_files = 0;
+
+    QString newFile() { return m_dir.filePath(QStringLiteral("history-%1.sqlite").arg(++m_files)); }
+
+    std::unique_ptr<HistoryViewModel> modelOn(HistoryCallDataService &store)
+    {
+        return std::make_unique<HistoryViewModel>(&store, UserDefaultsService::shared(), Service::shared());
+    }
+
+    void fill(HistoryCallDataService &store, const QList<Person> &people)
+    {
+        for (const Person &p : people)
+            store.addHistory(p.firstName, p.lastName, p.telephone, false);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        TestHome::use();
+        Platform::setTelephony(std::make_unique<RecordingTelephony>());
+    }
+
+    void search_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QStringList>("expected");
+        const QStringList all = { "0611", "0622", "0633", "0644", "0655", "+33 6 77", "0688" };
+        QTest::newRow("blank shows all in store order") << "" << all;
+        QTest::newRow("upper case finds a last name") << "ANN" << QStringList{ "0611", "0622" };
+        QTest::newRow("lower case finds first and last names") << "ann" << QStringList{ "0611", "0622" };
+        QTest::newRow("a nameless record by its number") << "44" << QStringList{ "0644" };
+        QTest::newRow("number part shared by all") << "06" << QStringList{ "0611", "0622", "0633", "0644", "0655", "0688" };
+        QTest::newRow("spaces are not trimmed") << " ann" << QStringList{};
+        QTest::newRow("spaces in the number") << "6 7" << QStringList{ "+33 6 77" };
+        QTest::newRow("no match across fields") << "annasmith" << QStringList{};
+        QTest::newRow("accented capitals") << "ÉLO" << QStringList{ "0655" };
+        QTest::newRow("final sigma") << "ΟΔΥΣΣΕΥΣ" << QStringList{ "0688" };
+        QTest::newRow("nothing matches") << "zzz" << QStringList{};
+        QTest::newRow("a noncharacter never crashes") << QString(QChar(char16_t(0xFFFF))) << QStringList{};
+        QTest::newRow("a pasted page of text") << QString(20000, QChar(u'a')) << QStringList{};
+        QTest::newRow("a lone surrogate") << QString(QChar(char16_t(0xD801))) << QStringList{};
+    }
+    void search()
+    {
+        QFETCH(QString, text);
+        QFETCH(QStringList, expected);
+        HistoryCallDataService store(newFile());
+        fill(store, { { "Anna", "Smith", "0611" },
+                      { "Bob", "Hannah", "0622" },
+                      { "Carl", "Jones", "0633" },
+                      { QString(), QString(), "0644" },
+                      { "élodie", "Martin", "0655" },
+                      { "", "", "+33 6 77" },
+                      { "Οδυσσευς", "", "0688" } });
+        auto vm = modelOn(store);
+        QCOMPARE(vm->historyListArray().size(), 7);
+        vm->setSearchText(text);
+        QCOMPARE(listedTelephones(*vm), expected);
+        // Going back to a blank search restores the whole list in store order.
+        vm->setSearchText(QString());
+        QCOMPARE(listedTelephones(*vm), allTelephones(store.savedEntities()));
+    }
+
+    void absentFieldsNeverMatch()
+    {
+        // A record whose names were never stored is found by its number only,
+        // even by a text that an empty name would "contain".
+        HistoryCallDataService store(newFile());
+        fill(store, { { QString(), QString(), "0700" }, { "Ann", "Lee", "0800" } });
+        auto vm = modelOn(store);
+        vm->setSearchText("07");
+        QCOMPARE(listedTelephones(*vm), QStringList{ "0700" });
+        QCOMPARE(vm->filteredContacts()->data(vm->filteredContacts()->index(0), FilteredHistoryModel::FirstNameRole),
+                 QVariant());
+    }
+
+    void storeChangesReachBothLists()
+    {
+        HistoryCallDataService store(newFile());
+        fill(store, { { "Anna", "Smith", "0611" }, { "Bob", "Stone", "0622" } });
+        auto vm = modelOn(store);
+        QAbstractItemModelTester tester(vm->filteredContacts(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+        vm->setSearchText("an");
+        QCOMPARE(listedTelephones(*vm), QStringList{ "0611" });
+
+        // A new call while searching is listed only when it matches.
+        store.addHistory("Dan", "Brown", "0633", true);
+        store.addHistory("Eve", "White", "0644", false);
+        QCOMPARE(vm->historyListArray().size(), 4);
+        QCOMPARE(listedTelephones(*vm), (QStringList{ "0611", "0633" }));
+
+        // Typing on and going back keeps to the rule after the list changed.
+        vm->setSearchText("ann");
+        QCOMPARE(listedTelephones(*vm), QStringList{ "0611" });
+        vm->setSearchText("an");
+        QCOMPARE(listedTelephones(*vm), (QStringList{ "0611", "0633" }));
+
+        // An empty store empties both lists.
+        store.deleteAllHistory();
+        QCOMPARE(vm->historyListArray().size(), 0);
+        QCOMPARE(vm->filteredContacts()->count(), 0);
+        vm->setSearchText(QString());
+        QCOMPARE(vm->filteredContacts()->count(), 0);
+
+        // A freed id given to a new record shows the new record's contents.
+        store.addHistory("Zoe", "Quinn", "0999", false);
+        vm->setSearchText("zo");
+        QCOMPARE(listedTelephones(*vm), QStringList{ "0999" });
+    }
+
+    void listViewsGetSmallChanges()
+    {
+        HistoryCallDataService store(newFile());
+        fill(store, { { "A", "A", "01" }, { "B", "B", "02" }, { "C", "C", "03" } });
+        auto vm = modelOn(store);
+        FilteredHistoryModel *model = vm->filteredContacts();
+        QSignalSpy resets(model, &QAbstractItemModel::modelReset);
+        QSignalSpy inserted(model, &QAbstractItemModel::rowsInserted);
+        QSignalSpy removed(model, &QAbstractItemModel::rowsRemoved);
+
+        store.addHistory("D", "D", "04", false);
+        QCOMPARE(inserted.size(), 1);
+        QCOMPARE(inserted.at(0).at(1).toInt(), 3);
+        QCOMPARE(inserted.at(0).at(2).toInt(), 3);
+
+        vm->deleteRows({ 1 });
+        QCOMPARE(removed.size(), 1);
+        QCOMPARE(removed.at(0).at(1).toInt(), 1);
+        QCOMPARE(removed.at(0).at(2).toInt(), 1);
+        QCOMPARE(resets.size(), 0);
+        QCOMPARE(listedTelephones(*vm), (QStringList{ "01", "03", "04" }));
+    }
+
+    void deleteUnderSearchRemovesTheListedRecords()
+    {
+        const QString path = newFile();
+        HistoryCallDataService store(path);
+        fill(store, { { "Anna", "Smith", "0611" },
+                      { "Bob", "Stone", "0622" },
+                      { "Hannah", "Lee", "0633" },
+                      { "Carl", "Anderson", "0644" },
+                      { "Dora", "Ng", "0655" } });
+        auto vm = modelOn(store);
+        vm->setSearchText("an");
+        QCOMPARE(listedTelephones(*vm), (QStringList{ "0611", "0633", "0644" }));
+
+        // Rows 0 and 2 of the filtered list: not rows 0 and 2 of the store.
+        QSignalSpy published(&store, &HistoryCallDataService::savedEntitiesChanged);
+        vm->deleteRows({ 2, 0 });
+        QCOMPARE(published.size(), 2); // one save and fetch per deleted row
+        QCOMPARE(listedTelephones(*vm), QStringList{ "0633" });
+        QVERIFY(!store.hasPendingChanges());
+
+        // What the file holds, read by a store of its own.
+        HistoryCallDataService reopened(path);
+        QCOMPARE(allTelephones(reopened.savedEntities()), (QStringList{ "0622", "0633", "0655" }));
+
+        // Rows that are not listed are ignored.
+        vm->deleteRows({ 5, -1 });
+        QCOMPARE(store.savedEntities().size(), 3);
+    }
+
+    void selectionKeepsTheTappedRecord()
+    {
+        HistoryCallDataService store(newFile());
+        fill(store, { { "Anna", "Smith", "0611" }, { "Bob", "Stone", "0622" } });
+        auto vm = modelOn(store);
+        QVERIFY(!vm->selectedContact());
+        vm->setSearchText("bob");
+        vm->selectRow(0);
+        QVERIFY(vm->selectedContact());
+        QCOMPARE(vm->selectedContact()->telephone, QString("0622"));
+        // Deleting it from the store leaves the copy the dialog works on.
+        vm->deleteRows({ 0 });
+        QCOMPARE(vm->selectedContact()->firstName, QString("Bob"));
+        vm->selectRow(3);
+        QCOMPARE(vm->selectedContact()->firstName, QString("Bob"));
+    }
+
+    // Changes that come while the list's search text is being built, and so
+    // many deletions that it is built again: searches still follow the rule.
+    void changesWhileIndexingAndAfterManyDeletions()
+    {
+        HistoryCallDataService store(newFile());
+        for (int i = 0; i < 1500; ++i)
+            store.addHistory(QStringLiteral("First%1").arg(i % 37), QStringLiteral("Last%1").arg(i % 53),
+                             QStringLiteral("06%1").arg(100000 + i), i % 2);
+        auto vm = modelOn(store); // starts indexing on a worker thread
+        store.addHistory("Late", "Comer", "0799", false);
+        vm->deleteRows({ 0, 5, 700 });
+        vm->setSearchText("first1");
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "first1"));
+
+        // Under the search, delete most listed rows, one save each.
+        while (vm->filteredContacts()->count() > 20)
+            vm->deleteRows({ 0, 1, 2, 3, 4, 5, 6, 7, 8, 9 });
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "first1"));
+        vm->setSearchText(QString());
+        for (int i = 0; i < 700; ++i)
+            vm->deleteRows({ 0 });
+        store.addHistory("First1", "Again", "0800", true);
+        for (const QString &text : { "f", "fi", "first", "first1", "first12", "first1", "last5", "08", "" }) {
+            vm->setSearchText(text);
+            QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), text));
+        }
+        // Let a build still under way finish and be taken up.
+        QTest::qWait(50);
+        vm->setSearchText("again");
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "again"));
+    }
+
+    // Typing, deleting characters, pasting and store changes in random
+    // order: the listed records always follow the rule.
+    void randomSessionsFollowTheRule()
+    {
+        HistoryCallDataService store(newFile());
+        auto vm = modelOn(store);
+        QAbstractItemModelTester tester(vm->filteredContacts(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+        QRandomGenerator random(20261123);
+        // Letters with and without case, accents, the three sigmas, and a
+        // letter pair beyond the basic plane (Deseret capital and small).
+        const QStringList alphabet = { "a", "n", "A", "N", "0", "é", " ", "É", "6", "s", "σ", "ς", "Σ",
+                                       QStringLiteral("\U00010400"), QStringLiteral("\U00010428") };
+        const auto randomLetter = [&] { return alphabet.at(random.bounded(int(alphabet.size()))); };
+        const auto randomText = [&](int maxLength) {
+            QString text;
+            const int length = random.bounded(maxLength + 1);
+            for (int i = 0; i < length; ++i)
+                text.append(randomLetter());
+            return text;
+        };
+        const auto randomField = [&] { return random.bounded(6) == 0 ? QString() : randomText(6); };
+        for (int i = 0; i < 120; ++i)
+            store.addHistory(randomField(), randomField(), randomField(), false);
+
+        for (int step = 0; step < 600; ++step) {
+            const int action = random.bounded(10);
+            QString text = vm->searchText();
+            if (action < 5) {
+                text.append(randomLetter());
+                vm->setSearchText(text);
+            } else if (action < 7) {
+                // Backspace takes a whole character.
+                text.chop(!text.isEmpty() && text.back().isLowSurrogate() ? 2 : 1);
+                vm->setSearchText(text);
+            } else if (action == 7) {
+                vm->setSearchText(randomText(3));
+            } else if (action == 8) {
+                store.addHistory(randomField(), randomField(), randomField(), false);
+            } else if (vm->filteredContacts()->count() > 0) {
+                vm->deleteRows({ int(random.bounded(vm->filteredContacts()->count())) });
+            }
+            QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), vm->searchText()));
+        }
+    }
+};
+
+QTEST_MAIN(TestHistoryViewModel)
+#include "tst_historyviewmodel.moc"
