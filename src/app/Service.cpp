@@ -105,9 +105,10 @@ void Service::shareApp()
 
 void Service::setPendingCall(const QString &firstName, const QString &lastName, const QString &telephone, bool hidden)
 {
-    m_pendingCallFirstName = firstName;
-    m_pendingCallLastName = lastName;
-    m_pendingCallTelephone = telephone;
+    const auto text = [](const QString &value) { return value.isNull() ? QStringLiteral("") : value; };
+    m_pendingCallFirstName = text(firstName);
+    m_pendingCallLastName = text(lastName);
+    m_pendingCallTelephone = text(telephone);
     m_pendingCallHidden = hidden;
     emit pendingCallChanged();
 }

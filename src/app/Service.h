@@ -87,9 +87,10 @@ private:
 
     bool m_callStartedFromApp = false;
     bool m_callFailed = false;
-    QString m_pendingCallFirstName;
-    QString m_pendingCallLastName;
-    QString m_pendingCallTelephone;
+    // Never null: a call dialled by number records empty names, not missing ones.
+    QString m_pendingCallFirstName = QStringLiteral("");
+    QString m_pendingCallLastName = QStringLiteral("");
+    QString m_pendingCallTelephone = QStringLiteral("");
     bool m_pendingCallHidden = false;
     std::optional<bool> m_pendingCallSaveToHistory;
 };
