@@ -3,3 +3,8 @@ list(APPEND QUIETON_QML
     lists/ContactsView.qml
     lists/HistoryView.qml
 )
+list(APPEND QUIETON_SOURCES
+    lists/ContactsListModel.cpp lists/ContactsListModel.h
+    lists/ContactsViewModel.cpp lists/ContactsViewModel.h
+    lists/FetchedContact.cpp lists/FetchedContact.h
+)
