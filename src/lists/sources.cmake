@@ -6,5 +6,6 @@ list(APPEND QUIETON_QML
 list(APPEND QUIETON_SOURCES
     lists/ContactsListModel.cpp lists/ContactsListModel.h
     lists/ContactsViewModel.cpp lists/ContactsViewModel.h
+    lists/ContentSizeCategory.cpp lists/ContentSizeCategory.h
     lists/FetchedContact.cpp lists/FetchedContact.h
 )
