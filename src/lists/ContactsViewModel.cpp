@@ -15,6 +15,7 @@
 #include <QThreadPool>
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 #include <numeric>
 #include <vector>
@@ -35,23 +36,33 @@ void onMainThread(Step &&step)
 
 // Code-point order. UTF-16 units order everything above U+FFFF (surrogates,
 // D800-DFFF) before E000-FFFF; moving the surrogates above them fixes that.
-bool codePointLess(const QString &a, const QString &b)
+char16_t orderUnit(char16_t unit)
 {
-    const char16_t *pa = reinterpret_cast<const char16_t *>(a.constData());
-    const char16_t *pb = reinterpret_cast<const char16_t *>(b.constData());
-    const qsizetype n = std::min(a.size(), b.size());
-    for (qsizetype i = 0; i < n; ++i) {
-        char16_t ua = pa[i];
-        char16_t ub = pb[i];
-        if (ua == ub)
-            continue;
-        if (ua >= 0xD800 && ub >= 0xD800) {
-            ua = ua >= 0xE000 ? char16_t(ua - 0x800) : char16_t(ua + 0x2000);
-            ub = ub >= 0xE000 ? char16_t(ub - 0x800) : char16_t(ub + 0x2000);
-        }
-        return ua < ub;
+    if (unit >= 0xE000)
+        return char16_t(unit - 0x800);
+    if (unit >= 0xD800)
+        return char16_t(unit + 0x2000);
+    return unit;
+}
+
+// Compares from unit `from` on; the units before it are known to be equal.
+bool codePointLess(const char16_t *pa, qsizetype sa, const char16_t *pb, qsizetype sb, qsizetype from = 0)
+{
+    const qsizetype n = std::min(sa, sb);
+    qsizetype i = std::min(from, n);
+    // Equal runs four units at a time.
+    for (; i + 4 <= n; i += 4) {
+        quint64 wa, wb;
+        std::memcpy(&wa, pa + i, sizeof wa);
+        std::memcpy(&wb, pb + i, sizeof wb);
+        if (wa != wb)
+            break;
     }
-    return a.size() < b.size();
+    for (; i < n; ++i) {
+        if (pa[i] != pb[i])
+            return orderUnit(pa[i]) < orderUnit(pb[i]);
+    }
+    return sa < sb;
 }
 
 // Fields are joined for the search with a character no one types.
@@ -91,7 +102,6 @@ void ContactsViewModel::setSearchText(const QString &text)
     if (m_searchText == text)
         return;
     m_searchText = text;
-    m_foldedSearch = searchForm(text);
     refilter();
     emit searchTextChanged();
 }
@@ -187,22 +197,31 @@ void ContactsViewModel::fetchContacts()
 ContactsViewModel::Keys ContactsViewModel::keysFor(const QString &firstName, const QString &lastName,
                                                    const QString &telephone)
 {
-    Keys keys;
-    // Canonically equivalent spellings compare equal once both are composed.
-    keys.firstName = firstName.normalized(QString::NormalizationForm_C);
-    keys.lastName = lastName.normalized(QString::NormalizationForm_C);
-    keys.telephone = telephone.normalized(QString::NormalizationForm_C);
-    keys.folded = (keys.firstName + QChar(fieldSeparator) + keys.lastName + QChar(fieldSeparator) + keys.telephone)
-                      .toCaseFolded();
-    return keys;
+    // Text that is composed already comes back shared, not copied.
+    return { firstName.normalized(QString::NormalizationForm_C), lastName.normalized(QString::NormalizationForm_C),
+             telephone.normalized(QString::NormalizationForm_C) };
+}
+
+void ContactsViewModel::appendSearchForm(const Keys &keys, QString &buffer)
+{
+    buffer += keys.firstName.toCaseFolded();
+    buffer += QChar(fieldSeparator);
+    buffer += keys.lastName.toCaseFolded();
+    buffer += QChar(fieldSeparator);
+    buffer += keys.telephone.toCaseFolded();
+    buffer += QChar(fieldSeparator);
 }
 
 ContactsViewModel::Batch ContactsViewModel::prepare(QList<AddressBookContact> &&people)
 {
     Batch batch;
     batch.keys.reserve(people.size());
-    for (const AddressBookContact &person : people)
+    batch.starts.reserve(people.size());
+    for (const AddressBookContact &person : people) {
         batch.keys.append(keysFor(person.givenName, person.familyName, person.phoneNumbers.value(0)));
+        batch.starts.append(batch.searchText.size());
+        appendSearchForm(batch.keys.last(), batch.searchText);
+    }
     batch.people = std::move(people);
     return batch;
 }
@@ -216,19 +235,21 @@ void ContactsViewModel::append(Batch &&batch)
     const bool searching = !m_searchText.isEmpty();
     if (!searching)
         m_visibleContacts->beginAppend(int(added));
-    m_contactsArray.reserve(first + added);
-    m_keys.reserve(first + added);
+    const qsizetype base = m_searchBuffer.size();
+    m_searchBuffer += batch.searchText;
     for (qsizetype i = 0; i < added; ++i) {
         const AddressBookContact &person = batch.people[i];
         m_contactsArray.append(FetchedContact::make(person.givenName, person.familyName, person.phoneNumbers.value(0)));
         m_keys.append(std::move(batch.keys[i]));
+        m_searchStarts.append(base + batch.starts[i]);
     }
     if (!searching) {
         m_visibleContacts->endAppend();
     } else {
+        const QString folded = searchForm(m_searchText);
         QList<qsizetype> matching;
         for (qsizetype i = first; i < m_contactsArray.size(); ++i) {
-            if (matches(i))
+            if (matches(i, folded))
                 matching.append(i);
         }
         if (!matching.isEmpty()) {
@@ -236,9 +257,37 @@ void ContactsViewModel::append(Batch &&batch)
             m_visibleRows.append(matching);
             m_visibleContacts->endAppend();
         }
+        // Earlier steps know nothing of the new rows.
+        m_searchSteps = { { folded, m_visibleRows } };
     }
     emit contactsArrayChanged();
 }
+
+namespace {
+
+// The first eight UTF-16 units of `text` in code-point order, as two numbers
+// that compare like the text wherever they differ.
+struct OrderPrefix
+{
+    static constexpr qsizetype units = 8;
+    quint64 high = 0;
+    quint64 low = 0;
+
+    explicit OrderPrefix(const QString &text)
+    {
+        for (qsizetype i = 0; i < 8; ++i) {
+            const quint64 unit = i < text.size() ? orderUnit(text[i].unicode()) : 0;
+            (i < 4 ? high : low) = ((i < 4 ? high : low) << 16) | unit;
+        }
+    }
+    bool operator==(const OrderPrefix &other) const = default;
+    bool operator<(const OrderPrefix &other) const
+    {
+        return high != other.high ? high < other.high : low < other.low;
+    }
+};
+
+} // namespace
 
 void ContactsViewModel::sortContacts()
 {
@@ -249,53 +298,130 @@ void ContactsViewModel::sortContacts()
         const Keys &keys = m_keys[i];
         return field == 0 ? keys.firstName : field == 1 ? keys.lastName : keys.telephone;
     };
-    std::vector<qsizetype> order(size_t(m_contactsArray.size()));
-    std::iota(order.begin(), order.end(), qsizetype(0));
+    // Most comparisons are settled by the prefixes, in one block of memory;
+    // the rest compare the text after them.
+    struct Entry
+    {
+        OrderPrefix prefix;
+        const char16_t *text;
+        qsizetype size;
+        qsizetype index;
+    };
+    std::vector<Entry> order;
+    order.reserve(size_t(m_contactsArray.size()));
+    for (qsizetype i = 0; i < m_contactsArray.size(); ++i) {
+        const QString &text = key(i);
+        order.push_back({ OrderPrefix(text), reinterpret_cast<const char16_t *>(text.constData()), text.size(), i });
+    }
+    const auto less = [](const Entry &a, const Entry &b) {
+        if (!(a.prefix == b.prefix))
+            return a.prefix < b.prefix;
+        return codePointLess(a.text, a.size, b.text, b.size, OrderPrefix::units);
+    };
     if (m_comparator)
-        std::stable_sort(order.begin(), order.end(), [&](qsizetype a, qsizetype b) { return codePointLess(key(a), key(b)); });
+        std::stable_sort(order.begin(), order.end(), less);
     else
-        std::stable_sort(order.begin(), order.end(), [&](qsizetype a, qsizetype b) { return codePointLess(key(b), key(a)); });
+        std::stable_sort(order.begin(), order.end(), [&less](const Entry &a, const Entry &b) { return less(b, a); });
 
     QList<FetchedContact> contacts;
     QList<Keys> keys;
+    QString searchBuffer;
+    QList<qsizetype> searchStarts;
     contacts.reserve(m_contactsArray.size());
     keys.reserve(m_keys.size());
-    for (qsizetype i : order) {
-        contacts.append(std::move(m_contactsArray[i]));
-        keys.append(std::move(m_keys[i]));
+    searchBuffer.reserve(m_searchBuffer.size());
+    searchStarts.reserve(m_searchStarts.size());
+    for (const Entry &entry : order) {
+        contacts.append(std::move(m_contactsArray[entry.index]));
+        keys.append(std::move(m_keys[entry.index]));
+        searchStarts.append(searchBuffer.size());
+        searchBuffer += searchSpan(entry.index);
     }
     m_visibleContacts->beginReset();
     m_contactsArray = std::move(contacts);
     m_keys = std::move(keys);
+    m_searchBuffer = std::move(searchBuffer);
+    m_searchStarts = std::move(searchStarts);
+    m_searchSteps.clear();
     if (!m_searchText.isEmpty()) {
-        m_visibleRows.clear();
-        for (qsizetype i = 0; i < m_contactsArray.size(); ++i) {
-            if (matches(i))
-                m_visibleRows.append(i);
-        }
+        const QString folded = searchForm(m_searchText);
+        m_visibleRows = searchAll(folded);
+        m_searchSteps.append({ folded, m_visibleRows });
     }
     m_visibleContacts->endReset();
     emit contactsArrayChanged();
 }
 
-bool ContactsViewModel::matches(qsizetype index) const
+QStringView ContactsViewModel::searchSpan(qsizetype index) const
 {
-    const Keys &keys = m_keys[index];
-    if (!m_foldedSearch.contains(QChar(fieldSeparator)))
-        return keys.folded.contains(m_foldedSearch);
+    const qsizetype start = m_searchStarts[index];
+    const qsizetype end = index + 1 < m_searchStarts.size() ? m_searchStarts[index + 1] : m_searchBuffer.size();
+    return QStringView(m_searchBuffer).sliced(start, end - start);
+}
+
+bool ContactsViewModel::matches(qsizetype index, const QString &foldedText) const
+{
+    if (!foldedText.contains(QChar(fieldSeparator)))
+        return searchSpan(index).contains(foldedText);
     // A search that holds the separator itself: field by field.
-    return searchForm(keys.firstName).contains(m_foldedSearch) || searchForm(keys.lastName).contains(m_foldedSearch)
-        || searchForm(keys.telephone).contains(m_foldedSearch);
+    const Keys &keys = m_keys[index];
+    return searchForm(keys.firstName).contains(foldedText) || searchForm(keys.lastName).contains(foldedText)
+        || searchForm(keys.telephone).contains(foldedText);
+}
+
+QList<qsizetype> ContactsViewModel::searchAll(const QString &foldedText) const
+{
+    QList<qsizetype> rows;
+    if (foldedText.contains(QChar(fieldSeparator))) {
+        for (qsizetype i = 0; i < m_contactsArray.size(); ++i) {
+            if (matches(i, foldedText))
+                rows.append(i);
+        }
+        return rows;
+    }
+    // No match can reach across a separator, so every hit lies inside one
+    // contact's part; after a hit the search goes on with the next contact.
+    const QStringView buffer(m_searchBuffer);
+    qsizetype from = 0;
+    qsizetype contact = 0;
+    for (;;) {
+        const qsizetype hit = buffer.indexOf(foldedText, from);
+        if (hit < 0)
+            break;
+        contact = std::upper_bound(m_searchStarts.cbegin() + contact, m_searchStarts.cend(), hit)
+                - m_searchStarts.cbegin() - 1;
+        rows.append(contact);
+        if (++contact >= m_searchStarts.size())
+            break;
+        from = m_searchStarts[contact];
+    }
+    return rows;
 }
 
 void ContactsViewModel::refilter()
 {
     m_visibleContacts->beginReset();
-    m_visibleRows.clear();
-    if (!m_searchText.isEmpty()) {
-        for (qsizetype i = 0; i < m_contactsArray.size(); ++i) {
-            if (matches(i))
-                m_visibleRows.append(i);
+    if (m_searchText.isEmpty()) {
+        m_visibleRows.clear();
+        m_searchSteps.clear();
+    } else {
+        const QString folded = searchForm(m_searchText);
+        while (!m_searchSteps.isEmpty() && !folded.startsWith(m_searchSteps.last().foldedText))
+            m_searchSteps.removeLast();
+        if (!m_searchSteps.isEmpty() && m_searchSteps.last().foldedText == folded) {
+            m_visibleRows = m_searchSteps.last().rows;
+        } else if (!m_searchSteps.isEmpty()) {
+            // Typed on: only the rows the shorter text left can still match.
+            QList<qsizetype> rows;
+            for (qsizetype index : std::as_const(m_searchSteps.last().rows)) {
+                if (matches(index, folded))
+                    rows.append(index);
+            }
+            m_visibleRows = rows;
+            m_searchSteps.append({ folded, std::move(rows) });
+        } else {
+            m_visibleRows = searchAll(folded);
+            m_searchSteps.append({ folded, m_visibleRows });
         }
     }
     m_visibleContacts->endReset();

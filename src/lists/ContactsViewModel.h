@@ -89,26 +89,38 @@ signals:
     void contactsLoaded();
 
 private:
-    // Comparable and searchable forms of one contact's fields, made off the
-    // main thread while the book is read.
+    // The three fields in composed form (canonically equivalent spellings
+    // compare equal), made off the main thread while the book is read.
     struct Keys
     {
         QString firstName;
         QString lastName;
         QString telephone;
-        QString folded; // the three fields case-folded, for the search
     };
     struct Batch
     {
         QList<AddressBookContact> people;
         QList<Keys> keys;
+        QString searchText;        // the batch's part of the search buffer
+        QList<qsizetype> starts;   // where each person's part starts in it
+    };
+    // One search result, kept while the search text grows, so that a
+    // longer text only looks through the rows the shorter one left and a
+    // deleted letter brings the earlier rows straight back.
+    struct SearchStep
+    {
+        QString foldedText;
+        QList<qsizetype> rows;
     };
     static Keys keysFor(const QString &firstName, const QString &lastName, const QString &telephone);
+    static void appendSearchForm(const Keys &keys, QString &buffer);
     static Batch prepare(QList<AddressBookContact> &&people);
 
     void setAccessDenied(bool denied);
     void append(Batch &&batch);
-    bool matches(qsizetype index) const;
+    QStringView searchSpan(qsizetype index) const;
+    bool matches(qsizetype index, const QString &foldedText) const;
+    QList<qsizetype> searchAll(const QString &foldedText) const;
     void refilter();
 
     UserDefaultsService *m_defaultsService;
@@ -122,7 +134,11 @@ private:
     std::optional<FetchedContact> m_selectedContact;
 
     QList<Keys> m_keys; // beside m_contactsArray, index for index
-    QString m_foldedSearch;
+    // Every contact's three fields, case-folded, one after the other in list
+    // order, so that a search is one sweep through one block of memory.
+    QString m_searchBuffer;
+    QList<qsizetype> m_searchStarts; // where each contact's part starts
+    QList<SearchStep> m_searchSteps;
     QList<qsizetype> m_visibleRows; // indexes into m_contactsArray while searching
     ContactsListModel *m_visibleContacts;
 

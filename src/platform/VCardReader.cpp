@@ -126,8 +126,6 @@ QList<QStringView> splitUnescaped(QStringView text, QChar separator)
 
 QString unescape(QStringView text)
 {
-    if (!text.contains(u'\\'))
-        return text.toString();
     QString out;
     out.reserve(text.size());
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -147,20 +145,36 @@ QString unescape(QStringView text)
     return out;
 }
 
-// One property as written in the card, kept until the card's version is known.
-struct RawValue
+// The decoded text of one property.
+QString decodeValue(QByteArrayView bytes, bool quotedPrintable, QByteArrayView charset)
 {
-    QByteArray bytes;
-    QByteArray charset;
-    bool quotedPrintable = false;
-    bool uri = false;
+    return quotedPrintable ? decodeText(decodeQuotedPrintable(bytes), charset) : decodeText(bytes, charset);
+}
 
-    QString text() const
-    {
-        return decodeText(quotedPrintable ? QByteArrayView(decodeQuotedPrintable(bytes)) : QByteArrayView(bytes),
-                          charset);
+// Text without escapes or surrounding blanks.
+QString plainText(const QString &text)
+{
+    if (!text.contains(u'\\'))
+        return text.trimmed();
+    return unescape(text).trimmed();
+}
+
+// The first and second components of a structured value (family and given
+// names of N), split at unescaped semicolons.
+std::pair<QStringView, QStringView> firstTwoComponents(QStringView text)
+{
+    qsizetype ends[2] = { text.size(), text.size() };
+    int found = 0;
+    for (qsizetype i = 0; i < text.size() && found < 2; ++i) {
+        if (text[i] == u'\\')
+            ++i;
+        else if (text[i] == u';')
+            ends[found++] = i;
     }
-};
+    const QStringView first = text.first(ends[0]);
+    const QStringView second = ends[0] < text.size() ? text.sliced(ends[0] + 1, ends[1] - ends[0] - 1) : QStringView();
+    return { first, second };
+}
 
 struct Card
 {
@@ -168,40 +182,44 @@ struct Card
     bool version21 = false;
     bool hasN = false;
     bool hasFn = false;
-    RawValue n;
-    RawValue fn;
-    QList<RawValue> tel;
+    QString n;
+    QString fn;
+    QList<std::pair<QString, bool>> tel; // text, given as a URI
+
+    // One name component; from version 3.0 on, commas separate several
+    // values of it (e.g. two given names), shown with a blank between.
+    QString component(QStringView text) const
+    {
+        const bool escaped = text.contains(u'\\');
+        const bool several = !version21 && text.contains(u',');
+        if (!escaped && !several)
+            return text.trimmed().toString();
+        if (!several)
+            return unescape(text).trimmed();
+        QStringList values;
+        for (QStringView value : splitUnescaped(text, u',')) {
+            const QString one = unescape(value).trimmed();
+            if (!one.isEmpty())
+                values.append(one);
+        }
+        return values.join(u' ');
+    }
 
     AddressBookContact contact() const
     {
         AddressBookContact person;
         if (hasN) {
-            const QString text = n.text();
-            const QList<QStringView> parts = splitUnescaped(text, u';');
-            const auto component = [&](qsizetype index) {
-                if (index >= parts.size())
-                    return QString();
-                if (version21)
-                    return unescape(parts[index]).trimmed();
-                QStringList values;
-                for (QStringView value : splitUnescaped(parts[index], u',')) {
-                    const QString one = unescape(value).trimmed();
-                    if (!one.isEmpty())
-                        values.append(one);
-                }
-                return values.join(u' ');
-            };
-            person.familyName = component(0);
-            person.givenName = component(1);
+            const auto [family, given] = firstTwoComponents(n);
+            person.familyName = component(family);
+            person.givenName = component(given);
         }
         if (person.familyName.isEmpty() && person.givenName.isEmpty() && hasFn)
-            person.givenName = unescape(fn.text()).trimmed();
+            person.givenName = plainText(fn);
         person.phoneNumbers.reserve(tel.size());
-        for (const RawValue &raw : tel) {
-            QString number = unescape(raw.text()).trimmed();
-            if (number.startsWith(QLatin1StringView("tel:"), Qt::CaseInsensitive)) {
+        for (const auto &[text, uri] : tel) {
+            QString number = plainText(text);
+            if (number.startsWith(QLatin1StringView("tel:"), Qt::CaseInsensitive))
                 number = QUrl::fromPercentEncoding(number.sliced(4).toUtf8()).trimmed();
-            }
             if (!number.isEmpty())
                 person.phoneNumbers.append(number);
         }
@@ -349,7 +367,9 @@ private:
             return;
         }
 
-        RawValue raw;
+        bool quotedPrintable = false;
+        bool uri = false;
+        QByteArrayView charset;
         bool base64 = false;
         qsizetype p = nameEnd;
         while (p < head.size()) {
@@ -369,13 +389,13 @@ private:
                 paramValue = paramValue.sliced(1, paramValue.size() - 2);
             if (eq < 0 || equalsIgnoringCase(key, "ENCODING")) {
                 if (equalsIgnoringCase(paramValue, "QUOTED-PRINTABLE"))
-                    raw.quotedPrintable = true;
+                    quotedPrintable = true;
                 else if (equalsIgnoringCase(paramValue, "BASE64") || equalsIgnoringCase(paramValue, "B"))
                     base64 = true;
             } else if (equalsIgnoringCase(key, "CHARSET")) {
-                raw.charset = paramValue.toByteArray();
+                charset = paramValue;
             } else if (equalsIgnoringCase(key, "VALUE")) {
-                raw.uri = equalsIgnoringCase(paramValue, "uri");
+                uri = equalsIgnoringCase(paramValue, "uri");
             }
             p = q;
         }
@@ -384,19 +404,16 @@ private:
             m_card.version21 = trimmed(value) == "2.1";
         } else if (equalsIgnoringCase(name, "N")) {
             if (!m_card.hasN) {
-                raw.bytes = value.toByteArray();
-                m_card.n = std::move(raw);
+                m_card.n = decodeValue(value, quotedPrintable, charset);
                 m_card.hasN = true;
             }
         } else if (equalsIgnoringCase(name, "FN")) {
             if (!m_card.hasFn) {
-                raw.bytes = value.toByteArray();
-                m_card.fn = std::move(raw);
+                m_card.fn = decodeValue(value, quotedPrintable, charset);
                 m_card.hasFn = true;
             }
         } else if (equalsIgnoringCase(name, "TEL")) {
-            raw.bytes = value.toByteArray();
-            m_card.tel.append(std::move(raw));
+            m_card.tel.append({ decodeValue(value, quotedPrintable, charset), uri });
         } else if (base64 && m_card.version21) {
             m_inBase64 = true;
         }

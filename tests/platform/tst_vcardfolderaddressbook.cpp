@@ -125,6 +125,29 @@ private slots:
         QVERIFY(out.lines().contains(QStringLiteral("Address book: skipped 1 unreadable cards in ") + home.path()));
     }
 
+    // Thousands of one-card files, as a synchronised address book has them:
+    // still one contact per card in path order, whatever reads them.
+    void manySmallFilesKeepThePathOrder()
+    {
+        QTemporaryDir home;
+        const int total = 2700;
+        for (int i = 0; i < total; ++i) {
+            const QString name = QStringLiteral("book/%1.vcf").arg(i, 5, 10, QLatin1Char('0'));
+            write(home.filePath(name), i == 1234 ? QByteArray("BEGIN:VCARD\nbroken\nEND:VCARD\n") : card(QString::number(i)));
+        }
+        StdoutCapture out;
+        VCardFolderAddressBook book(home.path());
+        const Enumeration result = enumerate(book);
+        QCOMPARE(result.families.size(), total - 1);
+        for (int i = 0, expected = 0; i < result.families.size(); ++i, ++expected) {
+            if (expected == 1234)
+                ++expected;
+            QCOMPARE(result.families[i], QString::number(expected));
+        }
+        QCOMPARE(result.batchSizes, (QList<qsizetype>{ VCardFolderAddressBook::batchSize, total - 1 - VCardFolderAddressBook::batchSize }));
+        QVERIFY(out.lines().contains(QStringLiteral("Address book: skipped 1 unreadable cards in ") + home.path()));
+    }
+
     void unreadableFolderIsRefusedWithAReason()
     {
         QTemporaryDir home;
