@@ -132,6 +132,8 @@ Page {
                             Layout.fillWidth: true
                             Layout.fillHeight: true
                             checkable: false
+                            leftPadding: 4
+                            rightPadding: 4
                             focusPolicy: Qt.NoFocus
                             readonly property bool selected: contactsView.vm.sortIndexSelected === index
                             Accessible.role: Accessible.PageTab
@@ -147,6 +149,9 @@ Page {
                             contentItem: Text {
                                 text: segment.modelData
                                 font.pixelSize: contactsView.segmentFontSize
+                                // The largest sizes shrink to what fits rather than elide.
+                                fontSizeMode: Text.HorizontalFit
+                                minimumPixelSize: 12
                                 font.weight: segment.selected ? Font.DemiBold : Font.Normal
                                 color: "#1C1C1E"
                                 elide: Text.ElideRight

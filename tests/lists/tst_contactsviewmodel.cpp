@@ -287,6 +287,44 @@ private slots:
         QCOMPARE(resets.count(), 7);
     }
 
+    // Typing on narrows what the shorter text found; deleting letters and
+    // re-sorting under a search must give what a fresh search would.
+    void searchFollowsTypingDeletingAndSorting()
+    {
+        writeBook({ { "Sam", "Ansel", { "1" } },
+                    { "Ann", "Zed", { "2" } },
+                    { "Bo", "Nann", { "3" } },
+                    { "Al", "Cook", { "4" } },
+                    { "Nan", "Annex", { "5" } } });
+        setSort(0, true);
+        auto model = loaded();
+        const QList<std::pair<QString, QStringList>> steps = {
+            { "a", { "Sam", "Ann", "Bo", "Al", "Nan" } },
+            { "an", { "Sam", "Ann", "Bo", "Nan" } },
+            { "ann", { "Ann", "Bo", "Nan" } },
+            { "anne", { "Nan" } },
+            { "ann", { "Ann", "Bo", "Nan" } },
+            { "an", { "Sam", "Ann", "Bo", "Nan" } },
+            { "ans", { "Sam" } },
+            { "a", { "Sam", "Ann", "Bo", "Al", "Nan" } },
+            { "o", { "Bo", "Al" } },
+        };
+        for (const auto &[text, expected] : steps) {
+            model->setSearchText(text);
+            QCOMPARE(firstNames(model->visibleContacts()), expected);
+            QCOMPARE(model->visibleContactsModel()->count(), expected.size());
+        }
+        model->setSearchText(QStringLiteral("an"));
+        model->sortContacts();
+        QCOMPARE(firstNames(model->visibleContacts()), (QStringList{ "Ann", "Bo", "Nan", "Sam" }));
+        model->setSearchText(QStringLiteral("ann"));
+        QCOMPARE(firstNames(model->visibleContacts()), (QStringList{ "Ann", "Bo", "Nan" }));
+        model->setComparator(false);
+        QCOMPARE(firstNames(model->visibleContacts()), (QStringList{ "Nan", "Bo", "Ann" }));
+        model->setSearchText(QStringLiteral("a"));
+        QCOMPARE(firstNames(model->visibleContacts()), (QStringList{ "Sam", "Nan", "Bo", "Ann", "Al" }));
+    }
+
     void searchTypedWhileTheBookIsStillArriving()
     {
         QList<Card> many;
