@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Controls.impl
@@ -135,7 +137,7 @@ Page {
                             leftPadding: 4
                             rightPadding: 4
                             focusPolicy: Qt.NoFocus
-                            readonly property bool selected: contactsView.vm.sortIndexSelected === index
+                            readonly property bool selected: contactsView.vm.sortIndexSelected === segment.index
                             Accessible.role: Accessible.PageTab
                             Accessible.name: modelData
                             Accessible.checkable: true
@@ -158,7 +160,7 @@ Page {
                                 horizontalAlignment: Text.AlignHCenter
                                 verticalAlignment: Text.AlignVCenter
                             }
-                            onClicked: contactsView.vm.sortIndexSelected = index
+                            onClicked: contactsView.vm.sortIndexSelected = segment.index
                         }
                     }
                 }
@@ -200,9 +202,9 @@ Page {
                 width: Math.min(implicitWidth, parent.width - 32)
                 focusPolicy: Qt.NoFocus
                 Accessible.role: Accessible.Link
-                Accessible.name: settingsText.text
+                text: qsTr("To view contacts, enable it in settings.")
+                Accessible.name: text
                 contentItem: Text {
-                    id: settingsText
                     text: qsTr("To view contacts, enable it in settings.")
                     wrapMode: Text.Wrap
                     horizontalAlignment: Text.AlignHCenter
@@ -278,7 +280,7 @@ Page {
                     }
 
                     onClicked: {
-                        contactsView.vm.selectVisibleContact(index)
+                        contactsView.vm.selectVisibleContact(row.index)
                         contactsView.showingCallAlert = !contactsView.showingCallAlert
                     }
 

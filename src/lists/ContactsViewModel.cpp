@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 #include <memory>
 #include <numeric>
 #include <vector>
@@ -458,6 +459,13 @@ QVariantList ContactsViewModel::contactsArrayValue() const
     for (const FetchedContact &contact : m_contactsArray)
         list.append(QVariant::fromValue(contact));
     return list;
+}
+
+int ContactsViewModel::sortIndexSelectedValue() const
+{
+    return m_sortIndexSelected >= std::numeric_limits<int>::min() && m_sortIndexSelected <= std::numeric_limits<int>::max()
+        ? int(m_sortIndexSelected)
+        : -1;
 }
 
 QVariant ContactsViewModel::selectedContactValue() const

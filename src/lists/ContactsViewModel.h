@@ -29,7 +29,9 @@ class ContactsViewModel : public QObject
     Q_PROPERTY(bool contactsPermissionRequested READ contactsPermissionRequested NOTIFY contactsPermissionRequestedChanged)
     Q_PROPERTY(bool comparator READ comparator WRITE setComparator NOTIFY comparatorChanged)
     Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
-    Q_PROPERTY(qint64 sortIndexSelected READ sortIndexSelected WRITE setSortIndexSelected NOTIFY sortIndexSelectedChanged)
+    // The stored key is 64-bit; QML sees one that does not fit an int as -1
+    // (like any key other than 0 to 2, it leaves the list unsorted).
+    Q_PROPERTY(int sortIndexSelected READ sortIndexSelectedValue WRITE setSortIndexSelected NOTIFY sortIndexSelectedChanged)
     // Built when asked for: a list of FetchedContact values.
     Q_PROPERTY(QVariantList contactsArray READ contactsArrayValue NOTIFY contactsArrayChanged)
     Q_PROPERTY(QList<int> createRowForAdArray READ createRowForAdArray CONSTANT)
@@ -143,5 +145,6 @@ private:
     ContactsListModel *m_visibleContacts;
 
     QVariantList contactsArrayValue() const;
+    int sortIndexSelectedValue() const;
     QVariant selectedContactValue() const;
 };

@@ -228,6 +228,13 @@ private slots:
         model->setComparator(false);
         QCOMPARE(firstNames(model->contactsArray()), (QStringList{ "C", "A", "B" }));
         QCOMPARE(model->sortIndexSelected(), 3);
+
+        // A stored key too large for the screen's int is no key at all, and
+        // never wraps round to a real one.
+        setSort(qint64(1) << 32, true);
+        model->updateContacts();
+        QCOMPARE(model->property("sortIndexSelected").toInt(), -1);
+        QCOMPARE(firstNames(model->contactsArray()), (QStringList{ "C", "A", "B" }));
     }
 
     // The direction is written to the settings file at once; the key is
