@@ -389,8 +389,12 @@ QList<qsizetype> ContactsViewModel::searchAll(const QString &foldedText) const
         const qsizetype hit = buffer.indexOf(foldedText, from);
         if (hit < 0)
             break;
-        contact = std::upper_bound(m_searchStarts.cbegin() + contact, m_searchStarts.cend(), hit)
-                - m_searchStarts.cbegin() - 1;
+        // Mostly the hit lies in the contact the search started at.
+        const qsizetype count = m_searchStarts.size();
+        if (contact + 1 < count && m_searchStarts[contact + 1] <= hit) {
+            contact = std::upper_bound(m_searchStarts.cbegin() + contact + 1, m_searchStarts.cend(), hit)
+                    - m_searchStarts.cbegin() - 1;
+        }
         rows.append(contact);
         if (++contact >= m_searchStarts.size())
             break;

@@ -184,7 +184,8 @@ struct Card
     bool hasFn = false;
     QString n;
     QString fn;
-    QList<std::pair<QString, bool>> tel; // text, given as a URI
+    // Numbers as written; a tel: URI (version 4.0) loses its scheme later.
+    QStringList tel;
 
     // One name component; from version 3.0 on, commas separate several
     // values of it (e.g. two given names), shown with a blank between.
@@ -216,7 +217,7 @@ struct Card
         if (person.familyName.isEmpty() && person.givenName.isEmpty() && hasFn)
             person.givenName = plainText(fn);
         person.phoneNumbers.reserve(tel.size());
-        for (const auto &[text, uri] : tel) {
+        for (const QString &text : tel) {
             QString number = plainText(text);
             if (number.startsWith(QLatin1StringView("tel:"), Qt::CaseInsensitive))
                 number = QUrl::fromPercentEncoding(number.sliced(4).toUtf8()).trimmed();
@@ -293,13 +294,14 @@ private:
         m_buffer.clear();
         m_buffer.append(physical);
         for (;;) {
-            if (nextIsFolded()) {
-                nextPhysical(physical);
-                m_buffer.append(physical.sliced(1));
-            } else if (m_buffer.endsWith('=') && m_pos < m_data.size() && isQuotedPrintableLine(m_buffer)) {
+            if (m_buffer.endsWith('=') && m_pos < m_data.size() && isQuotedPrintableLine(m_buffer)) {
+                // A soft line break; some writers also indent what follows.
                 nextPhysical(physical);
                 m_buffer.chop(1);
-                m_buffer.append(physical);
+                m_buffer.append(!physical.isEmpty() && isFoldSpace(physical.front()) ? physical.sliced(1) : physical);
+            } else if (nextIsFolded()) {
+                nextPhysical(physical);
+                m_buffer.append(physical.sliced(1));
             } else {
                 break;
             }
@@ -368,7 +370,6 @@ private:
         }
 
         bool quotedPrintable = false;
-        bool uri = false;
         QByteArrayView charset;
         bool base64 = false;
         qsizetype p = nameEnd;
@@ -394,8 +395,6 @@ private:
                     base64 = true;
             } else if (equalsIgnoringCase(key, "CHARSET")) {
                 charset = paramValue;
-            } else if (equalsIgnoringCase(key, "VALUE")) {
-                uri = equalsIgnoringCase(paramValue, "uri");
             }
             p = q;
         }
@@ -413,7 +412,7 @@ private:
                 m_card.hasFn = true;
             }
         } else if (equalsIgnoringCase(name, "TEL")) {
-            m_card.tel.append({ decodeValue(value, quotedPrintable, charset), uri });
+            m_card.tel.append(decodeValue(value, quotedPrintable, charset));
         } else if (base64 && m_card.version21) {
             m_inBase64 = true;
         }

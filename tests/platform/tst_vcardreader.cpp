@@ -83,8 +83,16 @@ private slots:
                                        "BEGIN:VCARD\n"
                                        "VERSION:2.1\n"
                                        "N;CHARSET=ISO-8859-1;QUOTED-PRINTABLE:M=FCller;J=FCrgen\n"
+                                       "END:VCARD\n"
+                                       "BEGIN:VCARD\n"
+                                       "VERSION:2.1\n"
+                                       "N;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:Ng=C3=B4;Th=\n"
+                                       " =E1=BB=8B=\n"
+                                       "\n"
                                        "END:VCARD\n"));
-        QCOMPARE(found.size(), 2);
+        QCOMPARE(found.size(), 3);
+        QCOMPARE(found[2].family, QStringLiteral("Ngô"));
+        QCOMPARE(found[2].given, QStringLiteral("Thị"));
         QCOMPARE(found[0].family, QStringLiteral("Éloïse Bergère"));
         QCOMPARE(found[0].given, QStringLiteral("François"));
         QCOMPARE(found[0].phones, (QStringList{ "+49 170 1234567", "030 123" }));
