@@ -118,6 +118,28 @@ TestCase {
         compare(rowTexts(view), ["Al", "Bea", "Cy"])
     }
 
+    // A long book costs rows only for what is on screen.
+    function test_onlyVisibleRowsAreBuilt() {
+        const people = []
+        for (let i = 0; i < 3000; ++i)
+            people.push(["Person" + i, "Family", "06" + i])
+        const view = shownView(people)
+        compare(total(view), "Total Contacts: 3000")
+        const list = findChild(view, "contactsList")
+        const built = () => {
+            let rows = 0
+            for (let i = 0; i < list.contentItem.children.length; ++i)
+                rows += list.contentItem.children[i].objectName.startsWith("contactRow") ? 1 : 0
+            return rows
+        }
+        verify(built() > 0)
+        verify(built() < 40, "rows built: " + built())
+        list.positionViewAtEnd()
+        waitForItemPolished(list)
+        verify(findChild(list, "contactRow2999") !== null)
+        verify(built() < 40, "rows built after scrolling: " + built())
+    }
+
     function test_emptyBook() {
         const view = shownView([])
         compare(total(view), "Total Contacts: 0")
