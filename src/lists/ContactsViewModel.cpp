@@ -381,7 +381,7 @@ QList<qsizetype> ContactsViewModel::searchAll(const QString &foldedText) const
         return rows;
     }
     // No match can reach across a separator, so every hit lies inside one
-    // contact's part; after a hit the search goes on with the next contact.
+    // contact's slice; after a hit the search goes on with the next contact.
     const QStringView buffer(m_searchBuffer);
     qsizetype from = 0;
     qsizetype contact = 0;

@@ -103,8 +103,8 @@ private:
     {
         QList<AddressBookContact> people;
         QList<Keys> keys;
-        QString searchText;        // the batch's part of the search buffer
-        QList<qsizetype> starts;   // where each person's part starts in it
+        QString searchText;        // the batch's slice of the search buffer
+        QList<qsizetype> starts;   // where each person's slice starts in it
     };
     // One search result, kept while the search text grows, so that a
     // longer text only looks through the rows the shorter one left and a
@@ -139,7 +139,7 @@ private:
     // Every contact's three fields, case-folded, one after the other in list
     // order, so that a search is one sweep through one block of memory.
     QString m_searchBuffer;
-    QList<qsizetype> m_searchStarts; // where each contact's part starts
+    QList<qsizetype> m_searchStarts; // where each contact's slice starts
     QList<SearchStep> m_searchSteps;
     QList<qsizetype> m_visibleRows; // indexes into m_contactsArray while searching
     ContactsListModel *m_visibleContacts;
