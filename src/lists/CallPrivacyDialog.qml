@@ -11,14 +11,16 @@ Dialog {
     signal normalDialingChosen()
 
     anchors.centerIn: Overlay.overlay
-    width: Math.min(parent ? parent.width - 48 : 320, 360)
+    // Never narrower than a phone allows, also while the window is still being sized.
+    width: Math.max(240, Math.min(parent ? parent.width - 48 : 320, 360))
     modal: true
     closePolicy: Popup.CloseOnEscape
     topPadding: 0
 
     header: Label {
         text: qsTr("Choose Call Privacy")
-        wrapMode: Text.Wrap
+        // One line, neither wrapped nor elided: a title whose height
+        // depends on its width makes the dialog's height depend on itself.
         horizontalAlignment: Text.AlignHCenter
         font.bold: true
         padding: 24
@@ -39,6 +41,7 @@ Dialog {
             objectName: "privateDialingButton"
             text: qsTr("Private dialing")
             flat: true
+            font.capitalization: Font.MixedCase
             Layout.fillWidth: true
             onClicked: {
                 dialog.close()
@@ -49,6 +52,7 @@ Dialog {
             objectName: "normalDialingButton"
             text: qsTr("Normal Dialing")
             flat: true
+            font.capitalization: Font.MixedCase
             Layout.fillWidth: true
             onClicked: {
                 dialog.close()
@@ -60,6 +64,7 @@ Dialog {
             text: qsTr("Cancel")
             flat: true
             font.bold: true
+            font.capitalization: Font.MixedCase
             Layout.fillWidth: true
             onClicked: dialog.reject()
         }

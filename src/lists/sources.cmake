@@ -8,4 +8,8 @@ list(APPEND QUIETON_SOURCES
     lists/FilteredHistoryModel.cpp lists/FilteredHistoryModel.h
     lists/HistorySearchIndex.cpp lists/HistorySearchIndex.h
     lists/HistoryViewModel.cpp lists/HistoryViewModel.h
+    lists/ContactsListModel.cpp lists/ContactsListModel.h
+    lists/ContactsViewModel.cpp lists/ContactsViewModel.h
+    lists/ContentSizeCategory.cpp lists/ContentSizeCategory.h
+    lists/FetchedContact.cpp lists/FetchedContact.h
 )

@@ -3,6 +3,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QUrl>
 
 #include <functional>
 
@@ -37,4 +38,8 @@ public:
     // enumeration failed part-way or at once, else an empty string; contacts
     // delivered before a failure stay delivered.
     virtual QString enumerateContacts(const std::function<void(QList<AddressBookContact> &&batch)> &deliver) = 0;
+
+    // Where the user can give the app access to the book (a settings page,
+    // or the place the book is kept). Safe on any thread.
+    virtual QUrl accessSettingsUrl() const = 0;
 };

@@ -8,6 +8,7 @@
 #include "NoTelephony.h"
 #include "NoWidgetHost.h"
 #include "OfonoTelephony.h"
+#include "VCardFolderAddressBook.h"
 
 #include <QDBusConnectionInterface>
 #include <QDir>
@@ -22,6 +23,7 @@ struct Backends
     std::unique_ptr<UrlOpener> urlOpener;
     std::unique_ptr<WidgetRefresher> widgets;
     std::unique_ptr<TextSharer> sharer;
+    std::unique_ptr<AddressBook> addressBook;
 };
 
 Backends &backends()
@@ -70,6 +72,14 @@ TextSharer &Platform::sharer()
     return *slot;
 }
 
+AddressBook &Platform::addressBook()
+{
+    auto &slot = backends().addressBook;
+    if (!slot)
+        slot = std::make_unique<VCardFolderAddressBook>();
+    return *slot;
+}
+
 std::unique_ptr<Telephony> Platform::chooseTelephony(const QDBusConnection &systemBus)
 {
     // Only the bus names are asked here, so that start-up stays cheap; the
@@ -96,6 +106,7 @@ void Platform::setTelephony(std::unique_ptr<Telephony> telephony) { backends().t
 void Platform::setUrlOpener(std::unique_ptr<UrlOpener> opener) { backends().urlOpener = std::move(opener); }
 void Platform::setWidgets(std::unique_ptr<WidgetRefresher> widgets) { backends().widgets = std::move(widgets); }
 void Platform::setSharer(std::unique_ptr<TextSharer> sharer) { backends().sharer = std::move(sharer); }
+void Platform::setAddressBook(std::unique_ptr<AddressBook> book) { backends().addressBook = std::move(book); }
 
 QString Platform::configDirectory()
 {

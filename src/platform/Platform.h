@@ -4,6 +4,7 @@
 
 #include <memory>
 
+class AddressBook;
 class KeyValueStore;
 class QDBusConnection;
 class Telephony;
@@ -20,6 +21,8 @@ public:
     static UrlOpener &urlOpener();
     static WidgetRefresher &widgets();
     static TextSharer &sharer();
+    // Safe to use from a worker thread once it has been asked for on the main thread.
+    static AddressBook &addressBook();
 
     // The telephony of this machine, by the services running on
     // `systemBus`: ModemManager, else oFono, else the desktop's tel: handler,
@@ -30,6 +33,7 @@ public:
     static void setUrlOpener(std::unique_ptr<UrlOpener> opener);
     static void setWidgets(std::unique_ptr<WidgetRefresher> widgets);
     static void setSharer(std::unique_ptr<TextSharer> sharer);
+    static void setAddressBook(std::unique_ptr<AddressBook> book);
 
     // Folders of the app's own files (XDG config and data homes + "quieton").
     static QString configDirectory();

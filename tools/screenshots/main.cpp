@@ -5,8 +5,12 @@
 //
 // A scene's root is an Item; it may declare `property int settleMs` (how long
 // to let it settle before the picture, 1200 ms by default) and
-// `property var steps` (a list of [delayMs, function] run in order first).
+// `property var steps` (a list of [delayMs, function] run in order first)
+// and `property string addressBook`: the folder beside the scenes folder
+// whose vCards make the address book ("" for none, "blocked" for a book
+// that cannot be read), set up before the steps run.
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QJSValue>
@@ -29,6 +33,30 @@ void wait(int ms)
     QTimer::singleShot(ms, &loop, &QEventLoop::quit);
     loop.exec();
 }
+void copyFolder(const QDir &from, const QDir &to)
+{
+    to.mkpath(QStringLiteral("."));
+    for (const QFileInfo &entry : from.entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot)) {
+        if (entry.isDir())
+            copyFolder(QDir(entry.filePath()), QDir(to.filePath(entry.fileName())));
+        else
+            QFile::copy(entry.filePath(), to.filePath(entry.fileName()));
+    }
+}
+
+void setUpAddressBook(const QDir &scenes, const QString &name)
+{
+    const QString book = QDir(qEnvironmentVariable("XDG_DATA_HOME")).filePath(QStringLiteral("contacts"));
+    QFile::remove(book);
+    QDir(book).removeRecursively();
+    if (name == QLatin1StringView("blocked")) {
+        QFile blocker(book);
+        blocker.open(QIODevice::WriteOnly);
+    } else if (!name.isEmpty()) {
+        copyFolder(QDir(scenes.filePath(QStringLiteral("../") + name)), QDir(book));
+    }
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -63,6 +91,9 @@ int main(int argc, char *argv[])
         }
         view.show();
         QQuickItem *root = view.rootObject();
+        const QVariant addressBook = root->property("addressBook");
+        if (addressBook.isValid())
+            setUpAddressBook(QFileInfo(scene).absoluteDir(), addressBook.toString());
         wait(300);
         const QJSValue steps = root->property("steps").value<QJSValue>();
         for (quint32 i = 0; steps.isArray() && i < steps.property(QStringLiteral("length")).toUInt(); ++i) {

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QAbstractListModel>
+#include <QtQml/qqmlregistration.h>
+
+class ContactsViewModel;
+
+// The contacts a search leaves visible, as a list model for the view. Rows
+// are read from the contacts model when the view asks for them, so only the
+// rows on screen cost anything.
+class ContactsListModel : public QAbstractListModel
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Owned by ContactsViewModel")
+    Q_PROPERTY(int count READ count NOTIFY countChanged)
+
+public:
+    enum Role {
+        ContactIdRole = Qt::UserRole + 1,
+        FirstNameRole,
+        LastNameRole,
+        TelephoneRole,
+    };
+    Q_ENUM(Role)
+
+    explicit ContactsListModel(const ContactsViewModel *contacts, QObject *parent = nullptr);
+
+    int count() const;
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    // Told by the contacts model, around its own changes.
+    void beginReset();
+    void endReset();
+    void beginAppend(int count);
+    void endAppend();
+
+signals:
+    void countChanged();
+
+private:
+    const ContactsViewModel *m_contacts;
+};

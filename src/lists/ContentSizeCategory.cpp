@@ -1,0 +1,91 @@
+#include "ContentSizeCategory.h"
+
+#include <QEvent>
+#include <QFontInfo>
+#include <QGuiApplication>
+#include <QJSEngine>
+
+#include <cmath>
+#include <iterator>
+
+namespace {
+
+// The scale of each step against "large": body text of 14, 15, 16, 17, 19,
+// 21, 23, then 28, 33, 40, 47 and 53 points against 17.
+constexpr qreal stepScales[] = { 14 / 17.0, 15 / 17.0, 16 / 17.0, 1.0,       19 / 17.0, 21 / 17.0,
+                                 23 / 17.0, 28 / 17.0, 33 / 17.0, 40 / 17.0, 47 / 17.0, 53 / 17.0 };
+
+// A 10-point font at 96 dpi.
+constexpr qreal referencePixelSize = 10 * 96 / 72.0;
+
+} // namespace
+
+ContentSizeCategory *ContentSizeCategory::create(QQmlEngine *, QJSEngine *)
+{
+    static ContentSizeCategory *const instance = new ContentSizeCategory;
+    QJSEngine::setObjectOwnership(instance, QJSEngine::CppOwnership);
+    return instance;
+}
+
+ContentSizeCategory::ContentSizeCategory(QObject *parent) : QObject(parent)
+{
+    if (qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
+        update(QGuiApplication::font());
+        QCoreApplication::instance()->installEventFilter(this);
+    }
+}
+
+bool ContentSizeCategory::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == QCoreApplication::instance() && event->type() == QEvent::ApplicationFontChange)
+        update(QGuiApplication::font());
+    return QObject::eventFilter(watched, event);
+}
+
+void ContentSizeCategory::update(const QFont &font)
+{
+    const Category category = forTextScale(textScale(font));
+    if (category != m_current) {
+        m_current = category;
+        emit currentChanged();
+    }
+}
+
+qreal ContentSizeCategory::textScale(const QFont &font)
+{
+    return QFontInfo(font).pixelSize() / referencePixelSize;
+}
+
+ContentSizeCategory::Category ContentSizeCategory::forTextScale(qreal scale)
+{
+    if (!std::isfinite(scale) || scale <= 0)
+        return Unspecified;
+    int nearest = 0;
+    for (int i = 1; i < int(std::size(stepScales)); ++i) {
+        if (std::abs(stepScales[i] - scale) < std::abs(stepScales[nearest] - scale))
+            nearest = i;
+    }
+    return Category(nearest);
+}
+
+int ContentSizeCategory::searchBarInset(Category category)
+{
+    if (category >= ExtraSmall && category <= AccessibilityMedium)
+        return 25;
+    if (category == AccessibilityLarge || category == AccessibilityExtraLarge)
+        return 40;
+    if (category == AccessibilityExtraExtraLarge || category == AccessibilityExtraExtraExtraLarge)
+        return 50;
+    return 1;
+}
+
+int ContentSizeCategory::sortSegmentFontSize(Category category)
+{
+    if (category >= ExtraSmall && category <= AccessibilityMedium)
+        return 16;
+    if (category == AccessibilityLarge || category == AccessibilityExtraLarge)
+        return 25;
+    if (category == AccessibilityExtraExtraLarge || category == AccessibilityExtraExtraExtraLarge)
+        return 48;
+    return 1;
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QFont>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+class QJSEngine;
+class QQmlEngine;
+
+// The user's preferred text size as one of the usual size steps, from
+// extra small to the accessibility sizes. On the desktop it comes from the
+// application font: its pixel size (the font's points at the screen's
+// resolution, so a desktop text-scaling factor counts) over that of a
+// 10-point font at 96 dpi gives a scale, and the nearest step's scale wins.
+class ContentSizeCategory : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(Category current READ current NOTIFY currentChanged)
+
+public:
+    enum Category {
+        ExtraSmall,
+        Small,
+        Medium,
+        Large,
+        ExtraLarge,
+        ExtraExtraLarge,
+        ExtraExtraExtraLarge,
+        AccessibilityMedium,
+        AccessibilityLarge,
+        AccessibilityExtraLarge,
+        AccessibilityExtraExtraLarge,
+        AccessibilityExtraExtraExtraLarge,
+        Unspecified,
+    };
+    Q_ENUM(Category)
+
+    static ContentSizeCategory *create(QQmlEngine *, QJSEngine *);
+    explicit ContentSizeCategory(QObject *parent = nullptr);
+
+    Category current() const { return m_current; }
+
+    // Font size over the reference size; 1 is the "large" default step.
+    static qreal textScale(const QFont &font);
+    Q_INVOKABLE static ContentSizeCategory::Category forTextScale(qreal scale);
+
+    // The contacts screen's search-bar inset and sort-segment font size.
+    Q_INVOKABLE static int searchBarInset(ContentSizeCategory::Category category);
+    Q_INVOKABLE static int sortSegmentFontSize(ContentSizeCategory::Category category);
+
+signals:
+    void currentChanged();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void update(const QFont &font);
+
+    Category m_current = Large;
+};

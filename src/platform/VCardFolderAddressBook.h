@@ -1,0 +1,32 @@
+#pragma once
+
+#include "AddressBook.h"
+
+// The address book as a folder of vCard files, the way CardDAV
+// synchronisation tools keep it: every .vcf file below the folder, at any
+// depth, holds one or more cards. Files are read in the order of their paths.
+//
+// No folder means an empty book the app may read; a folder that exists but
+// cannot be listed means no access, with the system's reason.
+class VCardFolderAddressBook : public AddressBook
+{
+public:
+    // Contacts handed over at a time.
+    static constexpr qsizetype batchSize = 2000;
+
+    // $XDG_DATA_HOME/contacts (~/.local/share/contacts).
+    static QString defaultFolder();
+
+    explicit VCardFolderAddressBook(const QString &folder = defaultFolder());
+
+    QString folder() const { return m_folder; }
+
+    AccessAnswer requestAccess() override;
+    QString enumerateContacts(const std::function<void(QList<AddressBookContact> &&batch)> &deliver) override;
+    // The folder that holds the book (its parent when the book itself cannot
+    // be opened), for the file manager.
+    QUrl accessSettingsUrl() const override;
+
+private:
+    QString m_folder;
+};

@@ -1,0 +1,445 @@
+#include "VCardReader.h"
+
+#include <QByteArray>
+#include <QStringDecoder>
+#include <QUrl>
+
+namespace {
+
+bool isFoldSpace(char c) { return c == ' ' || c == '\t'; }
+
+char upper(char c) { return (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c; }
+
+bool equalsIgnoringCase(QByteArrayView a, QByteArrayView b)
+{
+    if (a.size() != b.size())
+        return false;
+    for (qsizetype i = 0; i < a.size(); ++i) {
+        if (upper(a[i]) != upper(b[i]))
+            return false;
+    }
+    return true;
+}
+
+bool containsIgnoringCase(QByteArrayView haystack, QByteArrayView needle)
+{
+    for (qsizetype i = 0; i + needle.size() <= haystack.size(); ++i) {
+        if (equalsIgnoringCase(haystack.sliced(i, needle.size()), needle))
+            return true;
+    }
+    return false;
+}
+
+QByteArrayView trimmed(QByteArrayView v)
+{
+    while (!v.isEmpty() && (isFoldSpace(v.front()) || v.front() == '\r' || v.front() == '\n'))
+        v = v.sliced(1);
+    while (!v.isEmpty() && (isFoldSpace(v.back()) || v.back() == '\r' || v.back() == '\n'))
+        v.chop(1);
+    return v;
+}
+
+// Where the value starts: the first colon outside double quotes, or -1.
+qsizetype valueColon(QByteArrayView line)
+{
+    bool quoted = false;
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        const char c = line[i];
+        if (c == '"')
+            quoted = !quoted;
+        else if (c == ':' && !quoted)
+            return i;
+    }
+    return -1;
+}
+
+int hexDigit(char c)
+{
+    if (c >= '0' && c <= '9')
+        return c - '0';
+    if (c >= 'A' && c <= 'F')
+        return c - 'A' + 10;
+    if (c >= 'a' && c <= 'f')
+        return c - 'a' + 10;
+    return -1;
+}
+
+QByteArray decodeQuotedPrintable(QByteArrayView in)
+{
+    QByteArray out;
+    out.reserve(in.size());
+    for (qsizetype i = 0; i < in.size(); ++i) {
+        const char c = in[i];
+        if (c == '=' && i + 2 < in.size() && hexDigit(in[i + 1]) >= 0 && hexDigit(in[i + 2]) >= 0) {
+            out.append(char(hexDigit(in[i + 1]) * 16 + hexDigit(in[i + 2])));
+            i += 2;
+        } else {
+            out.append(c);
+        }
+    }
+    return out;
+}
+
+QString decodeText(QByteArrayView bytes, QByteArrayView charset)
+{
+    bool ascii = true;
+    for (const char c : bytes) {
+        if (uchar(c) >= 0x80) {
+            ascii = false;
+            break;
+        }
+    }
+    if (ascii)
+        return QString::fromLatin1(bytes);
+    if (!charset.isEmpty() && !equalsIgnoringCase(charset, "UTF-8") && !equalsIgnoringCase(charset, "UTF8")) {
+        QStringDecoder named(charset.toByteArray().constData());
+        if (named.isValid()) {
+            QString text = named.decode(bytes);
+            if (!named.hasError())
+                return text;
+        }
+    }
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QString text = utf8.decode(bytes);
+    if (!utf8.hasError())
+        return text;
+    // Old phones wrote their own 8-bit text without saying so.
+    return QString::fromLatin1(bytes);
+}
+
+// Splits at `separator` where it is not escaped with a backslash.
+QList<QStringView> splitUnescaped(QStringView text, QChar separator)
+{
+    QList<QStringView> parts;
+    qsizetype start = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] == u'\\') {
+            ++i;
+        } else if (text[i] == separator) {
+            parts.append(text.sliced(start, i - start));
+            start = i + 1;
+        }
+    }
+    parts.append(text.sliced(start));
+    return parts;
+}
+
+QString unescape(QStringView text)
+{
+    QString out;
+    out.reserve(text.size());
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
+        if (c != u'\\' || i + 1 == text.size()) {
+            out.append(c);
+            continue;
+        }
+        const QChar next = text[++i];
+        if (next == u'n' || next == u'N')
+            out.append(u'\n');
+        else if (next == u'\\' || next == u',' || next == u';' || next == u':')
+            out.append(next);
+        else
+            out.append(c).append(next);
+    }
+    return out;
+}
+
+// The decoded text of one property.
+QString decodeValue(QByteArrayView bytes, bool quotedPrintable, QByteArrayView charset)
+{
+    return quotedPrintable ? decodeText(decodeQuotedPrintable(bytes), charset) : decodeText(bytes, charset);
+}
+
+// Text without escapes or surrounding blanks.
+QString plainText(const QString &text)
+{
+    if (!text.contains(u'\\'))
+        return text.trimmed();
+    return unescape(text).trimmed();
+}
+
+// The first and second components of a structured value (family and given
+// names of N), split at unescaped semicolons.
+std::pair<QStringView, QStringView> firstTwoComponents(QStringView text)
+{
+    qsizetype ends[2] = { text.size(), text.size() };
+    int found = 0;
+    for (qsizetype i = 0; i < text.size() && found < 2; ++i) {
+        if (text[i] == u'\\')
+            ++i;
+        else if (text[i] == u';')
+            ends[found++] = i;
+    }
+    const QStringView first = text.first(ends[0]);
+    const QStringView second = ends[0] < text.size() ? text.sliced(ends[0] + 1, ends[1] - ends[0] - 1) : QStringView();
+    return { first, second };
+}
+
+struct Card
+{
+    bool broken = false;
+    bool version21 = false;
+    bool hasN = false;
+    bool hasFn = false;
+    QString n;
+    QString fn;
+    // Numbers as written; a tel: URI (version 4.0) loses its scheme later.
+    QStringList tel;
+
+    // One name component; from version 3.0 on, commas separate several
+    // values of it (e.g. two given names), shown with a blank between.
+    QString component(QStringView text) const
+    {
+        const bool escaped = text.contains(u'\\');
+        const bool several = !version21 && text.contains(u',');
+        if (!escaped && !several)
+            return text.trimmed().toString();
+        if (!several)
+            return unescape(text).trimmed();
+        QStringList values;
+        for (QStringView value : splitUnescaped(text, u',')) {
+            const QString one = unescape(value).trimmed();
+            if (!one.isEmpty())
+                values.append(one);
+        }
+        return values.join(u' ');
+    }
+
+    AddressBookContact contact() const
+    {
+        AddressBookContact person;
+        if (hasN) {
+            const auto [family, given] = firstTwoComponents(n);
+            person.familyName = component(family);
+            person.givenName = component(given);
+        }
+        if (person.familyName.isEmpty() && person.givenName.isEmpty() && hasFn)
+            person.givenName = plainText(fn);
+        person.phoneNumbers.reserve(tel.size());
+        for (const QString &text : tel) {
+            QString number = plainText(text);
+            if (number.startsWith(QLatin1StringView("tel:"), Qt::CaseInsensitive))
+                number = QUrl::fromPercentEncoding(number.sliced(4).toUtf8()).trimmed();
+            if (!number.isEmpty())
+                person.phoneNumbers.append(number);
+        }
+        return person;
+    }
+};
+
+bool isPropertyNameChar(char c)
+{
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-' || c == '_'
+        || c == '.';
+}
+
+class Parser
+{
+public:
+    Parser(QByteArrayView bytes, const std::function<void(AddressBookContact &&)> &deliver)
+        : m_data(bytes), m_deliver(deliver)
+    {
+    }
+
+    VCardReader::Summary run()
+    {
+        QByteArrayView line;
+        while (nextLogicalLine(line))
+            handle(line);
+        if (m_inCard)
+            ++m_summary.brokenCards;
+        return m_summary;
+    }
+
+private:
+    // The next physical line without its line break; false at the end.
+    bool nextPhysical(QByteArrayView &line)
+    {
+        if (m_pos >= m_data.size())
+            return false;
+        const qsizetype start = m_pos;
+        qsizetype end = start;
+        while (end < m_data.size() && m_data[end] != '\n' && m_data[end] != '\r')
+            ++end;
+        line = m_data.sliced(start, end - start);
+        if (end < m_data.size() && m_data[end] == '\r')
+            ++end;
+        if (end < m_data.size() && m_data[end] == '\n')
+            ++end;
+        m_pos = end;
+        return true;
+    }
+
+    bool nextIsFolded() const { return m_pos < m_data.size() && isFoldSpace(m_data[m_pos]); }
+
+    static bool isQuotedPrintableLine(QByteArrayView line)
+    {
+        const qsizetype colon = valueColon(line);
+        return colon > 0 && containsIgnoringCase(line.first(colon), "QUOTED-PRINTABLE");
+    }
+
+    // One property: folded continuation lines joined, and quoted-printable
+    // soft line breaks ("=" at the end of a line) removed.
+    bool nextLogicalLine(QByteArrayView &line)
+    {
+        QByteArrayView physical;
+        if (!nextPhysical(physical))
+            return false;
+        const bool continues = nextIsFolded() || (physical.endsWith('=') && isQuotedPrintableLine(physical));
+        if (!continues) {
+            line = physical;
+            return true;
+        }
+        m_buffer.clear();
+        m_buffer.append(physical);
+        for (;;) {
+            if (m_buffer.endsWith('=') && m_pos < m_data.size() && isQuotedPrintableLine(m_buffer)) {
+                // A soft line break; some writers also indent what follows.
+                nextPhysical(physical);
+                m_buffer.chop(1);
+                m_buffer.append(!physical.isEmpty() && isFoldSpace(physical.front()) ? physical.sliced(1) : physical);
+            } else if (nextIsFolded()) {
+                nextPhysical(physical);
+                m_buffer.append(physical.sliced(1));
+            } else {
+                break;
+            }
+        }
+        line = m_buffer;
+        return true;
+    }
+
+    void handle(QByteArrayView line)
+    {
+        if (m_inBase64) {
+            // Version 2.1 lets base64 data run on unindented lines up to a blank one.
+            if (trimmed(line).isEmpty()) {
+                m_inBase64 = false;
+                return;
+            }
+            if (valueColon(line) < 0)
+                return;
+            m_inBase64 = false;
+        }
+        if (trimmed(line).isEmpty())
+            return;
+
+        const qsizetype colon = valueColon(line);
+        if (colon < 0) {
+            if (m_inCard)
+                m_card.broken = true;
+            return;
+        }
+        const QByteArrayView head = line.first(colon);
+        const QByteArrayView value = line.sliced(colon + 1);
+
+        // [group.]name, then ;parameters.
+        qsizetype nameEnd = 0;
+        while (nameEnd < head.size() && head[nameEnd] != ';')
+            ++nameEnd;
+        QByteArrayView name = trimmed(head.first(nameEnd));
+        bool nameValid = !name.isEmpty();
+        for (const char c : name)
+            nameValid = nameValid && isPropertyNameChar(c);
+        if (const qsizetype dot = name.lastIndexOf('.'); dot >= 0)
+            name = name.sliced(dot + 1);
+
+        if (equalsIgnoringCase(name, "BEGIN") && equalsIgnoringCase(trimmed(value), "VCARD")) {
+            if (m_inCard)
+                ++m_summary.brokenCards;
+            m_inCard = true;
+            m_card = Card();
+            return;
+        }
+        if (!m_inCard)
+            return;
+        if (equalsIgnoringCase(name, "END") && equalsIgnoringCase(trimmed(value), "VCARD")) {
+            m_inCard = false;
+            if (m_card.broken) {
+                ++m_summary.brokenCards;
+            } else {
+                ++m_summary.contacts;
+                m_deliver(m_card.contact());
+            }
+            return;
+        }
+        if (!nameValid || name.isEmpty()) {
+            m_card.broken = true;
+            return;
+        }
+
+        bool quotedPrintable = false;
+        QByteArrayView charset;
+        bool base64 = false;
+        qsizetype p = nameEnd;
+        while (p < head.size()) {
+            // head[p] is ';': one parameter up to the next ';' outside quotes.
+            qsizetype q = p + 1;
+            bool quoted = false;
+            while (q < head.size() && (quoted || head[q] != ';')) {
+                if (head[q] == '"')
+                    quoted = !quoted;
+                ++q;
+            }
+            const QByteArrayView param = trimmed(head.sliced(p + 1, q - p - 1));
+            const qsizetype eq = param.indexOf('=');
+            const QByteArrayView key = eq < 0 ? QByteArrayView() : trimmed(param.first(eq));
+            QByteArrayView paramValue = trimmed(eq < 0 ? param : param.sliced(eq + 1));
+            if (paramValue.size() >= 2 && paramValue.front() == '"' && paramValue.back() == '"')
+                paramValue = paramValue.sliced(1, paramValue.size() - 2);
+            if (eq < 0 || equalsIgnoringCase(key, "ENCODING")) {
+                if (equalsIgnoringCase(paramValue, "QUOTED-PRINTABLE"))
+                    quotedPrintable = true;
+                else if (equalsIgnoringCase(paramValue, "BASE64") || equalsIgnoringCase(paramValue, "B"))
+                    base64 = true;
+            } else if (equalsIgnoringCase(key, "CHARSET")) {
+                charset = paramValue;
+            }
+            p = q;
+        }
+
+        if (equalsIgnoringCase(name, "VERSION")) {
+            m_card.version21 = trimmed(value) == "2.1";
+        } else if (equalsIgnoringCase(name, "N")) {
+            if (!m_card.hasN) {
+                m_card.n = decodeValue(value, quotedPrintable, charset);
+                m_card.hasN = true;
+            }
+        } else if (equalsIgnoringCase(name, "FN")) {
+            if (!m_card.hasFn) {
+                m_card.fn = decodeValue(value, quotedPrintable, charset);
+                m_card.hasFn = true;
+            }
+        } else if (equalsIgnoringCase(name, "TEL")) {
+            m_card.tel.append(decodeValue(value, quotedPrintable, charset));
+        } else if (base64 && m_card.version21) {
+            m_inBase64 = true;
+        }
+    }
+
+    QByteArrayView m_data;
+    const std::function<void(AddressBookContact &&)> &m_deliver;
+    qsizetype m_pos = 0;
+    QByteArray m_buffer;
+    bool m_inCard = false;
+    bool m_inBase64 = false;
+    Card m_card;
+    VCardReader::Summary m_summary;
+};
+
+} // namespace
+
+VCardReader::Summary VCardReader::read(QByteArrayView bytes, const std::function<void(AddressBookContact &&)> &deliver)
+{
+    return Parser(bytes, deliver).run();
+}
+
+QList<AddressBookContact> VCardReader::readAll(QByteArrayView bytes, Summary *summary)
+{
+    QList<AddressBookContact> contacts;
+    const Summary result = read(bytes, [&contacts](AddressBookContact &&contact) { contacts.append(std::move(contact)); });
+    if (summary)
+        *summary = result;
+    return contacts;
+}

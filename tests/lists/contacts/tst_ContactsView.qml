@@ -1,0 +1,194 @@
+import QtQuick
+import QtTest
+import Quieton
+
+// The contacts screen on its own: the list, the search bar, the sort
+// controls, the three body states and the dialling-error alert.
+TestCase {
+    id: testCase
+    name: "ContactsView"
+    width: 400
+    height: 800
+    when: windowShown
+    visible: true
+
+    Component {
+        id: viewComponent
+        ContactsView { anchors.fill: parent }
+    }
+
+    function init() {
+        UserDefaultsService.setInteger("autoSortBy", 0)
+        UserDefaultsService.setBool("comparator", true)
+        Service.callFailed = false
+        driver.setCallsPossible(true)
+    }
+
+    // A screen shown once, with the whole book read.
+    function shownView(people) {
+        driver.writeBook(people)
+        const view = createTemporaryObject(viewComponent, testCase)
+        verify(view)
+        view.appeared()
+        tryVerify(() => view.vm.contactsArray.length === people.length, 5000)
+        waitForItemPolished(findChild(view, "contactsList"))
+        return view
+    }
+
+    function rowTexts(view) {
+        const list = findChild(view, "contactsList")
+        const names = []
+        for (let i = 0; i < list.count; ++i) {
+            const row = findChild(list, "contactRow" + i)
+            names.push(row ? row.firstName : "?")
+        }
+        return names
+    }
+
+    function total(view) {
+        return findChild(view, "totalContacts").text
+    }
+
+    function test_listShowsTheBookAndIsSortedWhenShownAgain() {
+        const view = shownView([["Zoe", "Adams", "0601"], ["Anna", "Zed", "0602"], ["Mia", "Long", "0603", "0604"]])
+        compare(total(view), "Total Contacts: 3")
+        // The first reading keeps the book's order; the next showing sorts.
+        compare(rowTexts(view), ["Zoe", "Anna", "Mia"])
+        view.appeared()
+        compare(rowTexts(view), ["Anna", "Mia", "Zoe"])
+        const row = findChild(view, "contactRow1")
+        compare(row.lastName, "Long")
+        compare(row.telephone, "0603")
+        verify(!findChild(view, "noContactsFound").visible)
+        verify(!findChild(view, "enableInSettings").visible)
+    }
+
+    function test_searchAndCancel() {
+        const view = shownView([["Anna", "Smith", "0601"], ["Bob", "Hannah", "0602"], ["Carl", "Jones", "0603"]])
+        const field = findChild(view, "searchField")
+        const cancel = findChild(view, "cancelSearchButton")
+        verify(!cancel.visible)
+        mouseClick(field)
+        verify(view.isInputContactsActive)
+        verify(cancel.visible)
+        for (const c of "ann")
+            keyClick(c)
+        compare(view.vm.searchText, "ann")
+        compare(total(view), "Total Contacts: 2")
+        compare(rowTexts(view), ["Anna", "Bob"])
+
+        keyClick("x")
+        compare(total(view), "Total Contacts: 0")
+        verify(findChild(view, "noContactsFound").visible)
+        verify(!findChild(view, "contactsList").visible)
+
+        mouseClick(cancel)
+        compare(view.vm.searchText, "")
+        compare(field.text, "")
+        verify(!view.isInputContactsActive)
+        verify(!cancel.visible)
+        compare(total(view), "Total Contacts: 3")
+        verify(!findChild(view, "noContactsFound").visible)
+    }
+
+    function test_sortKeyAndDirection() {
+        const view = shownView([["Bea", "Young", "03"], ["Al", "Zane", "01"], ["Cy", "Xu", "02"]])
+        view.appeared()
+        compare(rowTexts(view), ["Al", "Bea", "Cy"])
+
+        mouseClick(findChild(view, "sortSegment1"))
+        compare(view.vm.sortIndexSelected, 1)
+        compare(rowTexts(view), ["Cy", "Bea", "Al"])
+        mouseClick(findChild(view, "sortSegment2"))
+        compare(rowTexts(view), ["Al", "Cy", "Bea"])
+
+        const direction = findChild(view, "sortDirectionButton")
+        compare(direction.Accessible.name, "Sort descending")
+        mouseClick(direction)
+        compare(rowTexts(view), ["Bea", "Cy", "Al"])
+        verify(!UserDefaultsService.boolForKey("comparator"))
+        mouseClick(direction)
+        compare(rowTexts(view), ["Al", "Cy", "Bea"])
+        verify(UserDefaultsService.boolForKey("comparator"))
+
+        // The stored key wins when the screen is shown again.
+        view.appeared()
+        compare(view.vm.sortIndexSelected, 0)
+        compare(findChild(view, "sortSegment0").selected, true)
+        compare(rowTexts(view), ["Al", "Bea", "Cy"])
+    }
+
+    // A long book costs rows only for what is on screen.
+    function test_onlyVisibleRowsAreBuilt() {
+        const people = []
+        for (let i = 0; i < 3000; ++i)
+            people.push(["Person" + i, "Family", "06" + i])
+        const view = shownView(people)
+        compare(total(view), "Total Contacts: 3000")
+        const list = findChild(view, "contactsList")
+        const built = () => {
+            let rows = 0
+            for (let i = 0; i < list.contentItem.children.length; ++i)
+                rows += list.contentItem.children[i].objectName.startsWith("contactRow") ? 1 : 0
+            return rows
+        }
+        verify(built() > 0)
+        verify(built() < 40, "rows built: " + built())
+        list.positionViewAtEnd()
+        waitForItemPolished(list)
+        verify(findChild(list, "contactRow2999") !== null)
+        verify(built() < 40, "rows built after scrolling: " + built())
+    }
+
+    function test_emptyBook() {
+        const view = shownView([])
+        compare(total(view), "Total Contacts: 0")
+        verify(findChild(view, "noContactsFound").visible)
+        verify(!findChild(view, "enableInSettings").visible)
+    }
+
+    function test_unreadableBookOffersTheSettings() {
+        driver.blockBook()
+        const view = createTemporaryObject(viewComponent, testCase)
+        view.appeared()
+        const link = findChild(view, "enableInSettings")
+        tryVerify(() => link.visible, 5000)
+        verify(!findChild(view, "noContactsFound").visible)
+        verify(!findChild(view, "contactsList").visible)
+        compare(link.Accessible.name, "To view contacts, enable it in settings.")
+        mouseClick(link)
+        verify(driver.openedUrl().startsWith("file:///"))
+    }
+
+    function test_tapAsksAndCancelPlacesNothing() {
+        const view = shownView([["Anna", "Smith", "0601"]])
+        const dialog = findChild(view, "callPrivacyDialog")
+        mouseClick(findChild(view, "contactRow0"))
+        verify(view.showingCallAlert)
+        tryCompare(dialog, "opened", true)
+        compare(view.vm.selectedContact.firstName, "Anna")
+        const asked = driver.lastAsked()
+        mouseClick(findChild(dialog.footer, "cancelButton"))
+        tryCompare(dialog, "visible", false)
+        verify(!view.showingCallAlert)
+        compare(driver.lastAsked(), asked)
+    }
+
+    function test_failedCallShowsTheErrorAlert() {
+        const view = shownView([["No", "Number"]])
+        driver.setCallsPossible(false)
+        mouseClick(findChild(view, "contactRow0"))
+        const dialog = findChild(view, "callPrivacyDialog")
+        tryCompare(dialog, "opened", true)
+        mouseClick(findChild(dialog.footer, "normalDialingButton"))
+        compare(driver.lastAsked(), "")
+        verify(Service.callFailed)
+        verify(view.showingErrorDialNumberAlert)
+        const alert = findChild(view, "dialErrorAlert")
+        tryCompare(alert, "opened", true)
+        mouseClick(alert.footer.itemAt(0))
+        tryCompare(alert, "visible", false)
+        verify(!Service.callFailed)
+        verify(!view.showingErrorDialNumberAlert)
+    }
+}

@@ -1,0 +1,198 @@
+// The address book as a folder of vCard files on disk: access answers,
+// the files found and their order, and the batches handed over.
+#include "VCardFolderAddressBook.h"
+
+#include "StdoutCapture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <unistd.h>
+
+namespace {
+
+void write(const QString &path, const QByteArray &bytes)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+QByteArray card(const QString &family, const QString &phone = QString())
+{
+    QByteArray text = "BEGIN:VCARD\r\nVERSION:3.0\r\nN:" + family.toUtf8() + ";;;;\r\n";
+    if (!phone.isEmpty())
+        text += "TEL:" + phone.toUtf8() + "\r\n";
+    return text + "END:VCARD\r\n";
+}
+
+struct Enumeration
+{
+    QStringList families;
+    QList<qsizetype> batchSizes;
+    QString error;
+};
+
+Enumeration enumerate(AddressBook &book)
+{
+    Enumeration result;
+    result.error = book.enumerateContacts([&result](QList<AddressBookContact> &&batch) {
+        result.batchSizes.append(batch.size());
+        for (const AddressBookContact &c : batch)
+            result.families.append(c.familyName);
+    });
+    return result;
+}
+
+// chmod does not keep the superuser out.
+bool permissionsApply(const QString &lockedFolder)
+{
+    return !QDir(lockedFolder).isReadable() || ::geteuid() != 0;
+}
+
+} // namespace
+
+class TestVCardFolderAddressBook : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void missingFolderIsAnEmptyBookWithAccess()
+    {
+        QTemporaryDir home;
+        VCardFolderAddressBook book(home.filePath(QStringLiteral("contacts")));
+        const auto answer = book.requestAccess();
+        QVERIFY(answer.granted);
+        QVERIFY(answer.error.isEmpty());
+        const Enumeration result = enumerate(book);
+        QVERIFY(result.families.isEmpty());
+        QVERIFY(result.batchSizes.isEmpty());
+        QVERIFY(result.error.isEmpty());
+    }
+
+    void defaultFolderFollowsTheDataHome()
+    {
+        const QByteArray saved = qgetenv("XDG_DATA_HOME");
+        qputenv("XDG_DATA_HOME", "/tmp/quieton-data-home");
+        QCOMPARE(VCardFolderAddressBook::defaultFolder(), QStringLiteral("/tmp/quieton-data-home/contacts"));
+        qputenv("XDG_DATA_HOME", saved);
+    }
+
+    // The layout a CardDAV synchronisation leaves: one folder per address
+    // book, one card per file, plus odd files that are not cards.
+    void everyVCardBelowTheFolderInPathOrder()
+    {
+        QTemporaryDir home;
+        const QDir root(home.filePath(QStringLiteral("contacts")));
+        write(root.filePath("personal/b.vcf"), card("B") + card("B2"));
+        write(root.filePath("personal/a.vcf"), card("A"));
+        write(root.filePath("work/deeper/c.VCF"), card("C"));
+        write(root.filePath("0-top.vcf"), card("Top"));
+        write(root.filePath("personal/notes.txt"), card("NotACardFile"));
+        write(root.filePath("personal/.tmp-123.vcf"), card("Temporary"));
+        write(root.filePath(".state/x.vcf"), card("ToolState"));
+        QVERIFY(QFile::link(root.filePath("personal/a.vcf"), root.filePath("work/link.vcf")));
+        QVERIFY(QFile::link(root.path(), root.filePath("work/loop")));
+
+        VCardFolderAddressBook book(root.path());
+        QVERIFY(book.requestAccess().granted);
+        const Enumeration result = enumerate(book);
+        QCOMPARE(result.families, (QStringList{ "Top", "A", "B", "B2", "C", "A" }));
+        QVERIFY(result.error.isEmpty());
+    }
+
+    void batchesAreFullAndKeepTheOrder()
+    {
+        QTemporaryDir home;
+        QByteArray many;
+        const int total = int(VCardFolderAddressBook::batchSize) + 7;
+        for (int i = 0; i < total; ++i)
+            many += card(QString::number(i), QString::number(i));
+        write(home.filePath("all.vcf"), many);
+        write(home.filePath("broken.vcf"), "BEGIN:VCARD\nno property\nEND:VCARD\n" + card("Last"));
+
+        StdoutCapture out;
+        VCardFolderAddressBook book(home.path());
+        const Enumeration result = enumerate(book);
+        QCOMPARE(result.batchSizes, (QList<qsizetype>{ VCardFolderAddressBook::batchSize, 8 }));
+        QCOMPARE(result.families.size(), total + 1);
+        for (int i = 0; i < total; ++i)
+            QCOMPARE(result.families[i], QString::number(i));
+        QCOMPARE(result.families.last(), QStringLiteral("Last"));
+        QVERIFY(out.lines().contains(QStringLiteral("Address book: skipped 1 unreadable cards in ") + home.path()));
+    }
+
+    // Thousands of one-card files, as a synchronised address book has them:
+    // still one contact per card in path order, whatever reads them.
+    void manySmallFilesKeepThePathOrder()
+    {
+        QTemporaryDir home;
+        const int total = 2700;
+        for (int i = 0; i < total; ++i) {
+            const QString name = QStringLiteral("book/%1.vcf").arg(i, 5, 10, QLatin1Char('0'));
+            write(home.filePath(name), i == 1234 ? QByteArray("BEGIN:VCARD\nbroken\nEND:VCARD\n") : card(QString::number(i)));
+        }
+        StdoutCapture out;
+        VCardFolderAddressBook book(home.path());
+        const Enumeration result = enumerate(book);
+        QCOMPARE(result.families.size(), total - 1);
+        for (int i = 0, expected = 0; i < result.families.size(); ++i, ++expected) {
+            if (expected == 1234)
+                ++expected;
+            QCOMPARE(result.families[i], QString::number(expected));
+        }
+        QCOMPARE(result.batchSizes, (QList<qsizetype>{ VCardFolderAddressBook::batchSize, total - 1 - VCardFolderAddressBook::batchSize }));
+        QVERIFY(out.lines().contains(QStringLiteral("Address book: skipped 1 unreadable cards in ") + home.path()));
+    }
+
+    void unreadableFolderIsRefusedWithAReason()
+    {
+        QTemporaryDir home;
+        const QString folder = home.filePath(QStringLiteral("contacts"));
+        write(folder + "/a.vcf", card("A"));
+        QVERIFY(QFile::setPermissions(folder, QFileDevice::Permissions()));
+        const auto restore = qScopeGuard([&] { QFile::setPermissions(folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner); });
+        if (!permissionsApply(folder) || QDir(folder).isReadable())
+            QSKIP("running as the superuser: file permissions do not keep it out");
+
+        VCardFolderAddressBook book(folder);
+        const auto answer = book.requestAccess();
+        QVERIFY(!answer.granted);
+        QVERIFY2(answer.error.contains(folder), qPrintable(answer.error));
+        QCOMPARE(book.accessSettingsUrl(), QUrl::fromLocalFile(home.path()));
+    }
+
+    void unreadableFileIsReportedAndTheRestStillRead()
+    {
+        QTemporaryDir home;
+        write(home.filePath("a.vcf"), card("A"));
+        write(home.filePath("b.vcf"), card("B"));
+        write(home.filePath("c.vcf"), card("C"));
+        QVERIFY(QFile::setPermissions(home.filePath("b.vcf"), QFileDevice::Permissions()));
+        if (QFile(home.filePath("b.vcf")).open(QIODevice::ReadOnly))
+            QSKIP("running as the superuser: file permissions do not keep it out");
+
+        VCardFolderAddressBook book(home.path());
+        QVERIFY(book.requestAccess().granted);
+        QCOMPARE(book.accessSettingsUrl(), QUrl::fromLocalFile(home.path()));
+        const Enumeration result = enumerate(book);
+        QCOMPARE(result.families, (QStringList{ "A", "C" }));
+        QVERIFY2(result.error.contains(QStringLiteral("b.vcf")), qPrintable(result.error));
+    }
+
+    void aFileInPlaceOfTheFolderIsRefused()
+    {
+        QTemporaryDir home;
+        write(home.filePath("contacts"), card("A"));
+        VCardFolderAddressBook book(home.filePath("contacts"));
+        const auto answer = book.requestAccess();
+        QVERIFY(!answer.granted);
+        QVERIFY(!answer.error.isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestVCardFolderAddressBook)
+#include "tst_vcardfolderaddressbook.moc"

@@ -1,0 +1,209 @@
+// Reading vCard text of the three versions as phones and address books write it.
+#include "VCardReader.h"
+
+#include <QRandomGenerator>
+#include <QtTest>
+
+namespace {
+
+QByteArray crlf(const char *text)
+{
+    return QByteArray(text).replace("\n", "\r\n");
+}
+
+struct Person
+{
+    QString given, family;
+    QStringList phones;
+};
+
+QList<Person> people(const QByteArray &bytes, VCardReader::Summary *summary = nullptr)
+{
+    QList<Person> out;
+    for (const AddressBookContact &c : VCardReader::readAll(bytes, summary))
+        out.append({ c.givenName, c.familyName, c.phoneNumbers });
+    return out;
+}
+
+} // namespace
+
+class TestVCardReader : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void version3WithFoldingGroupsAndEscapes()
+    {
+        VCardReader::Summary summary;
+        const auto found = people(crlf("BEGIN:VCARD\n"
+                                       "VERSION:3.0\n"
+                                       "item1.N;CHARSET=UTF-8:Dupont-\n"
+                                       " Lefèvre;Anne\\, Marie;;;\n"
+                                       "FN:Anne Dupont\n"
+                                       "item1.TEL;TYPE=\"work,voice\":+33 1 23\n"
+                                       "\t45 67 89\n"
+                                       "TEL;TYPE=CELL:06 12 34 56 78\n"
+                                       "NOTE:line one\\nline two\\; with: colon\n"
+                                       "END:VCARD\n"),
+                                  &summary);
+        QCOMPARE(summary.contacts, 1);
+        QCOMPARE(summary.brokenCards, 0);
+        QCOMPARE(found.size(), 1);
+        QCOMPARE(found[0].family, QStringLiteral("Dupont-Lefèvre"));
+        QCOMPARE(found[0].given, QStringLiteral("Anne, Marie"));
+        QCOMPARE(found[0].phones, (QStringList{ "+33 1 2345 67 89", "06 12 34 56 78" }));
+    }
+
+    void version4TelUrisAndSeveralCardsInOneFile()
+    {
+        const auto found = people("BEGIN:VCARD\nVERSION:4.0\nN:Stevenson;John;Philip,Paul;Dr.;Jr.\n"
+                                  "TEL;VALUE=uri;PREF=1;TYPE=\"voice,home\":tel:+1-555-555-5555\n"
+                                  "TEL;VALUE=uri;TYPE=work:tel:%2B44-20-7946-0000\n"
+                                  "END:VCARD\n"
+                                  "BEGIN:VCARD\nVERSION:4.0\nN:;Zoë;;;\nEND:VCARD\n");
+        QCOMPARE(found.size(), 2);
+        QCOMPARE(found[0].family, QStringLiteral("Stevenson"));
+        QCOMPARE(found[0].given, QStringLiteral("John"));
+        QCOMPARE(found[0].phones, (QStringList{ "+1-555-555-5555", "+44-20-7946-0000" }));
+        QCOMPARE(found[1].given, QStringLiteral("Zoë"));
+        QVERIFY(found[1].family.isEmpty());
+        QVERIFY(found[1].phones.isEmpty());
+    }
+
+    // Old phones: 2.1 with quoted-printable soft line breaks and 8-bit charsets.
+    void version21QuotedPrintableAndCharsets()
+    {
+        const auto found = people(crlf("BEGIN:VCARD\n"
+                                       "VERSION:2.1\n"
+                                       "N;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:=C3=89lo=C3=AFse=20Be=\n"
+                                       "rg=C3=A8re;Fran=C3=A7ois;;;\n"
+                                       "TEL;CELL;PREF:+49 170 1234567\n"
+                                       "TEL;HOME:030 123\n"
+                                       "END:VCARD\n"
+                                       "BEGIN:VCARD\n"
+                                       "VERSION:2.1\n"
+                                       "N;CHARSET=ISO-8859-1;QUOTED-PRINTABLE:M=FCller;J=FCrgen\n"
+                                       "END:VCARD\n"
+                                       "BEGIN:VCARD\n"
+                                       "VERSION:2.1\n"
+                                       "N;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:Ng=C3=B4;Th=\n"
+                                       " =E1=BB=8B=\n"
+                                       "\n"
+                                       "END:VCARD\n"));
+        QCOMPARE(found.size(), 3);
+        QCOMPARE(found[2].family, QStringLiteral("Ngô"));
+        QCOMPARE(found[2].given, QStringLiteral("Thị"));
+        QCOMPARE(found[0].family, QStringLiteral("Éloïse Bergère"));
+        QCOMPARE(found[0].given, QStringLiteral("François"));
+        QCOMPARE(found[0].phones, (QStringList{ "+49 170 1234567", "030 123" }));
+        QCOMPARE(found[1].family, QStringLiteral("Müller"));
+        QCOMPARE(found[1].given, QStringLiteral("Jürgen"));
+    }
+
+    // A 2.1 photo runs on unindented base64 lines up to a blank line.
+    void version21Base64PhotoDoesNotBreakTheCard()
+    {
+        const auto found = people(crlf("BEGIN:VCARD\nVERSION:2.1\nN:Photo;Peter\n"
+                                       "PHOTO;ENCODING=BASE64;TYPE=JPEG:/9j/4AAQSkZJRgABAQ\n"
+                                       "AAAQABAAD/2wBDAAgGBgcGBQgHBwcJCQgKDBQNDAsLDBkSEw8U\n"
+                                       "\n"
+                                       "TEL:555\nEND:VCARD\n"));
+        QCOMPARE(found.size(), 1);
+        QCOMPARE(found[0].phones, QStringList{ "555" });
+    }
+
+    void formattedNameOnlyWhereNameIsMissing()
+    {
+        const auto found = people("BEGIN:VCARD\nVERSION:3.0\nFN:Acme Plumbing\nTEL:0800 123\nEND:VCARD\n"
+                                  "BEGIN:VCARD\nVERSION:3.0\nN:;;;;\nFN:Shop\nEND:VCARD\n"
+                                  "BEGIN:VCARD\nVERSION:3.0\nFN:Ignored Name\nN:Real;Name\nEND:VCARD\n");
+        QCOMPARE(found.size(), 3);
+        QCOMPARE(found[0].given, QStringLiteral("Acme Plumbing"));
+        QVERIFY(found[0].family.isEmpty());
+        QCOMPARE(found[1].given, QStringLiteral("Shop"));
+        QCOMPARE(found[2].given, QStringLiteral("Name"));
+        QCOMPARE(found[2].family, QStringLiteral("Real"));
+    }
+
+    void brokenCardsAreSkippedAndCounted()
+    {
+        VCardReader::Summary summary;
+        const auto found = people("junk before any card\n"
+                                  "BEGIN:VCARD\nVERSION:3.0\nN:One;First\nEND:VCARD\n"
+                                  "BEGIN:VCARD\nVERSION:3.0\nN:Two;Broken\nthis line is no property\nEND:VCARD\n"
+                                  "BEGIN:VCARD\nVERSION:3.0\nN:Three;Unended\n"
+                                  "BEGIN:VCARD\nVERSION:3.0\nN:Four;Fine\nTEL:4\nEND:VCARD\n"
+                                  "BEGIN:VCARD\nVERSION:3.0\nbad name here:x\nEND:VCARD\n"
+                                  "BEGIN:VCARD\nVERSION:3.0\nN:Five;Cut off at the end of the file\n",
+                                  &summary);
+        QCOMPARE(summary.brokenCards, 4);
+        QCOMPARE(summary.contacts, 2);
+        QCOMPARE(found.size(), 2);
+        QCOMPARE(found[0].family, QStringLiteral("One"));
+        QCOMPARE(found[1].family, QStringLiteral("Four"));
+        QCOMPARE(found[1].phones, QStringList{ "4" });
+    }
+
+    void lineEndingsAndCaseDoNotMatter()
+    {
+        const QByteArray lf = "begin:vcard\nversion:3.0\nn:Lower;case\ntel:1\nend:vcard\n";
+        QByteArray cr = lf;
+        cr.replace('\n', '\r');
+        for (const QByteArray &bytes : { lf, crlf(lf.constData()), cr }) {
+            const auto found = people(bytes);
+            QCOMPARE(found.size(), 1);
+            QCOMPARE(found[0].family, QStringLiteral("Lower"));
+            QCOMPARE(found[0].phones, QStringList{ "1" });
+        }
+    }
+
+    void undeclaredEightBitTextFallsBackToLatin1()
+    {
+        const auto found = people("BEGIN:VCARD\nVERSION:2.1\nN:G\xF6tz;Ren\xE9\nEND:VCARD\n");
+        QCOMPARE(found.size(), 1);
+        QCOMPARE(found[0].family, QStringLiteral("Götz"));
+        QCOMPARE(found[0].given, QStringLiteral("René"));
+    }
+
+    // Random and mutated bytes: never a crash, never more contacts than cards
+    // begun, and the count handed over matches what was delivered.
+    void fuzzedInputIsSurvived()
+    {
+        const QByteArray seed = crlf("BEGIN:VCARD\nVERSION:2.1\n"
+                                     "N;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:=C3=89l=\n=6F;A\\;b\n"
+                                     "item2.TEL;TYPE=\"a;b:c\":tel:%41%\n FOLD\nEND:VCARD\n"
+                                     "BEGIN:VCARD\nVERSION:4.0\nFN:x\nTEL;VALUE=uri:tel:\nEND:VCARD\n");
+        QRandomGenerator random(20261123);
+        const QByteArray alphabet = "BEGIN:VCARDEND;=\\\"\r\n \t,.:QUOTED-PRINTABLE\x80\xff\xc3";
+        for (int round = 0; round < 4000; ++round) {
+            QByteArray bytes = seed;
+            const int edits = 1 + random.bounded(12);
+            for (int e = 0; e < edits; ++e) {
+                const int at = random.bounded(int(bytes.size()) + 1);
+                switch (random.bounded(4)) {
+                case 0: bytes.insert(at, alphabet[random.bounded(int(alphabet.size()))]); break;
+                case 1: if (at < bytes.size()) bytes.remove(at, 1 + random.bounded(8)); break;
+                case 2: if (at < bytes.size()) bytes[at] = char(random.bounded(256)); break;
+                default: bytes.insert(at, bytes.mid(random.bounded(int(bytes.size())), random.bounded(40))); break;
+                }
+            }
+            if (round % 10 == 0) {
+                bytes.resize(random.bounded(300));
+                for (char &c : bytes)
+                    c = char(random.bounded(256));
+            }
+            int delivered = 0;
+            const VCardReader::Summary summary = VCardReader::read(bytes, [&delivered](AddressBookContact &&c) {
+                ++delivered;
+                for (const QString &phone : c.phoneNumbers)
+                    QVERIFY(!phone.isEmpty());
+            });
+            QCOMPARE(summary.contacts, delivered);
+            // Every card, read or skipped, began with its own BEGIN line.
+            QVERIFY(delivered + summary.brokenCards <= int(bytes.toLower().count("begin")));
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(TestVCardReader)
+#include "tst_vcardreader.moc"

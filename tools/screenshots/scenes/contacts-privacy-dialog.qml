@@ -1,0 +1,34 @@
+import QtQuick
+import Quieton
+
+// The call-privacy question after a tap on a contact.
+Item {
+    id: scene
+    property string addressBook: "addressbook"
+    property int settleMs: 1500
+    Component.onCompleted: UserDefaultsService.setBool("hasCompletedFirstLaunch", true)
+    MainView { id: main; anchors.fill: parent }
+
+    function find(item, name) {
+        if (item.objectName === name)
+            return item
+        for (let i = 0; i < item.children.length; ++i) {
+            const found = find(item.children[i], name)
+            if (found)
+                return found
+        }
+        return null
+    }
+
+    property var steps: [
+        [100, function() { main.vm.selectedTab = 1 }],
+        // Shown a second time: the list read the first time is sorted now.
+        [700, function() { main.vm.selectedTab = 0 }],
+        [100, function() { main.vm.selectedTab = 1 }],
+        [200, function() {
+            const view = scene.find(main, "contactsView")
+            view.vm.selectVisibleContact(2)
+            view.showingCallAlert = true
+        }]
+    ]
+}
