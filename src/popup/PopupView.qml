@@ -231,9 +231,19 @@ Item {
                 anchors.margins: popupView.padding
                 clip: popupView.type === PopupLayout.FullScreen
 
+                // The content fills the card; a size it was given outright
+                // becomes the size it asks for.
                 onChildrenChanged: {
-                    for (let i = 0; i < contentHolder.children.length; ++i)
-                        contentHolder.children[i].anchors.fill = contentHolder
+                    for (let i = 0; i < contentHolder.children.length; ++i) {
+                        const child = contentHolder.children[i]
+                        if (child.anchors.fill === contentHolder)
+                            continue
+                        if (child.implicitWidth <= 0 && child.width > 0)
+                            child.implicitWidth = child.width
+                        if (child.implicitHeight <= 0 && child.height > 0)
+                            child.implicitHeight = child.height
+                        child.anchors.fill = contentHolder
+                    }
                 }
             }
 

@@ -46,6 +46,19 @@ TestCase {
         }
     }
 
+    Component {
+        id: sizedContentComponent
+        Item {
+            anchors.fill: parent
+            property alias popup: popup
+            PopupView {
+                id: popup
+                padding: 10
+                Rectangle { width: 180; height: 90; color: "wheat" }
+            }
+        }
+    }
+
     function present(props) {
         const owner = createTemporaryObject(ownerComponent, testCase)
         verify(owner)
@@ -197,6 +210,16 @@ TestCase {
         compare(body.height, 800)
         owner.showing = false
         expectGone(owner, PopupLayout.Binding)
+    }
+
+    function test_contentWithAPlainSizeKeepsIt() {
+        const owner = createTemporaryObject(sizedContentComponent, testCase)
+        owner.popup.isPresented = true
+        const card = owner.popup.card
+        compare(card.width, 200)
+        compare(card.height, 110)
+        compare(owner.popup.contentItem.width, 180)
+        compare(owner.popup.contentItem.height, 90)
     }
 
     function test_slidesInFromItsEdge() {
