@@ -81,6 +81,14 @@ Page {
                         + (pager.springTo - pager.springFrom) * welcomeView.vm.springProgress(pager.springSeconds)
         }
 
+        property bool picturesWanted: false
+        Timer {
+            running: true
+            interval: 400
+            onTriggered: pager.picturesWanted = true
+        }
+        onPositionChanged: pager.picturesWanted = true
+
         NumberAnimation {
             id: spring
             target: pager
@@ -122,9 +130,11 @@ Page {
                         Layout.preferredWidth: Math.min(pageItem.width - 56, 340)
                         Layout.preferredHeight: Math.min(Layout.preferredWidth * 0.85, pageItem.height * 0.42)
                         Layout.bottomMargin: 8
-                        source: pageItem.page.picture
-                        sourceSize.width: 600
-                        asynchronous: true
+                        // The first picture comes with the first frame, the
+                        // others a moment later, off the way of start-up.
+                        source: pageItem.index === 0 || pager.picturesWanted ? pageItem.page.picture : ""
+                        sourceSize.width: Math.ceil(340 * Screen.devicePixelRatio)
+                        asynchronous: pageItem.index !== 0
                         fillMode: Image.PreserveAspectFit
                         Accessible.ignored: true
                     }
