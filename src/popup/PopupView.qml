@@ -45,7 +45,7 @@ Item {
 
     // True from the moment it starts sliding in until it has slid out.
     readonly property bool shown: popupLayer.visible
-    readonly property Item card: card
+    readonly property Item card: popupCard
     readonly property Item contentItem: contentHolder.children.length > 0 ? contentHolder.children[0] : null
 
     signal dismissed(int source)
@@ -84,8 +84,8 @@ Item {
         settleAnimation.stop()
         popupView.pendingSource = PopupLayout.Binding
         popupLayer.visible = true
-        card.offsetX = layout.entryOffsetX
-        card.offsetY = layout.entryOffsetY
+        popupCard.offsetX = layout.entryOffsetX
+        popupCard.offsetY = layout.entryOffsetY
         showAnimation.restart()
     }
 
@@ -128,7 +128,7 @@ Item {
             anchors.fill: parent
             visible: popupView.type !== PopupLayout.Toast
             color: popupView.type === PopupLayout.Floating && popupView.dim ? "#000000" : "transparent"
-            opacity: popupView.type === PopupLayout.Floating && popupView.dim ? 0.35 * card.presence : 1
+            opacity: popupView.type === PopupLayout.Floating && popupView.dim ? 0.35 * popupCard.presence : 1
 
             Accessible.role: Accessible.Button
             Accessible.name: qsTr("Dismiss")
@@ -144,7 +144,7 @@ Item {
                 property bool pressedOnCard: false
                 onWheel: (wheel) => { wheel.accepted = true }
                 onPressed: (mouse) => {
-                    outsideArea.pressedOnCard = card.contains(outsideArea.mapToItem(card, mouse.x, mouse.y))
+                    outsideArea.pressedOnCard = popupCard.contains(outsideArea.mapToItem(popupCard, mouse.x, mouse.y))
                 }
                 onClicked: {
                     if (popupView.closeOnTapOutside && !outsideArea.pressedOnCard)
@@ -173,14 +173,14 @@ Item {
                 }
                 const moved = Math.hypot(outsideWatch.lastAt.x - outsideWatch.pressedAt.x,
                                          outsideWatch.lastAt.y - outsideWatch.pressedAt.y)
-                const inCard = card.contains(card.mapFromItem(popupLayer, outsideWatch.pressedAt))
+                const inCard = popupCard.contains(popupCard.mapFromItem(popupLayer, outsideWatch.pressedAt))
                 if (moved < Application.styleHints.startDragDistance && !inCard)
                     popupView.dismiss(PopupLayout.TapOutside)
             }
         }
 
         Item {
-            id: card
+            id: popupCard
             objectName: "popupCard"
 
             property real offsetX: 0
@@ -193,8 +193,8 @@ Item {
                 return Math.max(0, 1 - (Math.abs(offsetX) + Math.abs(offsetY)) / whole)
             }
 
-            x: layout.restingX + card.offsetX
-            y: layout.restingY + card.offsetY
+            x: layout.restingX + popupCard.offsetX
+            y: layout.restingY + popupCard.offsetY
             width: layout.popupWidth
             height: layout.popupHeight
 
@@ -268,8 +268,8 @@ Item {
                         return
                     const t = dragHandler.translation
                     dragHandler.lastTranslation = Qt.point(t.x, t.y)
-                    card.offsetX = layout.dragOffsetX(t.x, t.y)
-                    card.offsetY = layout.dragOffsetY(t.x, t.y)
+                    popupCard.offsetX = layout.dragOffsetX(t.x, t.y)
+                    popupCard.offsetY = layout.dragOffsetY(t.x, t.y)
                 }
                 onActiveChanged: {
                     if (dragHandler.active) {
@@ -294,22 +294,22 @@ Item {
 
     ParallelAnimation {
         id: showAnimation
-        NumberAnimation { target: card; property: "offsetX"; to: 0; duration: 320; easing.type: Easing.OutBack; easing.overshoot: 0.9 }
-        NumberAnimation { target: card; property: "offsetY"; to: 0; duration: 320; easing.type: Easing.OutBack; easing.overshoot: 0.9 }
+        NumberAnimation { target: popupCard; property: "offsetX"; to: 0; duration: 320; easing.type: Easing.OutBack; easing.overshoot: 0.9 }
+        NumberAnimation { target: popupCard; property: "offsetY"; to: 0; duration: 320; easing.type: Easing.OutBack; easing.overshoot: 0.9 }
     }
 
     // Back to rest after a drag that did not go far enough.
     ParallelAnimation {
         id: settleAnimation
-        SpringAnimation { target: card; property: "offsetX"; to: 0; spring: 5; damping: 0.35; epsilon: 0.25 }
-        SpringAnimation { target: card; property: "offsetY"; to: 0; spring: 5; damping: 0.35; epsilon: 0.25 }
+        SpringAnimation { target: popupCard; property: "offsetX"; to: 0; spring: 5; damping: 0.35; epsilon: 0.25 }
+        SpringAnimation { target: popupCard; property: "offsetY"; to: 0; spring: 5; damping: 0.35; epsilon: 0.25 }
     }
 
     SequentialAnimation {
         id: hideAnimation
         ParallelAnimation {
-            NumberAnimation { target: card; property: "offsetX"; to: layout.entryOffsetX; duration: 220; easing.type: Easing.InCubic }
-            NumberAnimation { target: card; property: "offsetY"; to: layout.entryOffsetY; duration: 220; easing.type: Easing.InCubic }
+            NumberAnimation { target: popupCard; property: "offsetX"; to: layout.entryOffsetX; duration: 220; easing.type: Easing.InCubic }
+            NumberAnimation { target: popupCard; property: "offsetY"; to: layout.entryOffsetY; duration: 220; easing.type: Easing.InCubic }
         }
         PropertyAction { target: popupLayer; property: "visible"; value: false }
     }
