@@ -116,8 +116,13 @@ Item {
     Item {
         id: popupLayer
         objectName: "popupLayer"
+        // The window's root item, which is not always sized with the
+        // window: take the window's own size.
         parent: popupView.Window.contentItem ? popupView.Window.contentItem : popupView.parent
-        anchors.fill: parent
+        x: 0
+        y: 0
+        width: popupView.Window.window ? popupView.Window.width : (popupLayer.parent ? popupLayer.parent.width : 0)
+        height: popupView.Window.window ? popupView.Window.height : (popupLayer.parent ? popupLayer.parent.height : 0)
         visible: false
         z: 1000
 

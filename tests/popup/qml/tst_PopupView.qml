@@ -59,6 +59,26 @@ TestCase {
         }
     }
 
+    Component {
+        id: appWindowComponent
+        ApplicationWindow {
+            width: 360
+            height: 640
+            visible: true
+            property alias popup: popup
+            header: ToolBar { Label { text: "Settings" } }
+            footer: TabBar { TabButton { text: "Dialer" } }
+            Page {
+                anchors.fill: parent
+                PopupView {
+                    id: popup
+                    type: PopupLayout.FullScreen
+                    Rectangle { color: "white" }
+                }
+            }
+        }
+    }
+
     function present(props) {
         const owner = createTemporaryObject(ownerComponent, testCase)
         verify(owner)
@@ -220,6 +240,22 @@ TestCase {
         compare(card.height, 110)
         compare(owner.popup.contentItem.width, 180)
         compare(owner.popup.contentItem.height, 90)
+    }
+
+    function test_fromInsideAPageItCoversTheWholeWindow() {
+        const window = createTemporaryObject(appWindowComponent, testCase)
+        verify(window)
+        window.popup.isPresented = true
+        const card = window.popup.card
+        tryCompare(card, "offsetY", 0, 2000)
+        // Over the tool bar and the tab bar too, not only over its page.
+        const topLeft = card.mapToItem(null, 0, 0)
+        compare(topLeft.y, 0)
+        compare(card.height, 640)
+        compare(card.width, 360)
+        // And it follows the window's size.
+        window.width = 420
+        tryCompare(card, "width", 420)
     }
 
     function test_slidesInFromItsEdge() {
