@@ -60,6 +60,19 @@ TestCase {
     }
 
     Component {
+        id: editorComponent
+        Item {
+            anchors.fill: parent
+            property alias popup: popup
+            property alias field: field
+            PopupView {
+                id: popup
+                TextField { id: field; objectName: "field"; implicitWidth: 240 }
+            }
+        }
+    }
+
+    Component {
         id: appWindowComponent
         ApplicationWindow {
             width: 360
@@ -256,6 +269,21 @@ TestCase {
         // And it follows the window's size.
         window.width = 420
         tryCompare(card, "width", 420)
+    }
+
+    function test_controlsInsideKeepTheirTouchesAndKeys() {
+        const owner = createTemporaryObject(editorComponent, testCase)
+        owner.popup.isPresented = true
+        tryCompare(owner.popup.card, "offsetY", 0, 2000)
+        mouseClick(owner.field)
+        verify(owner.field.activeFocus)
+        keyClick(Qt.Key_NumberSign)
+        keyClick(Qt.Key_3)
+        compare(owner.field.text, "#3")
+        // Sideways, along the text, a finger selects rather than drags the popup.
+        mouseDrag(owner.field, 10, 10, 150, 0)
+        verify(owner.popup.isPresented)
+        compare(owner.popup.card.offsetY, 0)
     }
 
     function test_slidesInFromItsEdge() {
