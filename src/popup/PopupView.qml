@@ -21,7 +21,14 @@ import Quieton
 // follows `isPresentedChanged` back into its flag can present it again.
 //
 // Floating popups and toasts take their content's implicit size (toasts span
-// the width); a full-screen popup makes its content fill the window.
+// the width); a full-screen popup makes its content fill the window. A
+// floating popup dims the window and keeps it from touches; beside a toast
+// the window stays usable. Dragging the popup towards its edge by more than a
+// third of its own size dismisses it; a shorter drag springs back. Touches
+// that controls inside take (buttons, text fields) stay theirs.
+//
+// Defaults: not presented, floating, centred, from the bottom, no autohide,
+// tap inside off, tap outside on, drag on (off for full-screen popups).
 Item {
     id: popupView
 
@@ -33,7 +40,9 @@ Item {
     property int autohideIn: 0
     property bool closeOnTap: false
     property bool closeOnTapOutside: true
-    property bool dragToDismiss: true
+    // Off by default for full-screen popups, whose content usually scrolls
+    // and which close through their own back control.
+    property bool dragToDismiss: popupView.type !== PopupLayout.FullScreen
     // Space kept free around floating popups and toasts.
     property real margin: 16
     property real padding: popupView.type === PopupLayout.FullScreen ? 0 : 20

@@ -241,6 +241,11 @@ TestCase {
         const body = findChild(owner.popup.card, "body")
         compare(body.width, 400)
         compare(body.height, 800)
+        // A drag is scrolling its content, not a dismissal, unless asked for.
+        verify(!owner.popup.dragToDismiss)
+        drag(200, 300, 0, 400)
+        wait(50)
+        verify(owner.popup.isPresented)
         owner.showing = false
         expectGone(owner, PopupLayout.Binding)
     }
