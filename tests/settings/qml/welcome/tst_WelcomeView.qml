@@ -142,4 +142,19 @@ TestCase {
         settle(view)
         compare(view.vm.selectedPage, 1)
     }
+
+    function test_rightToLeftSwipesTheOtherWay() {
+        const view = openWelcome()
+        view.LayoutMirroring.enabled = true
+        view.LayoutMirroring.childrenInherit = true
+        // The next page lies to the left: a finger moving right brings it.
+        swipe(view, 40, 340, 12)
+        settle(view)
+        compare(view.vm.selectedPage, 1)
+        verify(findChild(view, "page1").x === 0)
+        verify(findChild(view, "page2").x < 0)
+        keyClick(Qt.Key_Right)
+        settle(view)
+        compare(view.vm.selectedPage, 0)
+    }
 }
