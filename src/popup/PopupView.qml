@@ -70,9 +70,12 @@ Item {
             popupView.isPresented = false
     }
 
+    // Why the next lowering of the flag happens; the owner's doing unless
+    // dismiss() says otherwise.
     property int pendingSource: PopupLayout.Binding
 
-    // The popup sits in the window's overlay; this item itself takes no space.
+    // The popup is drawn on a layer over the whole window; this item itself
+    // takes no space where it is declared.
     visible: false
     width: 0
     height: 0
