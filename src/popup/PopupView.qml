@@ -21,7 +21,14 @@ import Quieton
 // follows `isPresentedChanged` back into its flag can present it again.
 //
 // Floating popups and toasts take their content's implicit size (toasts span
-// the width); a full-screen popup makes its content fill the window.
+// the width); a full-screen popup makes its content fill the window. A
+// floating popup dims the window and keeps it from touches; beside a toast
+// the window stays usable. Dragging the popup towards its edge by more than a
+// third of its own size dismisses it; a shorter drag springs back. Touches
+// that controls inside take (buttons, text fields) stay theirs.
+//
+// Defaults: not presented, floating, centred, from the bottom, no autohide,
+// tap inside off, tap outside on, drag on (off for full-screen popups).
 Item {
     id: popupView
 
@@ -33,7 +40,9 @@ Item {
     property int autohideIn: 0
     property bool closeOnTap: false
     property bool closeOnTapOutside: true
-    property bool dragToDismiss: true
+    // Off by default for full-screen popups, whose content usually scrolls
+    // and which close through their own back control.
+    property bool dragToDismiss: popupView.type !== PopupLayout.FullScreen
     // Space kept free around floating popups and toasts.
     property real margin: 16
     property real padding: popupView.type === PopupLayout.FullScreen ? 0 : 20
@@ -45,7 +54,7 @@ Item {
 
     // True from the moment it starts sliding in until it has slid out.
     readonly property bool shown: popupLayer.visible
-    readonly property Item card: card
+    readonly property Item card: popupCard
     readonly property Item contentItem: contentHolder.children.length > 0 ? contentHolder.children[0] : null
 
     signal dismissed(int source)
@@ -61,9 +70,12 @@ Item {
             popupView.isPresented = false
     }
 
+    // Why the next lowering of the flag happens; the owner's doing unless
+    // dismiss() says otherwise.
     property int pendingSource: PopupLayout.Binding
 
-    // The popup sits in the window's overlay; this item itself takes no space.
+    // The popup is drawn on a layer over the whole window; this item itself
+    // takes no space where it is declared.
     visible: false
     width: 0
     height: 0
@@ -84,8 +96,8 @@ Item {
         settleAnimation.stop()
         popupView.pendingSource = PopupLayout.Binding
         popupLayer.visible = true
-        card.offsetX = layout.entryOffsetX
-        card.offsetY = layout.entryOffsetY
+        popupCard.offsetX = layout.entryOffsetX
+        popupCard.offsetY = layout.entryOffsetY
         showAnimation.restart()
     }
 
@@ -116,8 +128,13 @@ Item {
     Item {
         id: popupLayer
         objectName: "popupLayer"
+        // The window's root item, which is not always sized with the
+        // window: take the window's own size.
         parent: popupView.Window.contentItem ? popupView.Window.contentItem : popupView.parent
-        anchors.fill: parent
+        x: 0
+        y: 0
+        width: popupView.Window.window ? popupView.Window.width : (popupLayer.parent ? popupLayer.parent.width : 0)
+        height: popupView.Window.window ? popupView.Window.height : (popupLayer.parent ? popupLayer.parent.height : 0)
         visible: false
         z: 1000
 
@@ -128,7 +145,7 @@ Item {
             anchors.fill: parent
             visible: popupView.type !== PopupLayout.Toast
             color: popupView.type === PopupLayout.Floating && popupView.dim ? "#000000" : "transparent"
-            opacity: popupView.type === PopupLayout.Floating && popupView.dim ? 0.35 * card.presence : 1
+            opacity: popupView.type === PopupLayout.Floating && popupView.dim ? 0.35 * popupCard.presence : 1
 
             Accessible.role: Accessible.Button
             Accessible.name: qsTr("Dismiss")
@@ -144,7 +161,7 @@ Item {
                 property bool pressedOnCard: false
                 onWheel: (wheel) => { wheel.accepted = true }
                 onPressed: (mouse) => {
-                    outsideArea.pressedOnCard = card.contains(outsideArea.mapToItem(card, mouse.x, mouse.y))
+                    outsideArea.pressedOnCard = popupCard.contains(outsideArea.mapToItem(popupCard, mouse.x, mouse.y))
                 }
                 onClicked: {
                     if (popupView.closeOnTapOutside && !outsideArea.pressedOnCard)
@@ -173,14 +190,14 @@ Item {
                 }
                 const moved = Math.hypot(outsideWatch.lastAt.x - outsideWatch.pressedAt.x,
                                          outsideWatch.lastAt.y - outsideWatch.pressedAt.y)
-                const inCard = card.contains(card.mapFromItem(popupLayer, outsideWatch.pressedAt))
+                const inCard = popupCard.contains(popupCard.mapFromItem(popupLayer, outsideWatch.pressedAt))
                 if (moved < Application.styleHints.startDragDistance && !inCard)
                     popupView.dismiss(PopupLayout.TapOutside)
             }
         }
 
         Item {
-            id: card
+            id: popupCard
             objectName: "popupCard"
 
             property real offsetX: 0
@@ -193,8 +210,8 @@ Item {
                 return Math.max(0, 1 - (Math.abs(offsetX) + Math.abs(offsetY)) / whole)
             }
 
-            x: layout.restingX + card.offsetX
-            y: layout.restingY + card.offsetY
+            x: layout.restingX + popupCard.offsetX
+            y: layout.restingY + popupCard.offsetY
             width: layout.popupWidth
             height: layout.popupHeight
 
@@ -231,9 +248,19 @@ Item {
                 anchors.margins: popupView.padding
                 clip: popupView.type === PopupLayout.FullScreen
 
+                // The content fills the card; a size it was given outright
+                // becomes the size it asks for.
                 onChildrenChanged: {
-                    for (let i = 0; i < contentHolder.children.length; ++i)
-                        contentHolder.children[i].anchors.fill = contentHolder
+                    for (let i = 0; i < contentHolder.children.length; ++i) {
+                        const child = contentHolder.children[i]
+                        if (child.anchors.fill === contentHolder)
+                            continue
+                        if (child.implicitWidth <= 0 && child.width > 0)
+                            child.implicitWidth = child.width
+                        if (child.implicitHeight <= 0 && child.height > 0)
+                            child.implicitHeight = child.height
+                        child.anchors.fill = contentHolder
+                    }
                 }
             }
 
@@ -258,8 +285,8 @@ Item {
                         return
                     const t = dragHandler.translation
                     dragHandler.lastTranslation = Qt.point(t.x, t.y)
-                    card.offsetX = layout.dragOffsetX(t.x, t.y)
-                    card.offsetY = layout.dragOffsetY(t.x, t.y)
+                    popupCard.offsetX = layout.dragOffsetX(t.x, t.y)
+                    popupCard.offsetY = layout.dragOffsetY(t.x, t.y)
                 }
                 onActiveChanged: {
                     if (dragHandler.active) {
@@ -284,22 +311,22 @@ Item {
 
     ParallelAnimation {
         id: showAnimation
-        NumberAnimation { target: card; property: "offsetX"; to: 0; duration: 320; easing.type: Easing.OutBack; easing.overshoot: 0.9 }
-        NumberAnimation { target: card; property: "offsetY"; to: 0; duration: 320; easing.type: Easing.OutBack; easing.overshoot: 0.9 }
+        NumberAnimation { target: popupCard; property: "offsetX"; to: 0; duration: 320; easing.type: Easing.OutBack; easing.overshoot: 0.9 }
+        NumberAnimation { target: popupCard; property: "offsetY"; to: 0; duration: 320; easing.type: Easing.OutBack; easing.overshoot: 0.9 }
     }
 
     // Back to rest after a drag that did not go far enough.
     ParallelAnimation {
         id: settleAnimation
-        SpringAnimation { target: card; property: "offsetX"; to: 0; spring: 5; damping: 0.35; epsilon: 0.25 }
-        SpringAnimation { target: card; property: "offsetY"; to: 0; spring: 5; damping: 0.35; epsilon: 0.25 }
+        SpringAnimation { target: popupCard; property: "offsetX"; to: 0; spring: 5; damping: 0.35; epsilon: 0.25 }
+        SpringAnimation { target: popupCard; property: "offsetY"; to: 0; spring: 5; damping: 0.35; epsilon: 0.25 }
     }
 
     SequentialAnimation {
         id: hideAnimation
         ParallelAnimation {
-            NumberAnimation { target: card; property: "offsetX"; to: layout.entryOffsetX; duration: 220; easing.type: Easing.InCubic }
-            NumberAnimation { target: card; property: "offsetY"; to: layout.entryOffsetY; duration: 220; easing.type: Easing.InCubic }
+            NumberAnimation { target: popupCard; property: "offsetX"; to: layout.entryOffsetX; duration: 220; easing.type: Easing.InCubic }
+            NumberAnimation { target: popupCard; property: "offsetY"; to: layout.entryOffsetY; duration: 220; easing.type: Easing.InCubic }
         }
         PropertyAction { target: popupLayer; property: "visible"; value: false }
     }

@@ -24,8 +24,11 @@ Page {
         welcomeView.showMainView = true
     }
 
-    Keys.onLeftPressed: welcomeView.vm.selectedPage = welcomeView.vm.selectedPage - 1
-    Keys.onRightPressed: welcomeView.vm.next()
+    // Right-to-left, the pages run the other way.
+    readonly property real forward: welcomeView.LayoutMirroring.enabled ? -1 : 1
+
+    Keys.onLeftPressed: welcomeView.vm.selectedPage = welcomeView.vm.selectedPage - welcomeView.forward
+    Keys.onRightPressed: welcomeView.vm.selectedPage = welcomeView.vm.selectedPage + welcomeView.forward
 
     readonly property var pages: [
         {
@@ -81,6 +84,14 @@ Page {
                         + (pager.springTo - pager.springFrom) * welcomeView.vm.springProgress(pager.springSeconds)
         }
 
+        property bool picturesWanted: false
+        Timer {
+            running: true
+            interval: 400
+            onTriggered: pager.picturesWanted = true
+        }
+        onPositionChanged: pager.picturesWanted = true
+
         NumberAnimation {
             id: spring
             target: pager
@@ -104,7 +115,7 @@ Page {
                 readonly property var page: welcomeView.pages[pageItem.index]
                 readonly property bool last: pageItem.index === welcomeView.pages.length - 1
                 objectName: "page" + pageItem.index
-                x: (pageItem.index - pager.position) * pager.width
+                x: (pageItem.index - pager.position) * pager.width * welcomeView.forward
                 width: pager.width
                 height: pager.height
                 visible: Math.abs(pageItem.index - pager.position) < 1
@@ -122,9 +133,11 @@ Page {
                         Layout.preferredWidth: Math.min(pageItem.width - 56, 340)
                         Layout.preferredHeight: Math.min(Layout.preferredWidth * 0.85, pageItem.height * 0.42)
                         Layout.bottomMargin: 8
-                        source: pageItem.page.picture
-                        sourceSize.width: 600
-                        asynchronous: true
+                        // The first picture comes with the first frame, the
+                        // others a moment later, off the way of start-up.
+                        source: pageItem.index === 0 || pager.picturesWanted ? pageItem.page.picture : ""
+                        sourceSize.width: Math.ceil(340 * Screen.devicePixelRatio)
+                        asynchronous: pageItem.index !== 0
                         fillMode: Image.PreserveAspectFit
                         Accessible.ignored: true
                     }
@@ -231,7 +244,7 @@ Page {
             onTranslationChanged: {
                 if (!swipe.active || pager.width <= 0)
                     return
-                let p = swipe.startPosition - swipe.translation.x / pager.width
+                let p = swipe.startPosition - welcomeView.forward * swipe.translation.x / pager.width
                 const lastPage = welcomeView.pages.length - 1
                 // Past either end the pages give a little, then stop.
                 if (p < 0)

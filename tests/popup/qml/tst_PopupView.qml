@@ -46,6 +46,52 @@ TestCase {
         }
     }
 
+    Component {
+        id: sizedContentComponent
+        Item {
+            anchors.fill: parent
+            property alias popup: popup
+            PopupView {
+                id: popup
+                padding: 10
+                Rectangle { width: 180; height: 90; color: "wheat" }
+            }
+        }
+    }
+
+    Component {
+        id: editorComponent
+        Item {
+            anchors.fill: parent
+            property alias popup: popup
+            property alias field: field
+            PopupView {
+                id: popup
+                TextField { id: field; objectName: "field"; implicitWidth: 240 }
+            }
+        }
+    }
+
+    Component {
+        id: appWindowComponent
+        ApplicationWindow {
+            width: 360
+            height: 640
+            visible: true
+            property alias popup: popup
+            header: ToolBar { Label { text: "Settings" } }
+            footer: TabBar { TabButton { text: "Dialer" } }
+            Page {
+                anchors.fill: parent
+                PopupView {
+                    id: popup
+                    type: PopupLayout.FullScreen
+                    Rectangle { color: "white" }
+                }
+            }
+        }
+    }
+
     function present(props) {
         const owner = createTemporaryObject(ownerComponent, testCase)
         verify(owner)
@@ -195,8 +241,54 @@ TestCase {
         const body = findChild(owner.popup.card, "body")
         compare(body.width, 400)
         compare(body.height, 800)
+        // A drag is scrolling its content, not a dismissal, unless asked for.
+        verify(!owner.popup.dragToDismiss)
+        drag(200, 300, 0, 400)
+        wait(50)
+        verify(owner.popup.isPresented)
         owner.showing = false
         expectGone(owner, PopupLayout.Binding)
+    }
+
+    function test_contentWithAPlainSizeKeepsIt() {
+        const owner = createTemporaryObject(sizedContentComponent, testCase)
+        owner.popup.isPresented = true
+        const card = owner.popup.card
+        compare(card.width, 200)
+        compare(card.height, 110)
+        compare(owner.popup.contentItem.width, 180)
+        compare(owner.popup.contentItem.height, 90)
+    }
+
+    function test_fromInsideAPageItCoversTheWholeWindow() {
+        const window = createTemporaryObject(appWindowComponent, testCase)
+        verify(window)
+        window.popup.isPresented = true
+        const card = window.popup.card
+        tryCompare(card, "offsetY", 0, 2000)
+        // Over the tool bar and the tab bar too, not only over its page.
+        const topLeft = card.mapToItem(null, 0, 0)
+        compare(topLeft.y, 0)
+        compare(card.height, 640)
+        compare(card.width, 360)
+        // And it follows the window's size.
+        window.width = 420
+        tryCompare(card, "width", 420)
+    }
+
+    function test_controlsInsideKeepTheirTouchesAndKeys() {
+        const owner = createTemporaryObject(editorComponent, testCase)
+        owner.popup.isPresented = true
+        tryCompare(owner.popup.card, "offsetY", 0, 2000)
+        mouseClick(owner.field)
+        verify(owner.field.activeFocus)
+        keyClick(Qt.Key_NumberSign)
+        keyClick(Qt.Key_3)
+        compare(owner.field.text, "#3")
+        // Sideways, along the text, a finger selects rather than drags the popup.
+        mouseDrag(owner.field, 10, 10, 150, 0)
+        verify(owner.popup.isPresented)
+        compare(owner.popup.card.offsetY, 0)
     }
 
     function test_slidesInFromItsEdge() {

@@ -81,8 +81,15 @@ TestCase {
 
     function test_closingEarlyStoresNothingAndTheCountStartsOver() {
         let guide = openGuide()
-        tryCompare(guide, "timeRemaining", 2, 2000)
-        guide.destroy()
+        // Closed right after the third second.
+        let closed = false
+        guide.timeRemainingChanged.connect(() => {
+            if (guide.timeRemaining === 2 && !closed) {
+                closed = true
+                guide.destroy()
+            }
+        })
+        tryVerify(() => closed, 2000)
         wait(10 * testCase.tick)
         verify(!settingsFile.boolValue("isReadUserGuide"))
         compare(guideLines(), [
@@ -93,7 +100,7 @@ TestCase {
 
         guide = openGuide()
         compare(guide.timeRemaining, 5)
-        tryCompare(guide, "timeRemaining", 4, 1000)
+        tryVerify(() => guideLines().length >= 4, 1000)
         compare(guideLines()[3], "## Time to User Guide Read: 4")
     }
 
@@ -109,7 +116,7 @@ TestCase {
         compare(dismissSpy.count, 1)
         // Closing is the presenter's business: the guide is still there and counting.
         verify(guide.visible)
-        tryCompare(guide, "timeRemaining", 3, 1000)
+        tryVerify(() => guide.timeRemaining < 5, 1000)
     }
 
     function test_contentAndTheRealClock() {

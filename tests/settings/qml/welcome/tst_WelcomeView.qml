@@ -77,9 +77,14 @@ TestCase {
         compare(view.vm.selectedPage, 1)
         compare(findChild(view, "pageIndicator").currentIndex, 1)
         // The pages travel rather than jump, and come to rest on page 1.
-        wait(60)
-        verify(pager.position > 0 && pager.position < 1)
+        verify(!pager.settled)
+        verify(pager.position < 1)
+        let between = false
+        const watch = () => { if (pager.position > 0.05 && pager.position < 0.95) between = true }
+        pager.positionChanged.connect(watch)
         settle(view)
+        pager.positionChanged.disconnect(watch)
+        verify(between)
         verify(findChild(view, "page1").visible)
         verify(!findChild(view, "page0").visible)
         mouseClick(findChild(view, "nextButton1"))
@@ -136,5 +141,20 @@ TestCase {
         keyClick(Qt.Key_Left)
         settle(view)
         compare(view.vm.selectedPage, 1)
+    }
+
+    function test_rightToLeftSwipesTheOtherWay() {
+        const view = openWelcome()
+        view.LayoutMirroring.enabled = true
+        view.LayoutMirroring.childrenInherit = true
+        // The next page lies to the left: a finger moving right brings it.
+        swipe(view, 40, 340, 12)
+        settle(view)
+        compare(view.vm.selectedPage, 1)
+        verify(findChild(view, "page1").x === 0)
+        verify(findChild(view, "page2").x < 0)
+        keyClick(Qt.Key_Right)
+        settle(view)
+        compare(view.vm.selectedPage, 0)
     }
 }
