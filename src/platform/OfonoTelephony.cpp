@@ -100,6 +100,11 @@ bool OfonoTelephony::canOpen(const QString &)
 
 void OfonoTelephony::open(const QString &dialString)
 {
+    // A number oFono would refuse fails at once, whatever the modems are doing.
+    if (!isDialableNumber(dialString)) {
+        emit requestFailed(tr("The phone cannot dial %1.").arg(dialString));
+        return;
+    }
     if (m_inventory == Inventory::Reading) {
         // Asked right at start-up (a widget link): go on once the modems are known.
         m_waitingRequest = dialString;
