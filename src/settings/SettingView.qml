@@ -268,6 +268,7 @@ Page {
                     objectName: "prefixField"
                     Layout.fillWidth: true
                     placeholderText: qsTr("Enter your Prefix")
+                    Accessible.name: placeholderText
                     text: settingView.editingPrefixNumber
                     onTextEdited: settingView.editingPrefixNumber = text
                     inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText | Qt.ImhPreferNumbers
