@@ -20,6 +20,8 @@ TestCase {
     Component { id: settingComponent; SettingView { anchors.fill: parent } }
     Component { id: aboutComponent; AboutView { anchors.fill: parent } }
     Component { id: feedbackComponent; SendFeedBackView { anchors.fill: parent } }
+    Component { id: updateAlertComponent; AppUpdateAlert { } }
+    Component { id: confirmationComponent; CallConfirmationDialog { } }
 
     function show(component) {
         const view = createTemporaryObject(component, testCase)
@@ -30,7 +32,7 @@ TestCase {
 
     // The names of the window's usable controls; fails on any without one.
     function names(where) {
-        waitForRendering(testCase)
+        wait(0)
         const controls = screenReader.controls(testCase)
         verify(controls.length > 0, where + ": no controls found")
         const unnamed = controls.filter(c => c.name.length === 0).map(c => c.what)
@@ -154,5 +156,28 @@ TestCase {
         show(feedbackComponent)
         expectNames("feedback", ["Back", "Leave a Feedback", "Suggest a Feature", "Report a Problem",
                                  "Share with Friend"])
+    }
+
+    // The alerts a call or an update check can raise.
+    function test_alerts() {
+        const dialer = show(dialerComponent)
+        const error = findChild(dialer, "dialErrorAlert")
+        error.open()
+        tryCompare(error, "opened", true)
+        expectNames("dialling error", ["OK"])
+        error.close()
+        tryCompare(error, "visible", false)
+
+        const update = createTemporaryObject(updateAlertComponent, testCase, { version: "9.9" })
+        update.open()
+        tryCompare(update, "opened", true)
+        expectNames("update alert", ["Not now", "Update Now"])
+        update.close()
+
+        const confirmation = createTemporaryObject(confirmationComponent, testCase)
+        confirmation.open()
+        tryCompare(confirmation, "opened", true)
+        expectNames("call confirmation", ["Cancel", "Call"])
+        confirmation.close()
     }
 }
