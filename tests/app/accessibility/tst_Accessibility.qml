@@ -69,6 +69,7 @@ TestCase {
         const view = show(contactsComponent)
         view.appeared()
         tryCompare(view.vm.visibleContacts, "count", 2)
+        tryVerify(() => findChild(view, "contactRow1") !== null)
         const direction = view.vm.comparator ? "Sort descending" : "Sort ascending"
         const reversed = view.vm.comparator ? "Sort ascending" : "Sort descending"
         expectNames("contacts", ["Search", "First Name", "Last Name", "Telephone", direction,
@@ -93,6 +94,7 @@ TestCase {
     function test_history() {
         const view = show(historyComponent)
         tryCompare(view.vm.filteredContacts, "count", 2)
+        tryVerify(() => findChild(view, "historyRow_1") !== null)
         expectNames("history", ["Search", "Edit"])
 
         mouseClick(findChild(view, "editButton"))
