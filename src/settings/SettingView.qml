@@ -662,7 +662,8 @@ Page {
         onPresentedChanged: {
             if (presented) {
                 view = sourceComponent.createObject(coverHolder)
-                view.anchors.fill = coverHolder
+                if (view)
+                    view.anchors.fill = coverHolder
                 open()
             } else {
                 if (view)
