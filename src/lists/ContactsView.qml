@@ -97,6 +97,7 @@ Page {
                 objectName: "cancelSearchButton"
                 visible: contactsView.isInputContactsActive
                 text: qsTr("Cancel")
+                font.capitalization: Font.MixedCase
                 flat: true
                 focusPolicy: Qt.NoFocus
                 onClicked: contactsView.cancelSearch()
