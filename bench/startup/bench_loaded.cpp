@@ -8,7 +8,10 @@
 //   bench_loaded                 prepare a temporary home, run, print
 //   bench_loaded --prepare DIR   only write the home into DIR
 //   bench_loaded --home DIR      run on a home written before
-//   bench_loaded --run DIR       one run in this process (e.g. under heaptrack)
+//   bench_loaded --run DIR [STAGE]  one run in this process, perhaps ending
+//                                right after STAGE (idle, contacts, history,
+//                                settings, loaded, after_typing), e.g. under
+//                                heaptrack to see what the stage holds
 //
 // Times are wall-clock from the launch of the child; keystroke costs are also
 // given as CPU time of the main thread, which the machine's other load does
@@ -392,9 +395,20 @@ void click(QQuickWindow *window, QQuickItem *item)
                         Qt::NoModifier, timestamp + 50);
 }
 
+// The run stops at this stage when asked to (for a heap profiler: what is
+// still allocated then is what the stage holds).
+QByteArray stopStage;
+
 void memorySamples(const char *stage)
 {
     sample(QByteArray("rss_") + stage, statusKib("VmRSS:") / 1024.0);
+    sample(QByteArray("rss_anon_") + stage, statusKib("RssAnon:") / 1024.0);
+    sample(QByteArray("rss_file_") + stage, statusKib("RssFile:") / 1024.0);
+    if (stopStage == stage) {
+        std::printf("stopped after %s\n", stage);
+        std::fflush(stdout);
+        std::exit(0);
+    }
 }
 
 // Shows a tab for the first time: click to first frame, in milliseconds.
@@ -554,8 +568,8 @@ int runOnce(int argc, char *argv[], const QString &home)
         fail("no settings screen");
     frames.settle(300);
     memorySamples("settings");
-    sample("rss_loaded", statusKib("VmRSS:") / 1024.0);
     sample("hwm_loaded", statusKib("VmHWM:") / 1024.0);
+    memorySamples("loaded");
 
     // Taps on tabs already shown: contacts sorts again each time it shows.
     for (int round = 0; round < 4; ++round) {
@@ -585,8 +599,8 @@ int runOnce(int argc, char *argv[], const QString &home)
             typeKeys(window, frames, typingRound(), list, searchText);
     }
     frames.settle(100);
-    sample("rss_after_typing", statusKib("VmRSS:") / 1024.0);
     sample("hwm_after_typing", statusKib("VmHWM:") / 1024.0);
+    memorySamples("after_typing");
 #ifdef __GLIBC__
     // How much of the resident memory is freed heap the allocator still holds.
     malloc_trim(0);
@@ -663,8 +677,8 @@ int measure(const QString &home, int runs)
             summary.samples[name].append(value);
         }
     }
-    const auto value = [&summary](const char *name) { return median(summary.samples.value(name, { -1 })); };
-    const auto worst = [&summary](const char *name) {
+    const auto value = [&summary](const QByteArray &name) { return median(summary.samples.value(name, { -1 })); };
+    const auto worst = [&summary](const QByteArray &name) {
         const QList<double> v = summary.samples.value(name, { -1 });
         return *std::max_element(v.begin(), v.end());
     };
@@ -687,8 +701,12 @@ int measure(const QString &home, int runs)
                 value("tab_settings_again_frame_ms"), worst("tab_settings_again_frame_ms"),
                 value("tab_contacts_again_click_ms"), value("tab_history_again_click_ms"),
                 value("tab_settings_again_click_ms"));
-    std::printf("resident memory after each tab: idle %.1f, contacts %.1f, history %.1f, settings %.1f MiB\n",
-                value("rss_idle"), value("rss_contacts"), value("rss_history"), value("rss_settings"));
+    std::printf("resident memory after each step, MiB (anonymous + file-backed):\n");
+    for (const char *stage : { "idle", "contacts", "history", "settings", "after_typing" }) {
+        const QByteArray s(stage);
+        std::printf("  %-13s %6.1f (%.1f + %.1f)\n", stage, value("rss_" + s), value("rss_anon_" + s),
+                    value("rss_file_" + s));
+    }
     std::printf("everything loaded: VmRSS %.1f MiB, VmHWM %.1f MiB (target < 80 MiB); after typing: VmRSS %.1f, "
                 "VmHWM %.1f MiB; after malloc_trim: VmRSS %.1f MiB\n",
                 value("rss_loaded"), value("hwm_loaded"), value("rss_after_typing"), value("hwm_after_typing"),
@@ -720,8 +738,11 @@ int measure(const QString &home, int runs)
 
 int main(int argc, char *argv[])
 {
-    if (argc == 3 && qstrcmp(argv[1], "--run") == 0)
+    if ((argc == 3 || argc == 4) && qstrcmp(argv[1], "--run") == 0) {
+        if (argc == 4)
+            stopStage = argv[3];
         return runOnce(argc, argv, QString::fromLocal8Bit(argv[2]));
+    }
 
     QCoreApplication app(argc, argv);
     const QStringList arguments = app.arguments();
