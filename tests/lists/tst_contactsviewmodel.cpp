@@ -154,6 +154,50 @@ private slots:
         QCOMPARE(second->contactsArray().first().id, firstId + 3);
     }
 
+    // Showing the tab again sorts only when the order would change: the
+    // list keeps its rows (no reset) when key, direction and people are
+    // the same, and follows any change of them.
+    void showingAgainResortsOnlyWhatChanged()
+    {
+        setSort(1, true);
+        writeBook({ { "A", "Zed", { "1" } }, { "B", "Amy", { "2" } }, { "C", "Mia", { "3" } } });
+        auto model = loaded();
+        model->updateContacts();
+        QCOMPARE(firstNames(model->contactsArray()), (QStringList{ "B", "C", "A" }));
+        ContactsListModel *rows = model->visibleContactsModel();
+        QSignalSpy resets(rows, &QAbstractItemModel::modelReset);
+        QSignalSpy changes(model.get(), &ContactsViewModel::contactsArrayChanged);
+        model->updateContacts();
+        model->sortContacts();
+        QCOMPARE(resets.count(), 0);
+        QCOMPARE(changes.count(), 0);
+
+        model->setComparator(false);
+        QCOMPARE(firstNames(model->contactsArray()), (QStringList{ "A", "C", "B" }));
+        QCOMPARE(resets.count(), 1);
+        model->updateContacts();
+        QCOMPARE(resets.count(), 1);
+
+        // Another key from the settings, then back to the first one.
+        setSort(0, false);
+        model->updateContacts();
+        QCOMPARE(firstNames(model->contactsArray()), (QStringList{ "C", "B", "A" }));
+        setSort(1, false);
+        model->updateContacts();
+        QCOMPARE(firstNames(model->contactsArray()), (QStringList{ "A", "C", "B" }));
+        QCOMPARE(resets.count(), 3);
+
+        // People read in after a sort are sorted in on the next showing.
+        setSort(1, true);
+        auto later = std::make_unique<ContactsViewModel>();
+        QSignalSpy done(later.get(), &ContactsViewModel::contactsLoaded);
+        later->updateContacts();
+        QVERIFY(done.wait(5000));
+        QCOMPARE(firstNames(later->contactsArray()), (QStringList{ "A", "B", "C" }));
+        later->updateContacts();
+        QCOMPARE(firstNames(later->contactsArray()), (QStringList{ "B", "C", "A" }));
+    }
+
     void accessIsAskedOncePerModel()
     {
         writeBook({ { "A", "B", { "1" } } });
