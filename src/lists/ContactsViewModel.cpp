@@ -410,7 +410,6 @@ QList<qsizetype> ContactsViewModel::searchAll(const QString &foldedText) const
 
 void ContactsViewModel::refilter()
 {
-    m_visibleContacts->beginReset();
     if (m_searchText.isEmpty()) {
         m_visibleRows.clear();
         m_searchSteps.clear();
@@ -434,7 +433,7 @@ void ContactsViewModel::refilter()
             m_searchSteps.append({ folded, m_visibleRows });
         }
     }
-    m_visibleContacts->endReset();
+    m_visibleContacts->rowsReplaced();
 }
 
 void ContactsViewModel::selectVisibleContact(int row)
