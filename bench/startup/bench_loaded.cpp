@@ -491,6 +491,7 @@ int runOnce(int argc, char *argv[], const QString &home)
     // As the app's main() sets itself up, less the single-instance socket
     // (another Quieton of this user would take the run over) and the store
     // lookup (no network in a benchmark).
+    QuietonApp::limitHeaps();
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("quieton"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Quieton"));

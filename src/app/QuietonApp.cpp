@@ -10,8 +10,19 @@
 #include <QQuickWindow>
 #include <QTimer>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 namespace {
 QuietonApp *theApp = nullptr;
+}
+
+void QuietonApp::limitHeaps()
+{
+#ifdef __GLIBC__
+    mallopt(M_ARENA_MAX, 2);
+#endif
 }
 
 QuietonApp::QuietonApp(QObject *parent)

@@ -22,6 +22,11 @@ class QuietonApp : public QObject
     Q_PROPERTY(bool hasCompletedFirstLaunch READ hasCompletedFirstLaunch NOTIFY hasCompletedFirstLaunchChanged)
 
 public:
+    // Call first in main(): every thread that allocates would otherwise get
+    // a heap of its own, which keeps freed memory long after a burst of
+    // work (reading the address book) is over.
+    static void limitHeaps();
+
     // Leaves out the store lookup of this run (a run that quits at once).
     void skipUpdateCheck() { m_updateCheckWanted = false; }
 

@@ -77,6 +77,7 @@ void reportStartup(QQmlApplicationEngine &engine)
 
 int main(int argc, char *argv[])
 {
+    QuietonApp::limitHeaps();
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("quieton"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Quieton"));

@@ -20,6 +20,8 @@ ItemDelegate {
     rightPadding: 20
     Accessible.role: Accessible.Button
     Accessible.name: row.caption
+    // A plain pressed shade: a ripple keeps an image per visible row.
+    background: Rectangle { color: row.pressed ? "#E5E5EA" : "transparent" }
 
     contentItem: RowLayout {
         spacing: 12

@@ -255,6 +255,8 @@ Page {
                     rightPadding: 16
                     focusPolicy: Qt.NoFocus
                     Accessible.name: (firstName + " " + lastName).trim() + ", " + telephone
+                    // A plain pressed shade: a ripple keeps an image per visible row.
+                    background: Rectangle { color: row.pressed ? "#E5E5EA" : "white" }
 
                     contentItem: ColumnLayout {
                         spacing: 2

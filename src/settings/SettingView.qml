@@ -530,6 +530,8 @@ Page {
         rightPadding: 12
         hoverEnabled: false
         Accessible.name: text
+        // A plain pressed shade: a ripple keeps an image per visible row.
+        background: Rectangle { color: row.pressed ? "#E5E5EA" : "transparent" }
 
         contentItem: RowLayout {
             spacing: 10
