@@ -1,24 +1,15 @@
 // The about and feedback screens in real QML views; the pages they open go
 // to a recording URL opener and shared texts to a recording sharer.
-#include "Platform.h"
+#include "QuickTestSetup.h"
+#include "RecordingSharer.h"
 #include "RecordingUrlOpener.h"
-#include "TestHome.h"
-#include "TextSharer.h"
 
+#include <QGuiApplication>
 #include <QQmlContext>
-#include <QQmlEngine>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
 Q_IMPORT_QML_PLUGIN(QuietonPlugin)
-
-// Remembers what the app offered to share.
-class RecordingSharer : public TextSharer
-{
-public:
-    QStringList shared;
-    void share(const QString &text) override { shared.append(text); }
-};
 
 // What the QML tests see of the opener and the sharer.
 class Desktop : public QObject
@@ -51,27 +42,20 @@ private:
     RecordingSharer *m_sharer;
 };
 
-class Setup : public QObject
+class Setup : public QuickTestSetup
 {
-    Q_OBJECT
     RecordingUrlOpener *m_opener = nullptr;
     RecordingSharer *m_sharer = nullptr;
 
-public slots:
-    void applicationAvailable()
+protected:
+    void prepare() override
     {
-        TestHome::use();
-        auto opener = std::make_unique<RecordingUrlOpener>();
-        m_opener = opener.get();
-        Platform::setUrlOpener(std::move(opener));
-        auto sharer = std::make_unique<RecordingSharer>();
-        m_sharer = sharer.get();
-        Platform::setSharer(std::move(sharer));
+        m_opener = installRecordingUrlOpener();
+        m_sharer = installRecordingSharer();
     }
-    void qmlEngineAvailable(QQmlEngine *engine)
+    void publish(QQmlContext *context) override
     {
-        engine->addImportPath(QStringLiteral("qrc:/"));
-        engine->rootContext()->setContextProperty(QStringLiteral("desktop"), new Desktop(m_opener, m_sharer));
+        context->setContextProperty(QStringLiteral("desktop"), new Desktop(m_opener, m_sharer));
     }
 };
 
