@@ -1,4 +1,5 @@
 #include "QuickTestSetup.h"
+#include "RecordingPlatform.h"
 
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
@@ -10,7 +11,7 @@ class Setup : public QuickTestSetup
 protected:
     void prepare() override
     {
-        installRecordingTelephony();
+        RecordingPlatform::installTelephony();
         markOnboardingDone();
     }
 };

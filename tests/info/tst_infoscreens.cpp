@@ -1,6 +1,7 @@
 // The about and feedback screens in real QML views; the pages they open go
 // to a recording URL opener and shared texts to a recording sharer.
 #include "QuickTestSetup.h"
+#include "RecordingPlatform.h"
 #include "RecordingSharer.h"
 #include "RecordingUrlOpener.h"
 
@@ -50,8 +51,8 @@ class Setup : public QuickTestSetup
 protected:
     void prepare() override
     {
-        m_opener = installRecordingUrlOpener();
-        m_sharer = installRecordingSharer();
+        m_opener = RecordingPlatform::installUrlOpener();
+        m_sharer = RecordingPlatform::installSharer();
     }
     void publish(QQmlContext *context) override
     {

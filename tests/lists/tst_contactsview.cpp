@@ -3,6 +3,7 @@
 // real SQLite file.
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
+#include "RecordingPlatform.h"
 #include "RecordingUrlOpener.h"
 #include "VCardFolderAddressBook.h"
 
@@ -67,8 +68,8 @@ class Setup : public QuickTestSetup
 protected:
     void prepare() override
     {
-        m_telephony = installRecordingTelephony();
-        m_opener = installRecordingUrlOpener();
+        m_telephony = RecordingPlatform::installTelephony();
+        m_opener = RecordingPlatform::installUrlOpener();
         markOnboardingDone();
     }
     void publish(QQmlContext *context) override

@@ -3,6 +3,7 @@
 #include "HistoryCallDataService.h"
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
+#include "RecordingPlatform.h"
 
 #include <QQmlContext>
 #include <QtQml/qqmlextensionplugin.h>
@@ -47,7 +48,7 @@ class Setup : public QuickTestSetup
 protected:
     void prepare() override
     {
-        m_telephony = installRecordingTelephony();
+        m_telephony = RecordingPlatform::installTelephony();
         markOnboardingDone();
     }
     void publish(QQmlContext *context) override

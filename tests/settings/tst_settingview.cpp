@@ -6,6 +6,7 @@
 #include "LoopbackHttpServer.h"
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
+#include "RecordingPlatform.h"
 #include "RecordingSharer.h"
 #include "RecordingUrlOpener.h"
 #include "TestHome.h"
@@ -117,9 +118,9 @@ class Setup : public QuickTestSetup
 protected:
     void prepare() override
     {
-        m_opener = installRecordingUrlOpener();
-        m_sharer = installRecordingSharer();
-        m_telephony = installRecordingTelephony();
+        m_opener = RecordingPlatform::installUrlOpener();
+        m_sharer = RecordingPlatform::installSharer();
+        m_telephony = RecordingPlatform::installTelephony();
         markOnboardingDone();
     }
     void publish(QQmlContext *context) override

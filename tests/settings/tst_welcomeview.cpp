@@ -1,6 +1,7 @@
 // Onboarding in real QML views and in the app's own window, on a fresh
 // settings file.
 #include "QuickTestSetup.h"
+#include "RecordingPlatform.h"
 #include "SettingsFileReader.h"
 
 #include <QQmlContext>
@@ -12,7 +13,7 @@ Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 class Setup : public QuickTestSetup
 {
 protected:
-    void prepare() override { installRecordingTelephony(); }
+    void prepare() override { RecordingPlatform::installTelephony(); }
     void publish(QQmlContext *context) override
     {
         context->setContextProperty(QStringLiteral("settingsFile"), new SettingsFileReader);

@@ -4,14 +4,10 @@
 
 class QQmlContext;
 class QQmlEngine;
-class RecordingSharer;
-class RecordingTelephony;
-class RecordingUrlOpener;
 
 // The setup object of a Qt Quick Test program: the app's folders in a fresh
 // temporary home, the app's QML module importable, then whatever the program
-// adds in prepare() (platform parts to install) and publish() (objects the
-// QML tests reach by name).
+// adds in prepare() (platform parts to install) and publish() (objects the QML tests reach by name).
 class QuickTestSetup : public QObject
 {
     Q_OBJECT
@@ -25,11 +21,6 @@ protected:
     // Runs once the QML engine exists; `context` is its root context.
     virtual void publish(QQmlContext *context) { Q_UNUSED(context) }
 
-    // Installs a recording part as the app's own and returns it; the
-    // platform owns it for the rest of the program.
-    static RecordingTelephony *installRecordingTelephony();
-    static RecordingUrlOpener *installRecordingUrlOpener();
-    static RecordingSharer *installRecordingSharer();
     // Stores that the first-run onboarding is done, so the app opens on its
     // main screen.
     static void markOnboardingDone();

@@ -2,6 +2,7 @@
 // and reports calls, with the history in a real SQLite file.
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
+#include "RecordingPlatform.h"
 
 #include <QQmlContext>
 #include <QtQml/qqmlextensionplugin.h>
@@ -16,7 +17,7 @@ class Setup : public QuickTestSetup
 protected:
     void prepare() override
     {
-        m_telephony = installRecordingTelephony();
+        m_telephony = RecordingPlatform::installTelephony();
         markOnboardingDone();
     }
     void publish(QQmlContext *context) override
