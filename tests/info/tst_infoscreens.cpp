@@ -19,13 +19,7 @@ class Desktop : public QObject
 public:
     Desktop(RecordingUrlOpener *opener, RecordingSharer *sharer) : m_opener(opener), m_sharer(sharer) { }
 
-    Q_INVOKABLE QStringList opened() const
-    {
-        QStringList addresses;
-        for (const QUrl &url : m_opener->opened)
-            addresses.append(url.toString());
-        return addresses;
-    }
+    Q_INVOKABLE QStringList opened() const { return m_opener->addresses(); }
     Q_INVOKABLE QStringList shared() const { return m_sharer->shared; }
     Q_INVOKABLE void clear()
     {

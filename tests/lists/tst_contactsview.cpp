@@ -51,10 +51,7 @@ public:
         QFile file(folder);
         file.open(QIODevice::WriteOnly);
     }
-    Q_INVOKABLE QString openedUrl() const
-    {
-        return m_opener->opened.isEmpty() ? QString() : m_opener->opened.last().toString();
-    }
+    Q_INVOKABLE QString openedUrl() const { return m_opener->addresses().value(m_opener->opened.size() - 1); }
 
 private:
     RecordingUrlOpener *m_opener;

@@ -42,13 +42,7 @@ public:
     }
     // The number of call records in the history file, read afresh.
     Q_INVOKABLE int storedCalls() const { return int(storedRows().size()); }
-    Q_INVOKABLE QVariantList openedUrls() const
-    {
-        QVariantList urls;
-        for (const QUrl &url : m_opener->opened)
-            urls.append(url.toString());
-        return urls;
-    }
+    Q_INVOKABLE QStringList openedUrls() const { return m_opener->addresses(); }
     Q_INVOKABLE int systemSettingsOpened() const { return m_opener->systemSettingsOpened; }
     Q_INVOKABLE int sharedCount() const { return int(m_sharer->shared.size()); }
     // The last dial string the telephony was asked to call.
