@@ -54,6 +54,7 @@ Dialog {
         Button {
             objectName: "cancelButton"
             text: qsTr("Cancel")
+            font.capitalization: Font.MixedCase
             flat: true
             Accessible.name: qsTr("Cancel")
             Accessible.description: qsTr("Do not place the call")
@@ -63,6 +64,7 @@ Dialog {
         Button {
             objectName: "callButton"
             text: qsTr("Call")
+            font.capitalization: Font.MixedCase
             icon.source: "qrc:/Quieton/icons/phone.svg"
             highlighted: true
             Layout.rightMargin: 16

@@ -28,10 +28,10 @@ Page {
         anchors.fill: parent
         currentIndex: mainView.vm.selectedTab
 
-        TabPage { index: 0; component: Component { DialerView { } } }
-        TabPage { index: 1; component: Component { ContactsView { } } }
-        TabPage { index: 2; component: Component { HistoryView { } } }
-        TabPage { index: 3; component: Component { SettingView { } } }
+        TabPage { current: tabs.currentIndex === 0; component: Component { DialerView { } } }
+        TabPage { current: tabs.currentIndex === 1; component: Component { ContactsView { } } }
+        TabPage { current: tabs.currentIndex === 2; component: Component { HistoryView { } } }
+        TabPage { current: tabs.currentIndex === 3; component: Component { SettingView { } } }
     }
 
     footer: TabBar {
@@ -41,21 +41,25 @@ Page {
 
         TabButton {
             text: qsTr("Dialer")
+            font.capitalization: Font.MixedCase
             icon.source: "qrc:/Quieton/icons/phone.svg"
             display: AbstractButton.TextUnderIcon
         }
         TabButton {
             text: qsTr("Contacts")
+            font.capitalization: Font.MixedCase
             icon.source: "qrc:/Quieton/icons/person.crop.square.svg"
             display: AbstractButton.TextUnderIcon
         }
         TabButton {
             text: qsTr("History")
+            font.capitalization: Font.MixedCase
             icon.source: "qrc:/Quieton/icons/list.bullet.svg"
             display: AbstractButton.TextUnderIcon
         }
         TabButton {
             text: qsTr("Settings")
+            font.capitalization: Font.MixedCase
             icon.source: "qrc:/Quieton/icons/gear.circle.svg"
             display: AbstractButton.TextUnderIcon
         }
@@ -64,9 +68,10 @@ Page {
     // One tab: its screen is created on first show and told each time it
     // appears (screens define appeared() when they need to know).
     component TabPage: Loader {
-        required property int index
+        required property bool current
         required property Component component
-        readonly property bool current: parent !== null && parent.currentIndex === index
+        // Any of the screens; only some of them define appeared().
+        readonly property var screen: item
 
         active: current || status === Loader.Ready
         sourceComponent: component
@@ -74,8 +79,8 @@ Page {
         onLoaded: notifyAppeared()
 
         function notifyAppeared() {
-            if (current && item && typeof item.appeared === "function")
-                item.appeared()
+            if (current && screen && typeof screen.appeared === "function")
+                screen.appeared()
         }
     }
 }

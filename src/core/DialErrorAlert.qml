@@ -25,8 +25,9 @@ Dialog {
     footer: DialogButtonBox {
         Button {
             text: qsTr("OK")
+            font.capitalization: Font.MixedCase
             flat: true
-            DialogButtonBox.buttonRole: DialogButtonBox.AcceptRole
+            onClicked: alert.accept()
         }
     }
 

@@ -34,6 +34,7 @@ Dialog {
         Button {
             objectName: "notNowButton"
             text: qsTr("Not now")
+            font.capitalization: Font.MixedCase
             flat: true
             visible: !alert.force
             onClicked: alert.close()
@@ -41,6 +42,7 @@ Dialog {
         Button {
             objectName: "updateNowButton"
             text: qsTr("Update Now")
+            font.capitalization: Font.MixedCase
             flat: true
             onClicked: {
                 UpdateAlertPresenter.openAppURL(alert.appURL)

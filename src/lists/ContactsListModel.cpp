@@ -2,6 +2,8 @@
 
 #include "ContactsViewModel.h"
 
+#include <algorithm>
+
 ContactsListModel::ContactsListModel(const ContactsViewModel *contacts, QObject *parent)
     : QAbstractListModel(parent), m_contacts(contacts)
 {
@@ -9,7 +11,7 @@ ContactsListModel::ContactsListModel(const ContactsViewModel *contacts, QObject 
 
 int ContactsListModel::count() const
 {
-    return int(m_contacts->visibleCount());
+    return m_count;
 }
 
 int ContactsListModel::rowCount(const QModelIndex &parent) const
@@ -19,7 +21,7 @@ int ContactsListModel::rowCount(const QModelIndex &parent) const
 
 QVariant ContactsListModel::data(const QModelIndex &index, int role) const
 {
-    if (!index.isValid() || index.row() >= count())
+    if (!index.isValid() || index.row() >= count() || index.row() >= m_contacts->visibleCount())
         return {};
     const FetchedContact &contact = m_contacts->visibleContactAt(index.row());
     switch (role) {
@@ -49,17 +51,39 @@ void ContactsListModel::beginReset() { beginResetModel(); }
 
 void ContactsListModel::endReset()
 {
+    m_count = int(m_contacts->visibleCount());
     endResetModel();
     emit countChanged();
 }
 
 void ContactsListModel::beginAppend(int added)
 {
-    beginInsertRows(QModelIndex(), count(), count() + added - 1);
+    beginInsertRows(QModelIndex(), m_count, m_count + added - 1);
 }
 
 void ContactsListModel::endAppend()
 {
+    m_count = int(m_contacts->visibleCount());
     endInsertRows();
     emit countChanged();
+}
+
+void ContactsListModel::rowsReplaced()
+{
+    const int oldCount = m_count;
+    const int newCount = int(m_contacts->visibleCount());
+    if (newCount < oldCount) {
+        beginRemoveRows(QModelIndex(), newCount, oldCount - 1);
+        m_count = newCount;
+        endRemoveRows();
+    } else if (newCount > oldCount) {
+        beginInsertRows(QModelIndex(), oldCount, newCount - 1);
+        m_count = newCount;
+        endInsertRows();
+    }
+    const int kept = std::min(oldCount, newCount);
+    if (kept > 0)
+        emit dataChanged(index(0), index(kept - 1));
+    if (oldCount != newCount)
+        emit countChanged();
 }

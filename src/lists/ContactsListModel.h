@@ -36,10 +36,16 @@ public:
     void endReset();
     void beginAppend(int count);
     void endAppend();
+    // Told after the contacts model chose other visible rows (a search):
+    // the rows on screen change in place and only the difference in count
+    // is removed or added, so a view keeps its delegates instead of
+    // building them all again.
+    void rowsReplaced();
 
 signals:
     void countChanged();
 
 private:
     const ContactsViewModel *m_contacts;
+    int m_count = 0; // the rows as announced to views
 };

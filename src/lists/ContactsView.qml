@@ -97,6 +97,7 @@ Page {
                 objectName: "cancelSearchButton"
                 visible: contactsView.isInputContactsActive
                 text: qsTr("Cancel")
+                font.capitalization: Font.MixedCase
                 flat: true
                 focusPolicy: Qt.NoFocus
                 onClicked: contactsView.cancelSearch()
@@ -228,12 +229,18 @@ Page {
                 id: list
                 objectName: "contactsList"
                 anchors.fill: parent
-                visible: !contactsView.vm.accessDenied && count > 0
+                visible: !contactsView.vm.accessDenied && contactsView.vm.visibleContacts.count > 0
                 clip: true
                 reuseItems: true
                 boundsBehavior: Flickable.StopAtBounds
                 model: contactsView.vm.visibleContacts
                 ScrollIndicator.vertical: ScrollIndicator { }
+
+                Connections {
+                    target: contactsView.vm
+                    // A new search shows its first matches.
+                    function onSearchTextChanged() { list.positionViewAtBeginning() }
+                }
 
                 delegate: ItemDelegate {
                     id: row

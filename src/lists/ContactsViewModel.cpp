@@ -233,6 +233,7 @@ void ContactsViewModel::append(Batch &&batch)
     const qsizetype added = batch.people.size();
     if (added == 0)
         return;
+    m_sortedField = -1;
     const bool searching = !m_searchText.isEmpty();
     if (!searching)
         m_visibleContacts->beginAppend(int(added));
@@ -295,6 +296,8 @@ void ContactsViewModel::sortContacts()
     const qint64 field = m_sortIndexSelected;
     if (field < 0 || field > 2 || m_contactsArray.size() < 2)
         return;
+    if (m_sortedField == field && m_sortedAscending == m_comparator)
+        return;
     const auto key = [this, field](qsizetype i) -> const QString & {
         const Keys &keys = m_keys[i];
         return field == 0 ? keys.firstName : field == 1 ? keys.lastName : keys.telephone;
@@ -349,6 +352,8 @@ void ContactsViewModel::sortContacts()
         m_visibleRows = searchAll(folded);
         m_searchSteps.append({ folded, m_visibleRows });
     }
+    m_sortedField = field;
+    m_sortedAscending = m_comparator;
     m_visibleContacts->endReset();
     emit contactsArrayChanged();
 }
@@ -405,7 +410,6 @@ QList<qsizetype> ContactsViewModel::searchAll(const QString &foldedText) const
 
 void ContactsViewModel::refilter()
 {
-    m_visibleContacts->beginReset();
     if (m_searchText.isEmpty()) {
         m_visibleRows.clear();
         m_searchSteps.clear();
@@ -429,7 +433,7 @@ void ContactsViewModel::refilter()
             m_searchSteps.append({ folded, m_visibleRows });
         }
     }
-    m_visibleContacts->endReset();
+    m_visibleContacts->rowsReplaced();
 }
 
 void ContactsViewModel::selectVisibleContact(int row)

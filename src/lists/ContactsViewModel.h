@@ -135,6 +135,13 @@ private:
     QList<FetchedContact> m_contactsArray;
     std::optional<FetchedContact> m_selectedContact;
 
+    // The order the list is in: the key and direction of the last sort,
+    // or -1 while it is in another order (people added since). A sort is
+    // stable, so sorting again by the same key and direction changes
+    // nothing: showing the tab again then leaves the list as it is.
+    qint64 m_sortedField = -1;
+    bool m_sortedAscending = false;
+
     QList<Keys> m_keys; // beside m_contactsArray, index for index
     // Every contact's three fields, case-folded, one after the other in list
     // order, so that a search is one sweep through one block of memory.

@@ -216,6 +216,12 @@ Item {
             height: layout.popupHeight
 
             Accessible.role: popupView.type === PopupLayout.Toast ? Accessible.AlertMessage : Accessible.Dialog
+            // A popup that goes away when tapped says so to screen readers.
+            Accessible.name: popupView.closeOnTap ? qsTr("Dismiss") : ""
+            Accessible.onPressAction: {
+                if (popupView.closeOnTap)
+                    popupView.dismiss(PopupLayout.TapInside)
+            }
 
             // A soft shadow under floating popups and toasts.
             Repeater {

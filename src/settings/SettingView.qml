@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Controls.impl
@@ -166,6 +167,7 @@ Page {
                         objectName: "updateNowButton"
                         visible: settingView.checkNewVersionService.isNeedUpdate
                         text: qsTr("Update Now")
+                        font.capitalization: Font.MixedCase
                         flat: true
                         Material.foreground: settingView.tint
                         onClicked: settingView.updateNow()
@@ -268,6 +270,7 @@ Page {
                     objectName: "prefixField"
                     Layout.fillWidth: true
                     placeholderText: qsTr("Enter your Prefix")
+                    Accessible.name: placeholderText
                     text: settingView.editingPrefixNumber
                     onTextEdited: settingView.editingPrefixNumber = text
                     inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText | Qt.ImhPreferNumbers
@@ -294,6 +297,7 @@ Page {
                     Button {
                         objectName: "prefixOkButton"
                         text: qsTr("OK")
+                        font.capitalization: Font.MixedCase
                         highlighted: true
                         Layout.fillWidth: true
                         onClicked: settingView.saveManualPrefix()
@@ -301,6 +305,7 @@ Page {
                     Button {
                         objectName: "prefixCancelButton"
                         text: qsTr("Cancel")
+                        font.capitalization: Font.MixedCase
                         Layout.fillWidth: true
                         onClicked: {
                             settingView.showingPrefixEditManually = !settingView.showingPrefixEditManually
@@ -355,6 +360,7 @@ Page {
             Button {
                 objectName: "countryCancelButton"
                 text: qsTr("Cancel")
+                font.capitalization: Font.MixedCase
                 flat: true
                 onClicked: countryDialog.close()
             }
@@ -393,6 +399,7 @@ Page {
             Button {
                 objectName: "choiceCancelButton"
                 text: qsTr("Cancel")
+                font.capitalization: Font.MixedCase
                 flat: true
                 font.bold: true
                 onClicked: choiceDialog.close()
@@ -410,6 +417,7 @@ Page {
             Button {
                 objectName: "resetCancelButton"
                 text: qsTr("Cancel")
+                font.capitalization: Font.MixedCase
                 flat: true
                 font.bold: true
                 onClicked: resetDialog.close()
@@ -417,6 +425,7 @@ Page {
             Button {
                 objectName: "resetConfirmButton"
                 text: qsTr("Reset")
+                font.capitalization: Font.MixedCase
                 flat: true
                 Material.foreground: settingView.destructive
                 onClicked: {
@@ -437,6 +446,7 @@ Page {
             Button {
                 objectName: "clearAllCancelButton"
                 text: qsTr("Cancel")
+                font.capitalization: Font.MixedCase
                 flat: true
                 font.bold: true
                 onClicked: clearAllDialog.close()
@@ -444,6 +454,7 @@ Page {
             Button {
                 objectName: "clearAllConfirmButton"
                 text: qsTr("Clear All")
+                font.capitalization: Font.MixedCase
                 flat: true
                 Material.foreground: settingView.destructive
                 onClicked: {
@@ -634,8 +645,10 @@ Page {
     component Cover: Popup {
         id: cover
         property bool presented: false
-        property alias sourceComponent: coverLoader.sourceComponent
-        readonly property var view: coverLoader.item
+        // Made in the screen's own context (the screen's components are
+        // bound to it), so created here rather than through a Loader.
+        property Component sourceComponent
+        property var view: null
         signal dismiss()
 
         parent: Overlay.overlay
@@ -646,7 +659,19 @@ Page {
         padding: 0
         modal: true
         closePolicy: Popup.CloseOnEscape
-        onPresentedChanged: presented ? open() : close()
+        onPresentedChanged: {
+            if (presented) {
+                view = sourceComponent.createObject(coverHolder)
+                if (view)
+                    view.anchors.fill = coverHolder
+                open()
+            } else {
+                if (view)
+                    view.destroy()
+                view = null
+                close()
+            }
+        }
         onClosed: dismiss()
         background: Rectangle { color: "white" }
 
@@ -665,15 +690,14 @@ Page {
                     onClicked: cover.close()
                 }
             }
-            Loader {
-                id: coverLoader
+            Item {
+                id: coverHolder
                 Layout.fillWidth: true
                 Layout.fillHeight: true
-                active: cover.presented
             }
         }
         Connections {
-            target: coverLoader.item
+            target: cover.view
             ignoreUnknownSignals: true
             function onDismissRequested() { cover.close() }
         }

@@ -201,6 +201,7 @@ Page {
                         text: pageItem.last ? qsTr("Get Started") : qsTr("Next")
                         font.pixelSize: 17
                         font.bold: true
+                        font.capitalization: Font.MixedCase
                         background: Rectangle {
                             radius: height / 2
                             color: pageButton.down ? Qt.darker(welcomeView.accent, 1.25) : welcomeView.accent

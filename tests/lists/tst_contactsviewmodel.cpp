@@ -15,6 +15,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QAbstractItemModelTester>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -151,6 +152,50 @@ private slots:
         QCOMPARE(second->contactsArray().first().id, firstId + 3);
     }
 
+    // Showing the tab again sorts only when the order would change: the
+    // list keeps its rows (no reset) when key, direction and people are
+    // the same, and follows any change of them.
+    void showingAgainResortsOnlyWhatChanged()
+    {
+        setSort(1, true);
+        writeBook({ { "A", "Zed", { "1" } }, { "B", "Amy", { "2" } }, { "C", "Mia", { "3" } } });
+        auto model = loaded();
+        model->updateContacts();
+        QCOMPARE(firstNames(model->contactsArray()), (QStringList{ "B", "C", "A" }));
+        ContactsListModel *rows = model->visibleContactsModel();
+        QSignalSpy resets(rows, &QAbstractItemModel::modelReset);
+        QSignalSpy changes(model.get(), &ContactsViewModel::contactsArrayChanged);
+        model->updateContacts();
+        model->sortContacts();
+        QCOMPARE(resets.count(), 0);
+        QCOMPARE(changes.count(), 0);
+
+        model->setComparator(false);
+        QCOMPARE(firstNames(model->contactsArray()), (QStringList{ "A", "C", "B" }));
+        QCOMPARE(resets.count(), 1);
+        model->updateContacts();
+        QCOMPARE(resets.count(), 1);
+
+        // Another key from the settings, then back to the first one.
+        setSort(0, false);
+        model->updateContacts();
+        QCOMPARE(firstNames(model->contactsArray()), (QStringList{ "C", "B", "A" }));
+        setSort(1, false);
+        model->updateContacts();
+        QCOMPARE(firstNames(model->contactsArray()), (QStringList{ "A", "C", "B" }));
+        QCOMPARE(resets.count(), 3);
+
+        // People read in after a sort are sorted in on the next showing.
+        setSort(1, true);
+        auto later = std::make_unique<ContactsViewModel>();
+        QSignalSpy done(later.get(), &ContactsViewModel::contactsLoaded);
+        later->updateContacts();
+        QVERIFY(done.wait(5000));
+        QCOMPARE(firstNames(later->contactsArray()), (QStringList{ "A", "B", "C" }));
+        later->updateContacts();
+        QCOMPARE(firstNames(later->contactsArray()), (QStringList{ "B", "C", "A" }));
+    }
+
     void accessIsAskedOncePerModel()
     {
         writeBook({ { "A", "B", { "1" } } });
@@ -269,7 +314,11 @@ private slots:
         setSort(3, true);
         auto model = loaded();
         ContactsListModel *rows = model->visibleContactsModel();
+        // Every change the list announces is checked against what it then
+        // reports; a search changes rows in place and never resets them.
+        QAbstractItemModelTester tester(rows, QAbstractItemModelTester::FailureReportingMode::QtTest);
         QSignalSpy resets(rows, &QAbstractItemModel::modelReset);
+        QSignalSpy changed(rows, &QAbstractItemModel::dataChanged);
 
         model->setSearchText(QStringLiteral("ann"));
         QCOMPARE(firstNames(model->visibleContacts()), (QStringList{ "Anna", "Bob" }));
@@ -288,7 +337,10 @@ private slots:
         model->setSearchText(QString());
         QCOMPARE(rows->count(), 5);
         QCOMPARE(model->visibleContacts(), model->contactsArray());
-        QCOMPARE(resets.count(), 7);
+        QCOMPARE(rows->data(rows->index(4), ContactsListModel::FirstNameRole).toString(), QStringLiteral("ÅNNE"));
+        QCOMPARE(rows->data(rows->index(5), ContactsListModel::FirstNameRole), QVariant());
+        QCOMPARE(resets.count(), 0);
+        QCOMPARE(changed.count(), 5); // every search that kept rows on screen
     }
 
     // Typing on narrows what the shorter text found; deleting letters and

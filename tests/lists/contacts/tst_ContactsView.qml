@@ -138,6 +138,15 @@ TestCase {
         waitForItemPolished(list)
         verify(findChild(list, "contactRow2999") !== null)
         verify(built() < 40, "rows built after scrolling: " + built())
+
+        // A search from far down the list shows its first matches.
+        mouseClick(findChild(view, "searchField"))
+        keyClick("9")
+        waitForItemPolished(list)
+        compare(view.vm.searchText, "9")
+        verify(list.atYBeginning)
+        compare(findChild(list, "contactRow0").firstName, "Person9")
+        verify(built() < 40, "rows built after a search: " + built())
     }
 
     function test_emptyBook() {

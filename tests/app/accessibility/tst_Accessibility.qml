@@ -1,0 +1,185 @@
+import QtQuick
+import QtQuick.Controls
+import QtTest
+import Quieton
+
+// Every control a person can press or type into, on every screen and in the
+// dialogs those screens open, tells a screen reader what it is.
+TestCase {
+    id: testCase
+    name: "Accessibility"
+    width: 400
+    height: 800
+    when: windowShown
+    visible: true
+
+    Component { id: mainViewComponent; MainView { anchors.fill: parent } }
+    Component { id: dialerComponent; DialerView { anchors.fill: parent } }
+    Component { id: contactsComponent; ContactsView { anchors.fill: parent } }
+    Component { id: historyComponent; HistoryView { anchors.fill: parent } }
+    Component { id: settingComponent; SettingView { anchors.fill: parent } }
+    Component { id: aboutComponent; AboutView { anchors.fill: parent } }
+    Component { id: feedbackComponent; SendFeedBackView { anchors.fill: parent } }
+    Component { id: updateAlertComponent; AppUpdateAlert { } }
+    Component { id: confirmationComponent; CallConfirmationDialog { } }
+
+    function show(component) {
+        const view = createTemporaryObject(component, testCase)
+        verify(view)
+        waitForRendering(view)
+        return view
+    }
+
+    // The names of the window's usable controls; fails on any without one.
+    function names(where) {
+        wait(0)
+        const controls = screenReader.controls(testCase)
+        verify(controls.length > 0, where + ": no controls found")
+        const unnamed = controls.filter(c => c.name.length === 0).map(c => c.what)
+        compare(unnamed, [], where + ": controls without an accessible name")
+        return controls.map(c => c.name)
+    }
+
+    function expectNames(where, expected) {
+        const spoken = names(where)
+        for (const name of expected)
+            verify(spoken.indexOf(name) >= 0, where + ": no control named \"" + name + "\" in " + JSON.stringify(spoken))
+    }
+
+    function test_mainViewTabs() {
+        const view = show(mainViewComponent)
+        const bar = view.footer
+        const screens = ["Dialer", "Contacts", "History", "Settings"]
+        for (let i = 0; i < 4; ++i) {
+            mouseClick(bar.itemAt(i))
+            tryCompare(view.vm, "selectedTab", i)
+            expectNames("tab " + screens[i], screens)
+        }
+    }
+
+    function test_dialer() {
+        const view = show(dialerComponent)
+        expectNames("empty dialler", ["1", "0", "asterisk", "pound", "Delete", "Hidden Number", "Save to History"])
+        mouseClick(findChild(view, "key5"))
+        compare(view.vm.numberPhoneTyping, "5")
+        expectNames("dialler with a number", ["Delete", "Call"])
+    }
+
+    function test_contacts() {
+        const view = show(contactsComponent)
+        view.appeared()
+        tryCompare(view.vm.visibleContacts, "count", 2)
+        tryVerify(() => findChild(view, "contactRow1") !== null)
+        const direction = view.vm.comparator ? "Sort descending" : "Sort ascending"
+        const reversed = view.vm.comparator ? "Sort ascending" : "Sort descending"
+        expectNames("contacts", ["Search", "First Name", "Last Name", "Telephone", direction,
+                                 "Anna Smith, 0601", ", 0602"])
+
+        mouseClick(findChild(view, "searchField"))
+        verify(view.isInputContactsActive)
+        expectNames("contacts while searching", ["Cancel"])
+        view.cancelSearch()
+
+        mouseClick(findChild(view, "sortDirectionButton"))
+        expectNames("contacts sorted the other way", [reversed])
+
+        mouseClick(findChild(view, "contactRow0"))
+        const dialog = findChild(view, "callPrivacyDialog")
+        tryCompare(dialog, "opened", true)
+        expectNames("call privacy question", ["Private dialing", "Normal Dialing", "Cancel"])
+        dialog.reject()
+        tryCompare(dialog, "visible", false)
+    }
+
+    function test_history() {
+        const view = show(historyComponent)
+        tryCompare(view.vm.filteredContacts, "count", 2)
+        tryVerify(() => findChild(view, "historyRow_1") !== null)
+        expectNames("history", ["Search", "Edit"])
+
+        mouseClick(findChild(view, "editButton"))
+        verify(view.editMode)
+        const spoken = names("history in edit mode")
+        verify(spoken.indexOf("Done") >= 0)
+        verify(spoken.filter(n => n.startsWith("Delete ")).length === 2, JSON.stringify(spoken))
+        mouseClick(findChild(view, "editButton"))
+
+        view.tapRow(0)
+        const dialog = findChild(view, "callPrivacyDialog")
+        tryCompare(dialog, "opened", true)
+        expectNames("history call privacy question", ["Private dialing", "Normal Dialing", "Cancel"])
+        dialog.reject()
+        tryCompare(dialog, "visible", false)
+    }
+
+    function test_settings() {
+        const view = show(settingComponent)
+        expectNames("settings", ["Edit Manually", "Edit by country", "Auto Hide My Number", "Auto Save To History",
+                                 "First Name", "Last Name", "Telephone", "User Guide for Quieton",
+                                 "Share with Friends", "Send Feedback", "Change Language", "About",
+                                 "Reset Settings", "Clear All (Include history calls)"])
+
+        const dialogs = [["showingPrefixByCountry", "countryDialog", ["Cancel"]],
+                         ["showingIsResetSetting", "resetDialog", ["Cancel", "Reset"]],
+                         ["showingIsClearAll", "clearAllDialog", ["Cancel", "Clear All"]]]
+        for (const [flag, name, captions] of dialogs) {
+            view[flag] = true
+            const dialog = findChild(view, name)
+            tryCompare(dialog, "opened", true)
+            expectNames(name, captions)
+            view[flag] = false
+            tryCompare(dialog, "visible", false)
+        }
+
+        view.showingPrefixEditManually = true
+        tryVerify(() => findChild(view, "prefixField").visible)
+        expectNames("prefix editor", ["OK", "Cancel"])
+        view.showingPrefixEditManually = false
+
+        const covers = [["isAboutPresented", "aboutCover", ["Back", "Privacy", "Terms Of Use"]],
+                        ["isSendFeedBackPresented", "feedbackCover",
+                         ["Back", "Leave a Feedback", "Suggest a Feature", "Report a Problem", "Share with Friend"]]]
+        for (const [flag, name, captions] of covers) {
+            view[flag] = true
+            const cover = findChild(view, name)
+            tryCompare(cover, "opened", true)
+            expectNames(name, captions)
+            view[flag] = false
+            tryCompare(cover, "visible", false)
+        }
+    }
+
+    function test_about() {
+        show(aboutComponent)
+        expectNames("about", ["Back", "Privacy", "Terms Of Use"])
+    }
+
+    function test_feedback() {
+        show(feedbackComponent)
+        expectNames("feedback", ["Back", "Leave a Feedback", "Suggest a Feature", "Report a Problem",
+                                 "Share with Friend"])
+    }
+
+    // The alerts a call or an update check can raise.
+    function test_alerts() {
+        const dialer = show(dialerComponent)
+        const error = findChild(dialer, "dialErrorAlert")
+        error.open()
+        tryCompare(error, "opened", true)
+        expectNames("dialling error", ["OK"])
+        error.close()
+        tryCompare(error, "visible", false)
+
+        const update = createTemporaryObject(updateAlertComponent, testCase, { version: "9.9" })
+        update.open()
+        tryCompare(update, "opened", true)
+        expectNames("update alert", ["Not now", "Update Now"])
+        update.close()
+
+        const confirmation = createTemporaryObject(confirmationComponent, testCase)
+        confirmation.open()
+        tryCompare(confirmation, "opened", true)
+        expectNames("call confirmation", ["Cancel", "Call"])
+        confirmation.close()
+    }
+}
