@@ -2,89 +2,34 @@
 // record (save and publish included), opening and publishing the file, and
 // serving rows of the list model. Prints medians; the targets are in the output.
 #include "HistoryCallDataService.h"
+#include "HistoryFile.h"
 #include "HistoryListModel.h"
+#include "Output.h"
+#include "ProcessInfo.h"
+#include "Statistics.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QFile>
-#include <QProcess>
 #include <QRandomGenerator>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QTemporaryDir>
-#include <QTextStream>
 
-#include <algorithm>
+using namespace bench;
 
 namespace {
 
 constexpr int recordCount = 100000;
 
-double median(QList<double> values)
-{
-    std::sort(values.begin(), values.end());
-    const qsizetype n = values.size();
-    return n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
-}
-
-QTextStream &out()
-{
-    static QTextStream stream(stdout);
-    return stream;
-}
-
-// Fills a new history file with `count` records in one transaction.
-void populate(const QString &path, int count)
-{
-    { HistoryCallDataService schema(path); }
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("populate"));
-        db.setDatabaseName(path);
-        db.open();
-        db.transaction();
-        QSqlQuery insert(db);
-        insert.prepare(QStringLiteral(
-            "INSERT INTO HistoryData (firstName, lastName, telephone, time, callHidden) VALUES (?, ?, ?, ?, ?)"));
-        const QDateTime start(QDate(2023, 1, 1), QTime(8, 0));
-        for (int i = 0; i < count; ++i) {
-            const bool named = i % 3 != 0;
-            insert.bindValue(0, named ? QStringLiteral("First%1").arg(i % 500) : QString(QLatin1StringView("")));
-            insert.bindValue(1, named ? QStringLiteral("Last%1").arg(i % 700) : QString(QLatin1StringView("")));
-            insert.bindValue(2, QStringLiteral("06%1").arg(10000000 + i));
-            insert.bindValue(3, HistoryCallDataService::timeText(start.addSecs(qint64(i) * 317)));
-            insert.bindValue(4, i % 2);
-            insert.exec();
-        }
-        insert.finish();
-        db.commit();
-        db.close();
-    }
-    QSqlDatabase::removeDatabase(QStringLiteral("populate"));
-}
-
-qint64 statusKb(const char *field)
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return -1;
-    for (const QByteArray &line : status.readAll().split('\n')) {
-        if (line.startsWith(field))
-            return line.mid(qstrlen(field)).trimmed().split(' ').value(0).toLongLong();
-    }
-    return -1;
-}
-
 // Run in a process of its own: the peak memory of an app-like process that
 // opens the file and shows it in a list model.
 int measureMemory(const QString &path)
 {
-    const qint64 before = statusKb("VmHWM:");
+    const qint64 before = peakMemoryKb();
     HistoryCallDataService store(path);
     HistoryListModel model(&store);
     for (int row = 0; row < model.rowCount(); row += 97)
         model.data(model.index(row), HistoryListModel::TelephoneRole);
-    const qint64 after = statusKb("VmHWM:");
+    const qint64 after = peakMemoryKb();
     out() << "peak memory (VmHWM) with " << store.savedEntities().size() << " records: " << after
           << " kB; before opening the store: " << before << " kB; the store's share: " << (after - before)
           << " kB" << Qt::endl;
@@ -103,7 +48,13 @@ int main(int argc, char **argv)
     const QString path = dir.filePath(QStringLiteral("CallHistoryData.sqlite"));
     QElapsedTimer timer;
     timer.start();
-    populate(path, recordCount);
+    // A third dialled on the keypad (no names); every number its own.
+    populateHistory(path, recordCount, [](int i, HistoryData &record) {
+        const bool named = i % 3 != 0;
+        record.firstName = named ? QStringLiteral("First%1").arg(i % 500) : QString(QLatin1StringView(""));
+        record.lastName = named ? QStringLiteral("Last%1").arg(i % 700) : QString(QLatin1StringView(""));
+        record.telephone = QStringLiteral("06%1").arg(10000000 + i);
+    });
     out() << "filled " << recordCount << " records in " << timer.elapsed() << " ms" << Qt::endl;
 
     // Opening the file and publishing every record.
@@ -151,9 +102,8 @@ int main(int argc, char **argv)
     }
     if (model.rowCount() != recordCount + 301)
         qFatal("the model shows %d rows", model.rowCount());
-    std::sort(addMs.begin(), addMs.end());
     out() << "addHistory with " << recordCount << " records stored: median " << median(addMs) << " ms, 90th percentile "
-          << addMs[addMs.size() * 9 / 10] << " ms (target median < 1 ms)" << Qt::endl;
+          << percentile(addMs, 90) << " ms (target median < 1 ms)" << Qt::endl;
 
     // Any row of the model: batches of 1000 random rows, every role read.
     QRandomGenerator random(7);
@@ -175,9 +125,5 @@ int main(int argc, char **argv)
     out() << "model row with all " << roles.size() << " roles: median " << median(rowUs)
           << " us (target < 50 us) [" << chars << "]" << Qt::endl;
 
-    QProcess child;
-    child.setProcessChannelMode(QProcess::ForwardedChannels);
-    child.start(QCoreApplication::applicationFilePath(), { QStringLiteral("--memory"), path });
-    child.waitForFinished(120000);
-    return 0;
+    return runSelf({ QStringLiteral("--memory"), path });
 }

@@ -2,115 +2,53 @@
 // keystroke in the list model, the same keystroke with the real history screen
 // laying out its list, and the peak memory of a process showing that screen.
 // Prints medians; the targets are in the output.
+#include "Clock.h"
 #include "HistoryCallDataService.h"
+#include "HistoryFile.h"
 #include "HistoryViewModel.h"
+#include "Output.h"
 #include "Platform.h"
+#include "ProcessInfo.h"
 #include "Service.h"
+#include "Statistics.h"
+#include "TemporaryHome.h"
 #include "UserDefaultsService.h"
 
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QGuiApplication>
-#include <QProcess>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QSqlDatabase>
-#include <QSqlQuery>
-#include <QTemporaryDir>
-#include <QTextStream>
 #include <QtQml/qqmlextensionplugin.h>
 
-#include <algorithm>
-#include <ctime>
+#include <optional>
 
 Q_IMPORT_QML_PLUGIN(QuietonPlugin)
+
+using namespace bench;
 
 namespace {
 
 constexpr int recordCount = 100000;
 
-QTextStream &out()
-{
-    static QTextStream stream(stdout);
-    return stream;
-}
-
-// The processor time this thread used, in ms: the work a keystroke costs,
-// without the time the thread waited for a processor on a busy machine.
-double threadCpuMs()
-{
-    timespec t{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
-    return t.tv_sec * 1e3 + t.tv_nsec / 1e6;
-}
-
-double median(QList<double> values)
-{
-    std::sort(values.begin(), values.end());
-    const qsizetype n = values.size();
-    return n == 0 ? 0 : n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
-}
-
-double maximum(const QList<double> &values)
-{
-    return values.isEmpty() ? 0 : *std::max_element(values.cbegin(), values.cend());
-}
-
-double percentile90(QList<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.isEmpty() ? 0 : values[values.size() * 9 / 10];
-}
-
-qint64 statusKb(const char *field)
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return -1;
-    for (const QByteArray &line : status.readAll().split('\n')) {
-        if (line.startsWith(field))
-            return line.mid(qstrlen(field)).trimmed().split(' ').value(0).toLongLong();
-    }
-    return -1;
-}
-
 // A history of `count` calls to a few thousand people, some dialled on the
-// keypad (no names), in one transaction.
+// keypad (no names).
 void populate(const QString &path, int count)
 {
-    { HistoryCallDataService schema(path); }
     const QStringList first = { "Anna", "Bob", "Carl", "Dora", "Élodie", "Frank", "Greta", "Hannah", "Ivan",
                                 "Julia", "Karim", "Lena", "Marc", "Nina", "Oscar", "Paula", "Quentin", "Rosa",
                                 "Sven", "Tara", "Ugo", "Vera", "Walid", "Xenia", "Yann", "Zoé" };
     const QStringList last = { "Smith", "Martin", "Jones", "Ng", "Lee", "Anders", "Quinn", "Dupont", "Müller",
                                "Rossi", "García", "Kowalski", "Nakamura", "Okafor", "Petrov", "Silva", "Haddad" };
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("populate"));
-    db.setDatabaseName(path);
-    db.open();
-    db.transaction();
-    {
-        QSqlQuery insert(db);
-        insert.prepare(QStringLiteral(
-            "INSERT INTO HistoryData (firstName, lastName, telephone, time, callHidden) VALUES (?, ?, ?, ?, ?)"));
-        const QDateTime start(QDate(2023, 1, 1), QTime(8, 0));
-        for (int i = 0; i < count; ++i) {
-            const int person = (i * 7919) % 3000;
-            const bool named = person % 5 != 0;
-            insert.bindValue(0, named ? first.at(person % first.size()) : QString(QLatin1StringView("")));
-            insert.bindValue(1, named ? last.at(person / first.size() % last.size()) : QString(QLatin1StringView("")));
-            insert.bindValue(2, QStringLiteral("+33 6 %1").arg(10000000 + person * 337));
-            insert.bindValue(3, HistoryCallDataService::timeText(start.addSecs(qint64(i) * 317)));
-            insert.bindValue(4, i % 2);
-            insert.exec();
-        }
-    }
-    db.commit();
-    db.close();
-    db = QSqlDatabase();
-    QSqlDatabase::removeDatabase(QStringLiteral("populate"));
+    populateHistory(path, count, [&](int i, HistoryData &record) {
+        const int person = (i * 7919) % 3000;
+        const bool named = person % 5 != 0;
+        record.firstName = named ? first.at(person % first.size()) : QString(QLatin1StringView(""));
+        record.lastName = named ? last.at(person / first.size() % last.size()) : QString(QLatin1StringView(""));
+        record.telephone = QStringLiteral("+33 6 %1").arg(10000000 + person * 337);
+    });
 }
 
 // What a person does in the search field: type a name letter by letter, go
@@ -157,10 +95,10 @@ void benchModel(HistoryCallDataService &store)
         }
     }
     out() << "search keystroke (processor time), model, " << recordCount << " records: median " << median(all)
-          << " ms, 90th percentile " << percentile90(all) << " ms, max " << maximum(all)
+          << " ms, 90th percentile " << percentile(all, 90) << " ms, max " << maximum(all)
           << " ms (target median < 4 ms)" << Qt::endl;
     out() << "  first letter of a search (whole list scanned): median " << median(firstLetter)
-          << " ms, 90th percentile " << percentile90(firstLetter) << " ms" << Qt::endl;
+          << " ms, 90th percentile " << percentile(firstLetter, 90) << " ms" << Qt::endl;
 
     // A text pasted or typed from scratch each time: no earlier step helps.
     QList<double> fresh;
@@ -174,7 +112,7 @@ void benchModel(HistoryCallDataService &store)
         }
     }
     out() << "  pasted text, whole list scanned: median " << median(fresh) << " ms, 90th percentile "
-          << percentile90(fresh) << " ms" << Qt::endl;
+          << percentile(fresh, 90) << " ms" << Qt::endl;
 }
 
 // A call recorded, and a listed record deleted, while the model lists
@@ -253,7 +191,7 @@ int benchScreen()
         }
     }
     out() << "search keystroke (processor time), screen (model and list layout): median " << median(all) << " ms, 90th percentile "
-          << percentile90(all) << " ms, max " << maximum(all) << " ms" << Qt::endl;
+          << percentile(all, 90) << " ms, max " << maximum(all) << " ms" << Qt::endl;
     delete view;
     return 0;
 }
@@ -263,7 +201,7 @@ int benchScreen()
 int measureMemory()
 {
     HistoryCallDataService::shared()->waitForBackgroundFetch();
-    const qint64 before = statusKb("VmHWM:");
+    const qint64 before = peakMemoryKb();
     QQmlEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/"));
     QQuickWindow window;
@@ -281,7 +219,7 @@ int measureMemory()
         vm->setSearchText(text);
         QMetaObject::invokeMethod(list, "forceLayout");
     }
-    const qint64 after = statusKb("VmHWM:");
+    const qint64 after = peakMemoryKb();
     out() << "peak memory (VmHWM) of the history screen with " << vm->historyListArray().size()
           << " records, after searching: " << after << " kB; before the screen: " << before
           << " kB; the screen's share: " << (after - before) << " kB" << Qt::endl;
@@ -296,12 +234,11 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const bool memoryChild = argc == 2 && qstrcmp(argv[1], "--memory") == 0;
-    QTemporaryDir home;
-    if (!memoryChild) {
-        // The app's own folders live in a temporary home for the whole run.
-        qputenv("XDG_CONFIG_HOME", QDir(home.path()).filePath(QStringLiteral("config")).toUtf8());
-        qputenv("XDG_DATA_HOME", QDir(home.path()).filePath(QStringLiteral("data")).toUtf8());
-    }
+    // The app's own folders live in a temporary home for the whole run; the
+    // memory child works in its parent's.
+    std::optional<TemporaryHome> home;
+    if (!memoryChild)
+        home.emplace();
     QGuiApplication app(argc, argv);
     if (memoryChild)
         return measureMemory();
@@ -320,9 +257,5 @@ int main(int argc, char **argv)
     if (const int failed = benchScreen())
         return failed;
 
-    QProcess child;
-    child.setProcessChannelMode(QProcess::ForwardedChannels);
-    child.start(QCoreApplication::applicationFilePath(), { QStringLiteral("--memory") });
-    child.waitForFinished(120000);
-    return child.exitCode();
+    return runSelf({ QStringLiteral("--memory") });
 }

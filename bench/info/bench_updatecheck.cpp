@@ -4,46 +4,33 @@
 // the 2 ms a tap may cost.
 #include "CheckUpdate.h"
 #include "LookupResult.h"
+#include "Output.h"
 #include "Platform.h"
 #include "SafariWebView.h"
+#include "Statistics.h"
+#include "TemporaryHome.h"
 #include "UpdateAlertPresenter.h"
 #include "UrlOpener.h"
 
-#include <QDir>
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQmlComponent>
 #include <QQuickStyle>
 #include <QQuickWindow>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QTextStream>
 #include <QtQml/qqmlextensionplugin.h>
-
-#include <algorithm>
 
 Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
+using namespace bench;
+
 namespace {
-
-double median(QList<double> values)
-{
-    std::sort(values.begin(), values.end());
-    const qsizetype n = values.size();
-    return n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
-}
-
-QTextStream &out()
-{
-    static QTextStream stream(stdout);
-    return stream;
-}
 
 void report(const char *what, const QList<double> &ms, const char *target)
 {
     out() << what << ": median " << QString::number(median(ms), 'f', 3) << " ms, worst "
-          << QString::number(*std::max_element(ms.begin(), ms.end()), 'f', 3) << " ms (" << target << ")" << Qt::endl;
+          << QString::number(maximum(ms), 'f', 3) << " ms (" << target << ")" << Qt::endl;
 }
 
 // Opens nothing: the desktop's browser is not what is measured.
@@ -59,9 +46,7 @@ public:
 
 int main(int argc, char *argv[])
 {
-    QTemporaryDir home;
-    qputenv("XDG_CONFIG_HOME", QDir(home.path()).filePath(QStringLiteral("config")).toUtf8());
-    qputenv("XDG_DATA_HOME", QDir(home.path()).filePath(QStringLiteral("data")).toUtf8());
+    TemporaryHome home;
     QGuiApplication app(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Material"));
     Platform::setUrlOpener(std::make_unique<NullUrlOpener>());

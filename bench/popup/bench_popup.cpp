@@ -3,18 +3,19 @@
 // "Next" tap, a guide tick (which writes the settings file) and building the
 // onboarding screen. Prints medians and worst cases in milliseconds; the
 // budget for a tap or a move is 2 ms.
+#include "Clock.h"
+#include "Output.h"
+#include "Statistics.h"
+#include "TemporaryHome.h"
 #include "UserGuideForQuietonViewModel.h"
 
-#include <QDir>
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QTextStream>
 #include <QtQml/qqmlextensionplugin.h>
 
 #include <algorithm>
@@ -24,23 +25,15 @@
 
 Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
+using namespace bench;
+
 namespace {
 
-QTextStream &out()
+void report(const char *what, const QList<double> &ms)
 {
-    static QTextStream stream(stdout);
-    return stream;
+    out() << what << ": median " << QString::number(median(ms), 'f', 3) << " ms, worst "
+          << QString::number(maximum(ms), 'f', 3) << " ms over " << ms.size() << Qt::endl;
 }
-
-void report(const char *what, QList<double> ms)
-{
-    std::sort(ms.begin(), ms.end());
-    const double median = ms[ms.size() / 2];
-    out() << what << ": median " << QString::number(median, 'f', 3) << " ms, worst "
-          << QString::number(ms.last(), 'f', 3) << " ms over " << ms.size() << Qt::endl;
-}
-
-double msSince(const QElapsedTimer &timer) { return timer.nsecsElapsed() / 1e6; }
 
 // A mouse event delivered to the window at once, as the platform would.
 void send(QWindow *window, QEvent::Type type, QPoint at)
@@ -85,9 +78,7 @@ Item {
 
 int main(int argc, char *argv[])
 {
-    QTemporaryDir home;
-    qputenv("XDG_CONFIG_HOME", QDir(home.path()).filePath(QStringLiteral("config")).toUtf8());
-    qputenv("XDG_DATA_HOME", QDir(home.path()).filePath(QStringLiteral("data")).toUtf8());
+    TemporaryHome home;
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
@@ -98,7 +89,7 @@ int main(int argc, char *argv[])
     view.resize(400, 800);
     {
         QQmlComponent component(view.engine());
-        component.setData(scene, QUrl::fromLocalFile(QDir(home.path()).filePath(QStringLiteral("popup.qml"))));
+        component.setData(scene, QUrl::fromLocalFile(home.filePath(QStringLiteral("popup.qml"))));
         auto *root = qobject_cast<QQuickItem *>(component.create());
         if (!root) {
             out() << component.errorString() << Qt::endl;

@@ -3,7 +3,11 @@
 // prefix, a country with several and the choice rows, a typed prefix, a
 // switch, reset. Settings go to a real settings file in a temporary home.
 // Prints medians; the target is in the output.
+#include "Clock.h"
+#include "Output.h"
 #include "SettingViewModel.h"
+#include "Statistics.h"
+#include "TemporaryHome.h"
 #include "UserDefaultsService.h"
 
 #include <QElapsedTimer>
@@ -12,38 +16,17 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickStyle>
-#include <QTemporaryDir>
-#include <QTextStream>
 #include <QtQml/qqmlextensionplugin.h>
 
-#include <algorithm>
-#include <ctime>
 #include <functional>
 
 Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
+using namespace bench;
+
 namespace {
 
 constexpr double tapTargetMs = 2.0;
-
-QTextStream &out()
-{
-    static QTextStream stream(stdout);
-    return stream;
-}
-
-double cpuMs()
-{
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return double(now.tv_sec) * 1e3 + double(now.tv_nsec) / 1e6;
-}
-
-double median(QList<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
 
 // Median wall-clock and processor milliseconds of `rounds` runs of `work`;
 // the difference is mostly waiting for the disk to confirm a settings write.
@@ -59,11 +42,11 @@ Timing medianMs(int rounds, const std::function<void(int)> &work)
     QList<double> cpu;
     for (int i = 0; i < rounds; ++i) {
         QElapsedTimer timer;
-        const double cpuStart = cpuMs();
+        const double cpuStart = processCpuMs();
         timer.start();
         work(i);
         wall.append(double(timer.nsecsElapsed()) / 1e6);
-        cpu.append(cpuMs() - cpuStart);
+        cpu.append(processCpuMs() - cpuStart);
     }
     return { median(wall), median(cpu) };
 }
@@ -82,9 +65,7 @@ void report(const QString &what, Timing timing, double target)
 
 int main(int argc, char *argv[])
 {
-    QTemporaryDir home;
-    qputenv("XDG_CONFIG_HOME", (home.path() + QStringLiteral("/config")).toUtf8());
-    qputenv("XDG_DATA_HOME", (home.path() + QStringLiteral("/data")).toUtf8());
+    TemporaryHome home;
     QGuiApplication app(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Material"));
     UserDefaultsService::shared();

@@ -2,10 +2,8 @@
 // technology switched on, over a real vCard address book and a real history
 // file in temporary folders.
 #include "HistoryCallDataService.h"
-#include "Platform.h"
-#include "RecordingTelephony.h"
-#include "RecordingUrlOpener.h"
-#include "TestHome.h"
+#include "QuickTestSetup.h"
+#include "RecordingPlatform.h"
 #include "UserDefaultsService.h"
 #include "VCardFolderAddressBook.h"
 
@@ -13,7 +11,6 @@
 #include <QDir>
 #include <QFile>
 #include <QQmlContext>
-#include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QtQml/qqmlextensionplugin.h>
@@ -100,16 +97,14 @@ private:
     }
 };
 
-class Setup : public QObject
+class Setup : public QuickTestSetup
 {
-    Q_OBJECT
-public slots:
-    void applicationAvailable()
+protected:
+    void prepare() override
     {
-        TestHome::use();
-        Platform::setTelephony(std::make_unique<RecordingTelephony>());
-        Platform::setUrlOpener(std::make_unique<RecordingUrlOpener>());
-        UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
+        RecordingPlatform::installTelephony();
+        RecordingPlatform::installUrlOpener();
+        markOnboardingDone();
         UserDefaultsService::shared()->setBool(QStringLiteral("saveToHistory"), true);
 
         const QString folder = VCardFolderAddressBook::defaultFolder();
@@ -124,10 +119,9 @@ public slots:
                                                      QStringLiteral("0601"), true);
         HistoryCallDataService::shared()->addHistory(QString(), QString(), QStringLiteral("0602"), false);
     }
-    void qmlEngineAvailable(QQmlEngine *engine)
+    void publish(QQmlContext *context) override
     {
-        engine->addImportPath(QStringLiteral("qrc:/"));
-        engine->rootContext()->setContextProperty(QStringLiteral("screenReader"), new ScreenReader);
+        context->setContextProperty(QStringLiteral("screenReader"), new ScreenReader);
     }
 };
 

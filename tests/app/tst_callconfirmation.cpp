@@ -4,11 +4,10 @@
 #include "ModemManagerTelephony.h"
 #include "Platform.h"
 #include "PrivateBus.h"
+#include "QuickTestSetup.h"
 #include "SimulatedModem.h"
-#include "TestHome.h"
 
 #include <QQmlContext>
-#include <QQmlEngine>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
@@ -26,28 +25,28 @@ private:
     SimulatedModem &m_modem;
 };
 
-class Setup : public QObject
+class Setup : public QuickTestSetup
 {
     Q_OBJECT
 public slots:
-    void applicationAvailable()
+    void cleanupTestCase()
     {
-        TestHome::use();
+        m_modem.reset();
+        m_bus.reset();
+    }
+
+protected:
+    void prepare() override
+    {
         m_bus = std::make_unique<PrivateBus>();
         m_modem = std::make_unique<SimulatedModem>(*m_bus, 150);
         m_probe = std::make_unique<ModemProbe>(*m_modem);
         Platform::setTelephony(std::make_unique<ModemManagerTelephony>(m_bus->connection(), CallConfirmation::shared()));
     }
-    void qmlEngineAvailable(QQmlEngine *engine)
+    void publish(QQmlContext *context) override
     {
-        engine->addImportPath(QStringLiteral("qrc:/"));
-        engine->rootContext()->setContextProperty(QStringLiteral("simulatedModem"), m_probe.get());
-        engine->rootContext()->setContextProperty(QStringLiteral("modemRunning"), m_modem->isRunning());
-    }
-    void cleanupTestCase()
-    {
-        m_modem.reset();
-        m_bus.reset();
+        context->setContextProperty(QStringLiteral("simulatedModem"), m_probe.get());
+        context->setContextProperty(QStringLiteral("modemRunning"), m_modem->isRunning());
     }
 
 private:

@@ -5,6 +5,7 @@
 #include "MainViewModel.h"
 #include "Platform.h"
 #include "QuietonApp.h"
+#include "RecordingPlatform.h"
 #include "RecordingTelephony.h"
 #include "Service.h"
 #include "StdoutCapture.h"
@@ -58,9 +59,7 @@ private slots:
     void initTestCase()
     {
         TestHome::use();
-        auto recording = std::make_unique<RecordingTelephony>();
-        telephony = recording.get();
-        Platform::setTelephony(std::move(recording));
+        telephony = RecordingPlatform::installTelephony();
         auto counting = std::make_unique<CountingWidgets>();
         widgets = counting.get();
         Platform::setWidgets(std::move(counting));

@@ -6,6 +6,7 @@
 #include "HistoryCallDataService.h"
 #include "Platform.h"
 #include "QuietonApp.h"
+#include "RecordingPlatform.h"
 #include "RecordingTelephony.h"
 #include "Service.h"
 #include "StdoutCapture.h"
@@ -43,9 +44,7 @@ private slots:
     void initTestCase()
     {
         TestHome::use();
-        auto recording = std::make_unique<RecordingTelephony>();
-        telephony = recording.get();
-        Platform::setTelephony(std::move(recording));
+        telephony = RecordingPlatform::installTelephony();
     }
 
     void init()

@@ -3,6 +3,7 @@
 #include "CheckUpdate.h"
 #include "LoopbackHttpServer.h"
 #include "Platform.h"
+#include "RecordingPlatform.h"
 #include "RecordingUrlOpener.h"
 #include "StdoutCapture.h"
 #include "TestHome.h"
@@ -130,9 +131,7 @@ private slots:
     void initTestCase()
     {
         TestHome::use();
-        auto opener = std::make_unique<RecordingUrlOpener>();
-        m_opener = opener.get();
-        Platform::setUrlOpener(std::move(opener));
+        m_opener = RecordingPlatform::installUrlOpener();
         QVERIFY(m_server.isListening());
         m_engine.addImportPath(QStringLiteral("qrc:/"));
         m_engine.loadData("import QtQuick\nWindow { width: 400; height: 700; visible: true }");

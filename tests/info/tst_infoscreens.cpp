@@ -1,24 +1,16 @@
 // The about and feedback screens in real QML views; the pages they open go
 // to a recording URL opener and shared texts to a recording sharer.
-#include "Platform.h"
+#include "QuickTestSetup.h"
+#include "RecordingPlatform.h"
+#include "RecordingSharer.h"
 #include "RecordingUrlOpener.h"
-#include "TestHome.h"
-#include "TextSharer.h"
 
+#include <QGuiApplication>
 #include <QQmlContext>
-#include <QQmlEngine>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
 Q_IMPORT_QML_PLUGIN(QuietonPlugin)
-
-// Remembers what the app offered to share.
-class RecordingSharer : public TextSharer
-{
-public:
-    QStringList shared;
-    void share(const QString &text) override { shared.append(text); }
-};
 
 // What the QML tests see of the opener and the sharer.
 class Desktop : public QObject
@@ -27,13 +19,7 @@ class Desktop : public QObject
 public:
     Desktop(RecordingUrlOpener *opener, RecordingSharer *sharer) : m_opener(opener), m_sharer(sharer) { }
 
-    Q_INVOKABLE QStringList opened() const
-    {
-        QStringList addresses;
-        for (const QUrl &url : m_opener->opened)
-            addresses.append(url.toString());
-        return addresses;
-    }
+    Q_INVOKABLE QStringList opened() const { return m_opener->addresses(); }
     Q_INVOKABLE QStringList shared() const { return m_sharer->shared; }
     Q_INVOKABLE void clear()
     {
@@ -51,27 +37,20 @@ private:
     RecordingSharer *m_sharer;
 };
 
-class Setup : public QObject
+class Setup : public QuickTestSetup
 {
-    Q_OBJECT
     RecordingUrlOpener *m_opener = nullptr;
     RecordingSharer *m_sharer = nullptr;
 
-public slots:
-    void applicationAvailable()
+protected:
+    void prepare() override
     {
-        TestHome::use();
-        auto opener = std::make_unique<RecordingUrlOpener>();
-        m_opener = opener.get();
-        Platform::setUrlOpener(std::move(opener));
-        auto sharer = std::make_unique<RecordingSharer>();
-        m_sharer = sharer.get();
-        Platform::setSharer(std::move(sharer));
+        m_opener = RecordingPlatform::installUrlOpener();
+        m_sharer = RecordingPlatform::installSharer();
     }
-    void qmlEngineAvailable(QQmlEngine *engine)
+    void publish(QQmlContext *context) override
     {
-        engine->addImportPath(QStringLiteral("qrc:/"));
-        engine->rootContext()->setContextProperty(QStringLiteral("desktop"), new Desktop(m_opener, m_sharer));
+        context->setContextProperty(QStringLiteral("desktop"), new Desktop(m_opener, m_sharer));
     }
 };
 

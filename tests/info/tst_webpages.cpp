@@ -1,5 +1,6 @@
 // The table of the product's web pages and the element that shows one.
 #include "Platform.h"
+#include "RecordingPlatform.h"
 #include "RecordingUrlOpener.h"
 #include "SafariWebView.h"
 #include "StdoutCapture.h"
@@ -21,9 +22,7 @@ class TestWebPages : public QObject
 private slots:
     void initTestCase()
     {
-        auto opener = std::make_unique<RecordingUrlOpener>();
-        m_opener = opener.get();
-        Platform::setUrlOpener(std::move(opener));
+        m_opener = RecordingPlatform::installUrlOpener();
     }
 
     void everyPageHasItsAddress_data()
@@ -99,9 +98,7 @@ private slots:
         QSignalSpy dismissed(element.get(), SIGNAL(dismissed()));
         QVERIFY(dismissed.wait(1000)); // closes all the same
         QVERIFY(capture.lines().contains(QStringLiteral("## Could not open https://" QUIETON_TEST_WEB_HOST "/termsOfUs")));
-        auto opener = std::make_unique<RecordingUrlOpener>();
-        m_opener = opener.get();
-        Platform::setUrlOpener(std::move(opener));
+        m_opener = RecordingPlatform::installUrlOpener();
     }
 
 private:

@@ -1,29 +1,27 @@
 // The contacts screen in real QML views, over a real vCard folder, a
 // telephony that records requests and reports calls, and the history in a
 // real SQLite file.
-#include "HistoryCallDataService.h"
-#include "Platform.h"
-#include "RecordingTelephony.h"
+#include "PhoneDriver.h"
+#include "QuickTestSetup.h"
+#include "RecordingPlatform.h"
 #include "RecordingUrlOpener.h"
-#include "TestHome.h"
-#include "UserDefaultsService.h"
 #include "VCardFolderAddressBook.h"
 
 #include <QDir>
 #include <QFile>
 #include <QQmlContext>
-#include <QQmlEngine>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
 Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
-// What the QML tests need of the address book, the phone and the history file.
-class Driver : public QObject
+// What the QML tests need of the address book and the URL opener, besides
+// the phone and the history file.
+class Driver : public PhoneDriver
 {
     Q_OBJECT
 public:
-    Driver(RecordingTelephony *telephony, RecordingUrlOpener *opener) : m_telephony(telephony), m_opener(opener) { }
+    Driver(RecordingTelephony *telephony, RecordingUrlOpener *opener) : PhoneDriver(telephony), m_opener(opener) { }
 
     // Replaces the address book with one vCard file of these people, each
     // a list [first, last, number...].
@@ -53,59 +51,27 @@ public:
         QFile file(folder);
         file.open(QIODevice::WriteOnly);
     }
-    Q_INVOKABLE QString openedUrl() const
-    {
-        return m_opener->opened.isEmpty() ? QString() : m_opener->opened.last().toString();
-    }
-
-    Q_INVOKABLE void setCallsPossible(bool possible) { m_telephony->callsPossible = possible; }
-    Q_INVOKABLE QString lastAsked() const { return m_telephony->asked.value(m_telephony->asked.size() - 1); }
-    Q_INVOKABLE QString lastOpened() const { return m_telephony->opened.value(m_telephony->opened.size() - 1); }
-    Q_INVOKABLE void report(const QString &id, bool outgoing, bool connected, bool ended)
-    {
-        m_telephony->report(id, outgoing, connected, ended);
-    }
-    // The records in the app's history file, read afresh from disk.
-    Q_INVOKABLE QVariantList storedRows() const
-    {
-        QVariantList rows;
-        HistoryCallDataService file(HistoryCallDataService::shared()->databasePath());
-        for (const HistoryData &r : file.savedEntities()) {
-            rows.append(QVariantMap{ { QStringLiteral("firstName"), r.firstName },
-                                     { QStringLiteral("lastName"), r.lastName },
-                                     { QStringLiteral("telephone"), r.telephone },
-                                     { QStringLiteral("callHidden"), r.callHidden } });
-        }
-        return rows;
-    }
+    Q_INVOKABLE QString openedUrl() const { return m_opener->addresses().value(m_opener->opened.size() - 1); }
 
 private:
-    RecordingTelephony *m_telephony;
     RecordingUrlOpener *m_opener;
 };
 
-class Setup : public QObject
+class Setup : public QuickTestSetup
 {
-    Q_OBJECT
     RecordingTelephony *m_telephony = nullptr;
     RecordingUrlOpener *m_opener = nullptr;
 
-public slots:
-    void applicationAvailable()
+protected:
+    void prepare() override
     {
-        TestHome::use();
-        auto telephony = std::make_unique<RecordingTelephony>();
-        m_telephony = telephony.get();
-        Platform::setTelephony(std::move(telephony));
-        auto opener = std::make_unique<RecordingUrlOpener>();
-        m_opener = opener.get();
-        Platform::setUrlOpener(std::move(opener));
-        UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
+        m_telephony = RecordingPlatform::installTelephony();
+        m_opener = RecordingPlatform::installUrlOpener();
+        markOnboardingDone();
     }
-    void qmlEngineAvailable(QQmlEngine *engine)
+    void publish(QQmlContext *context) override
     {
-        engine->addImportPath(QStringLiteral("qrc:/"));
-        engine->rootContext()->setContextProperty(QStringLiteral("driver"), new Driver(m_telephony, m_opener));
+        context->setContextProperty(QStringLiteral("driver"), new Driver(m_telephony, m_opener));
     }
 };
 

@@ -4,6 +4,7 @@
 #include "ContactsViewModel.h"
 #include "JsonFileKeyValueStore.h"
 #include "Platform.h"
+#include "RecordingPlatform.h"
 #include "RecordingTelephony.h"
 #include "RecordingUrlOpener.h"
 #include "Service.h"
@@ -111,12 +112,8 @@ private slots:
         auto book = std::make_unique<CountingAddressBook>();
         m_book = book.get();
         Platform::setAddressBook(std::move(book));
-        auto telephony = std::make_unique<RecordingTelephony>();
-        m_telephony = telephony.get();
-        Platform::setTelephony(std::move(telephony));
-        auto opener = std::make_unique<RecordingUrlOpener>();
-        m_opener = opener.get();
-        Platform::setUrlOpener(std::move(opener));
+        m_telephony = RecordingPlatform::installTelephony();
+        m_opener = RecordingPlatform::installUrlOpener();
     }
 
     void noFolderMeansNoContactsAndNoRefusal()

@@ -2,43 +2,32 @@
 // history database in a temporary home; the system's URL opener, the share
 // operation and the telephony are replaced by recording ones.
 #include "CheckUpdate.h"
-#include "HistoryCallDataService.h"
 #include "JsonFileKeyValueStore.h"
 #include "LoopbackHttpServer.h"
-#include "Platform.h"
-#include "RecordingTelephony.h"
+#include "PhoneDriver.h"
+#include "QuickTestSetup.h"
+#include "RecordingPlatform.h"
+#include "RecordingSharer.h"
 #include "RecordingUrlOpener.h"
 #include "TestHome.h"
-#include "TextSharer.h"
-#include "UserDefaultsService.h"
 
 #include <QDir>
 #include <QGuiApplication>
 #include <QWindow>
 #include <QQmlContext>
-#include <QQmlEngine>
 #include <QTemporaryDir>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
 Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
-// A share operation that only remembers what it was given.
-class RecordingSharer : public TextSharer
-{
-    Q_OBJECT
-public:
-    QStringList shared;
-    void share(const QString &text) override { shared.append(text); }
-};
-
 // What the QML tests read from disk and from the recording platform parts.
-class Disk : public QObject
+class Disk : public PhoneDriver
 {
     Q_OBJECT
 public:
     Disk(RecordingUrlOpener *opener, RecordingSharer *sharer, RecordingTelephony *telephony)
-        : m_opener(opener), m_sharer(sharer), m_telephony(telephony)
+        : PhoneDriver(telephony), m_opener(opener), m_sharer(sharer)
     {
     }
 
@@ -52,27 +41,16 @@ public:
         return std::visit([](const auto &v) { return QVariant::fromValue(v); }, *value);
     }
     // The number of call records in the history file, read afresh.
-    Q_INVOKABLE int storedCalls() const
-    {
-        HistoryCallDataService file(HistoryCallDataService::shared()->databasePath());
-        return int(file.savedEntities().size());
-    }
-    Q_INVOKABLE QVariantList openedUrls() const
-    {
-        QVariantList urls;
-        for (const QUrl &url : m_opener->opened)
-            urls.append(url.toString());
-        return urls;
-    }
+    Q_INVOKABLE int storedCalls() const { return int(storedRows().size()); }
+    Q_INVOKABLE QStringList openedUrls() const { return m_opener->addresses(); }
     Q_INVOKABLE int systemSettingsOpened() const { return m_opener->systemSettingsOpened; }
     Q_INVOKABLE int sharedCount() const { return int(m_sharer->shared.size()); }
     // The last dial string the telephony was asked to call.
-    Q_INVOKABLE QString lastDialled() const { return m_telephony->opened.value(m_telephony->opened.size() - 1); }
+    Q_INVOKABLE QString lastDialled() const { return lastOpened(); }
 
 private:
     RecordingUrlOpener *m_opener;
     RecordingSharer *m_sharer;
-    RecordingTelephony *m_telephony;
 };
 
 // Update checkers that ask a store lookup service on loopback, which always
@@ -125,33 +103,24 @@ private:
     LoopbackHttpServer m_server;
 };
 
-class Setup : public QObject
+class Setup : public QuickTestSetup
 {
-    Q_OBJECT
     RecordingUrlOpener *m_opener = nullptr;
     RecordingSharer *m_sharer = nullptr;
     RecordingTelephony *m_telephony = nullptr;
 
-public slots:
-    void applicationAvailable()
+protected:
+    void prepare() override
     {
-        TestHome::use();
-        auto opener = std::make_unique<RecordingUrlOpener>();
-        m_opener = opener.get();
-        Platform::setUrlOpener(std::move(opener));
-        auto sharer = std::make_unique<RecordingSharer>();
-        m_sharer = sharer.get();
-        Platform::setSharer(std::move(sharer));
-        auto telephony = std::make_unique<RecordingTelephony>();
-        m_telephony = telephony.get();
-        Platform::setTelephony(std::move(telephony));
-        UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
+        m_opener = RecordingPlatform::installUrlOpener();
+        m_sharer = RecordingPlatform::installSharer();
+        m_telephony = RecordingPlatform::installTelephony();
+        markOnboardingDone();
     }
-    void qmlEngineAvailable(QQmlEngine *engine)
+    void publish(QQmlContext *context) override
     {
-        engine->addImportPath(QStringLiteral("qrc:/"));
-        engine->rootContext()->setContextProperty(QStringLiteral("disk"), new Disk(m_opener, m_sharer, m_telephony));
-        engine->rootContext()->setContextProperty(QStringLiteral("store"), new Store);
+        context->setContextProperty(QStringLiteral("disk"), new Disk(m_opener, m_sharer, m_telephony));
+        context->setContextProperty(QStringLiteral("store"), new Store);
     }
 };
 

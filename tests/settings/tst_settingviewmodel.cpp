@@ -5,6 +5,7 @@
 #include "HistoryCallDataService.h"
 #include "JsonFileKeyValueStore.h"
 #include "Platform.h"
+#include "RecordingPlatform.h"
 #include "RecordingUrlOpener.h"
 #include "SettingViewModel.h"
 #include "StdoutCapture.h"
@@ -48,9 +49,7 @@ private slots:
     {
         TestHome::use();
         QCoreApplication::setApplicationVersion(QString());
-        auto opener = std::make_unique<RecordingUrlOpener>();
-        m_opener = opener.get();
-        Platform::setUrlOpener(std::move(opener));
+        m_opener = RecordingPlatform::installUrlOpener();
     }
 
     // Must run first: nothing has touched the settings yet.

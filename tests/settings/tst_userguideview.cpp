@@ -1,11 +1,10 @@
 // The user guide in real QML views, its flag in the real settings file and
 // its count lines on standard output.
+#include "QuickTestSetup.h"
 #include "SettingsFileReader.h"
 #include "StdoutCapture.h"
-#include "TestHome.h"
 
 #include <QQmlContext>
-#include <QQmlEngine>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
@@ -38,16 +37,13 @@ private:
     std::unique_ptr<StdoutCapture> m_capture;
 };
 
-class Setup : public QObject
+class Setup : public QuickTestSetup
 {
-    Q_OBJECT
-public slots:
-    void applicationAvailable() { TestHome::use(); }
-    void qmlEngineAvailable(QQmlEngine *engine)
+protected:
+    void publish(QQmlContext *context) override
     {
-        engine->addImportPath(QStringLiteral("qrc:/"));
-        engine->rootContext()->setContextProperty(QStringLiteral("log"), new LogCapture);
-        engine->rootContext()->setContextProperty(QStringLiteral("settingsFile"), new SettingsFileReader);
+        context->setContextProperty(QStringLiteral("log"), new LogCapture);
+        context->setContextProperty(QStringLiteral("settingsFile"), new SettingsFileReader);
     }
 };
 

@@ -3,6 +3,7 @@
 #include "UrlOpener.h"
 
 #include <QList>
+#include <QStringList>
 
 // A URL opener that records what it was asked to open.
 class RecordingUrlOpener : public UrlOpener
@@ -20,4 +21,13 @@ public:
         return true;
     }
     void openSystemSettings() override { ++systemSettingsOpened; }
+
+    // The addresses opened so far, oldest first.
+    QStringList addresses() const
+    {
+        QStringList out;
+        for (const QUrl &url : opened)
+            out.append(url.toString());
+        return out;
+    }
 };

@@ -1,70 +1,29 @@
 // The dialler screen in real QML views, on a telephony that records requests
 // and reports calls, with the history in a real SQLite file.
-#include "HistoryCallDataService.h"
-#include "Platform.h"
-#include "RecordingTelephony.h"
-#include "TestHome.h"
-#include "UserDefaultsService.h"
+#include "PhoneDriver.h"
+#include "QuickTestSetup.h"
+#include "RecordingPlatform.h"
 
 #include <QQmlContext>
-#include <QQmlEngine>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
 Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
-// What the QML tests need of the phone and of the history file.
-class PhoneDriver : public QObject
+class Setup : public QuickTestSetup
 {
-    Q_OBJECT
-public:
-    explicit PhoneDriver(RecordingTelephony *telephony) : m_telephony(telephony) { }
-
-    Q_INVOKABLE void setCallsPossible(bool possible) { m_telephony->callsPossible = possible; }
-    Q_INVOKABLE int openedCount() const { return int(m_telephony->opened.size()); }
-    Q_INVOKABLE QString lastOpened() const { return m_telephony->opened.value(m_telephony->opened.size() - 1); }
-    Q_INVOKABLE void report(const QString &id, bool outgoing, bool connected, bool ended)
-    {
-        m_telephony->report(id, outgoing, connected, ended);
-    }
-    // The records in the app's history file, read afresh from disk.
-    Q_INVOKABLE QVariantList storedRows() const
-    {
-        QVariantList rows;
-        HistoryCallDataService file(HistoryCallDataService::shared()->databasePath());
-        for (const HistoryData &r : file.savedEntities()) {
-            rows.append(QVariantMap{ { QStringLiteral("firstName"), r.firstName },
-                                     { QStringLiteral("lastName"), r.lastName },
-                                     { QStringLiteral("telephone"), r.telephone },
-                                     { QStringLiteral("callHidden"), r.callHidden } });
-        }
-        return rows;
-    }
-
-private:
-    RecordingTelephony *m_telephony;
-};
-
-class Setup : public QObject
-{
-    Q_OBJECT
     RecordingTelephony *m_telephony = nullptr;
 
-public slots:
-    void applicationAvailable()
+protected:
+    void prepare() override
     {
-        TestHome::use();
-        auto telephony = std::make_unique<RecordingTelephony>();
-        m_telephony = telephony.get();
-        Platform::setTelephony(std::move(telephony));
-        UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
+        m_telephony = RecordingPlatform::installTelephony();
+        markOnboardingDone();
     }
-    void qmlEngineAvailable(QQmlEngine *engine)
+    void publish(QQmlContext *context) override
     {
-        engine->addImportPath(QStringLiteral("qrc:/"));
-        engine->rootContext()->setContextProperty(QStringLiteral("phone"), new PhoneDriver(m_telephony));
+        context->setContextProperty(QStringLiteral("phone"), new PhoneDriver(m_telephony));
     }
 };
 
 QUICK_TEST_MAIN_WITH_SETUP(dialerview, Setup)
-#include "tst_dialerview.moc"
