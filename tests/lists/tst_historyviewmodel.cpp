@@ -2,6 +2,7 @@
 // search rules, how store changes reach it, and deleting listed records.
 #include "FilteredHistoryModel.h"
 #include "HistoryCallDataService.h"
+#include "HistorySearchIndex.h"
 #include "HistoryViewModel.h"
 #include "Platform.h"
 #include "RecordingTelephony.h"
@@ -254,6 +255,111 @@ private slots:
         QCOMPARE(vm->selectedContact()->firstName, QString("Bob"));
         vm->selectRow(3);
         QCOMPARE(vm->selectedContact()->firstName, QString("Bob"));
+    }
+
+    // Calls to the same person share their searchable text: every one of
+    // them is still listed, and deleting some leaves the others findable.
+    void repeatedPeopleAreAllListed()
+    {
+        HistoryCallDataService store(newFile());
+        QDateTime now(QDate(2026, 3, 1), QTime(9, 0));
+        store.setClock([&now] { return now = now.addSecs(90); });
+        fill(store, { { "Anna", "Smith", "0611" },
+                      { "Bob", "Stone", "0622" },
+                      { "Anna", "Smith", "0611" },
+                      { "ANNA", "smith", "0611" },
+                      { "Anna", "Smith", "0612" },
+                      { "Anna", "Smith", "0611" } });
+        auto vm = modelOn(store);
+        QAbstractItemModelTester tester(vm->filteredContacts(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+        vm->setSearchText("anna s");
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "anna s"));
+        vm->setSearchText("nna");
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "nna"));
+        QCOMPARE(listedIds(*vm).size(), 5);
+        // Each listed call keeps its own time.
+        QSet<QString> times;
+        for (int row = 0; row < vm->filteredContacts()->count(); ++row)
+            times.insert(vm->filteredContacts()->at(row).time);
+        QCOMPARE(times.size(), 5);
+
+        // The first and the last "Anna Smith 0611": the others remain.
+        vm->setSearchText("0611");
+        vm->deleteRows({ 0, 3 });
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "0611"));
+        QCOMPARE(listedIds(*vm).size(), 2);
+        vm->setSearchText("smith");
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "smith"));
+
+        // Every call of that combination gone, then a new one: found again.
+        vm->setSearchText("0611");
+        vm->deleteRows({ 0, 1 });
+        QCOMPARE(vm->filteredContacts()->count(), 0);
+        store.addHistory("Anna", "Smith", "0611", true);
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "0611"));
+        QCOMPARE(listedIds(*vm).size(), 1);
+        vm->setSearchText("a");
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "a"));
+    }
+
+    // The index keeps one text per person, follows removals and additions,
+    // and asks to be rebuilt once most of its text is of people no longer listed.
+    void searchIndexKeepsEachPersonOnce()
+    {
+        QList<HistoryData> records;
+        for (int i = 0; i < 3000; ++i) {
+            HistoryData r;
+            r.objectId = i + 1;
+            r.firstName = QStringLiteral("Person%1").arg(i % 50);
+            r.lastName = i % 2 ? QStringLiteral("Odd") : QString();
+            r.telephone = QStringLiteral("07%1").arg(i % 50);
+            records.append(r);
+        }
+        const auto expected = [&records](const QString &text) {
+            QList<int> rows;
+            for (int r = 0; r < records.size(); ++r) {
+                if (HistorySearchIndex::matches(records.at(r), text))
+                    rows.append(r);
+            }
+            return rows;
+        };
+        HistorySearchIndex index;
+        index.rebuild(records);
+        QCOMPARE(index.size(), 3000);
+        QCOMPARE(index.combinationCount(), 50); // i % 50 fixes whether i is odd
+        QCOMPARE(index.search("person1", records), expected("person1"));
+        QCOMPARE(index.search("ODD", records), expected("ODD"));
+        QCOMPARE(index.search("person1", records, index.search("person", records)), expected("person1"));
+
+        // Drop the first 2000 records; the rest still use every combination.
+        index.remove(0, 1999);
+        records.remove(0, 2000);
+        QVERIFY(!index.wantsRebuild());
+        QCOMPARE(index.search("person4", records), expected("person4"));
+        QCOMPARE(index.search("person4", records, expected("person")), expected("person4"));
+
+        // New people added and removed: their text goes dead, and a rebuild
+        // is asked for only when it outweighs the rest.
+        const qsizetype kept = records.size();
+        for (int i = 0; i < 400; ++i) {
+            HistoryData r;
+            r.objectId = 10000 + i;
+            r.firstName = QStringLiteral("Newcomer with a rather long name %1").arg(i);
+            r.telephone = QStringLiteral("08%1").arg(i);
+            records.append(r);
+        }
+        index.append(records, kept);
+        QCOMPARE(index.combinationCount(), 450);
+        QCOMPARE(index.search("newcomer", records).size(), 400);
+        QCOMPARE(index.search("0812", records), expected("0812"));
+        index.remove(kept, records.size() - 1);
+        records.remove(kept, records.size() - kept);
+        QVERIFY(index.wantsRebuild());
+        QCOMPARE(index.search("newcomer", records), QList<int>());
+        QCOMPARE(index.search("07", records), expected("07"));
+        index.rebuild(records);
+        QCOMPARE(index.combinationCount(), 50);
+        QVERIFY(!index.wantsRebuild());
     }
 
     // Changes that come while the list's search text is being built, and so
