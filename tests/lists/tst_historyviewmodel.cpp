@@ -71,6 +71,39 @@ QList<qint64> listedIds(HistoryViewModel &vm)
     return ids;
 }
 
+// The ids a list view would show, kept up to date only from the model's
+// change signals: rows it is not told about keep what they showed.
+struct ViewMirror
+{
+    QList<qint64> ids;
+    int resets = 0;
+
+    explicit ViewMirror(FilteredHistoryModel *model)
+    {
+        const auto idAt = [model](int row) { return model->at(row).objectId; };
+        for (int row = 0; row < model->count(); ++row)
+            ids.append(idAt(row));
+        QObject::connect(model, &QAbstractItemModel::rowsInserted, model,
+                         [this, idAt](const QModelIndex &, int first, int last) {
+                             for (int row = first; row <= last; ++row)
+                                 ids.insert(row, idAt(row));
+                         });
+        QObject::connect(model, &QAbstractItemModel::rowsRemoved, model,
+                         [this](const QModelIndex &, int first, int last) { ids.remove(first, last - first + 1); });
+        QObject::connect(model, &QAbstractItemModel::dataChanged, model,
+                         [this, idAt](const QModelIndex &from, const QModelIndex &to) {
+                             for (int row = from.row(); row <= to.row(); ++row)
+                                 ids[row] = idAt(row);
+                         });
+        QObject::connect(model, &QAbstractItemModel::modelReset, model, [this, model, idAt] {
+            ++resets;
+            ids.clear();
+            for (int row = 0; row < model->count(); ++row)
+                ids.append(idAt(row));
+        });
+    }
+};
+
 } // namespace
 
 class TestHistoryViewModel : public QObject
@@ -209,6 +242,53 @@ private slots:
         QCOMPARE(removed.at(0).at(2).toInt(), 1);
         QCOMPARE(resets.size(), 0);
         QCOMPARE(listedTelephones(*vm), (QStringList{ "01", "03", "04" }));
+    }
+
+    // Typing and going back announce the rows that go and come, not a new
+    // list, so a view keeps the rows both searches list.
+    void keystrokesChangeOnlyTheRowsThatDiffer()
+    {
+        HistoryCallDataService store(newFile());
+        fill(store, { { "Anna", "Smith", "0611" },
+                      { "Bob", "Stone", "0622" },
+                      { "Hannah", "Lee", "0633" },
+                      { "Carl", "Anderson", "0644" },
+                      { "Anna", "Smith", "0611" },
+                      { "Dora", "Ng", "0655" } });
+        auto vm = modelOn(store);
+        FilteredHistoryModel *model = vm->filteredContacts();
+        ViewMirror view(model);
+        QSignalSpy removed(model, &QAbstractItemModel::rowsRemoved);
+        QSignalSpy inserted(model, &QAbstractItemModel::rowsInserted);
+        QSignalSpy changed(model, &QAbstractItemModel::dataChanged);
+
+        vm->setSearchText("a"); // drops Bob (row 1) only
+        QCOMPARE(removed.size(), 1);
+        QCOMPARE(removed.at(0).at(1).toInt(), 1);
+        QCOMPARE(removed.at(0).at(2).toInt(), 1);
+        QCOMPARE(changed.size(), 0);
+        vm->setSearchText("an"); // and Dora, now the last row
+        QCOMPARE(removed.size(), 2);
+        QCOMPARE(removed.at(1).at(1).toInt(), 4);
+        vm->setSearchText("ann"); // Anna, Hannah, Anna: Carl goes
+        QCOMPARE(view.ids, listedIds(*vm));
+        QCOMPARE(listedTelephones(*vm), (QStringList{ "0611", "0633", "0611" }));
+        vm->setSearchText("ann"); // the same text: nothing to tell
+        vm->setSearchText("ANN");
+        QCOMPARE(removed.size() + inserted.size() + changed.size(), 3);
+
+        // Back to everything: the missing rows come back where they were.
+        vm->setSearchText(QString());
+        QCOMPARE(view.ids, listedIds(*vm));
+        QCOMPARE(view.resets, 0);
+        QCOMPARE(listedTelephones(*vm), allTelephones(store.savedEntities()));
+
+        // A text whose rows replace others in the middle.
+        vm->setSearchText("0611");
+        vm->setSearchText("06");
+        vm->setSearchText("o");
+        QCOMPARE(view.ids, listedIds(*vm));
+        QCOMPARE(view.resets, 0);
     }
 
     void deleteUnderSearchRemovesTheListedRecords()
@@ -418,6 +498,7 @@ private slots:
         for (int i = 0; i < 120; ++i)
             store.addHistory(randomField(), randomField(), randomField(), false);
 
+        ViewMirror view(vm->filteredContacts());
         for (int step = 0; step < 600; ++step) {
             const int action = random.bounded(10);
             QString text = vm->searchText();
@@ -436,7 +517,9 @@ private slots:
                 vm->deleteRows({ int(random.bounded(vm->filteredContacts()->count())) });
             }
             QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), vm->searchText()));
+            QCOMPARE(view.ids, listedIds(*vm));
         }
+        QCOMPARE(view.resets, 0);
     }
 };
 
