@@ -16,10 +16,17 @@ void FilteredHistoryModel::letGoOfRecords()
 
 QList<qint64> FilteredHistoryModel::shownIds() const
 {
-    QList<qint64> ids;
-    ids.reserve(m_count);
-    for (qsizetype row = 0; row < m_count; ++row)
-        ids.append(m_records.at(m_rows ? m_rows->at(row) : row).objectId);
+    QList<qint64> ids(m_count);
+    qint64 *id = ids.data();
+    const HistoryData *records = m_records.constData();
+    if (m_rows) {
+        const int *rows = m_rows->constData();
+        for (qsizetype row = 0; row < m_count; ++row)
+            id[row] = records[rows[row]].objectId;
+    } else {
+        for (qsizetype row = 0; row < m_count; ++row)
+            id[row] = records[row].objectId;
+    }
     return ids;
 }
 
@@ -83,14 +90,20 @@ void FilteredHistoryModel::show(const QList<HistoryData> &records, std::optional
             });
         }
     } else {
+        // Only the new rows compared are looked at.
         const QList<qint64> oldIds = m_ids ? *m_ids : shownIds();
-        QList<qint64> ids;
-        ids.reserve(newCount);
-        for (qsizetype row = 0; row < newCount; ++row)
-            ids.append(records.at(rows ? rows->at(row) : row).objectId);
-        std::tie(head, tail) = commonEnds(oldCount, newCount, [&oldIds, &ids](qsizetype i, qsizetype j) {
-            return oldIds.at(i) == ids.at(j);
-        });
+        const qint64 *oldId = oldIds.constData();
+        const HistoryData *record = records.constData();
+        if (rows) {
+            const int *newRow = rows->constData();
+            std::tie(head, tail) = commonEnds(oldCount, newCount, [oldId, record, newRow](qsizetype i, qsizetype j) {
+                return oldId[i] == record[newRow[j]].objectId;
+            });
+        } else {
+            std::tie(head, tail) = commonEnds(oldCount, newCount, [oldId, record](qsizetype i, qsizetype j) {
+                return oldId[i] == record[j].objectId;
+            });
+        }
     }
     // Between them, old rows give way to new ones: the overlap changes in
     // place, the rest is removed or inserted after it.
