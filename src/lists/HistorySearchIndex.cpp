@@ -1,5 +1,6 @@
 #include "HistorySearchIndex.h"
 
+#include <QHash>
 #include <QHashFunctions>
 #include <QStringView>
 
@@ -62,12 +63,38 @@ void HistorySearchIndex::clear()
     m_asciiCounts.fill(0);
 }
 
+qsizetype HistorySearchIndex::memoryBytes() const
+{
+    return qsizetype(sizeof(*this)) + m_text.capacity() * qsizetype(sizeof(QChar))
+        + (m_combinationStarts.capacity() + m_combinationUses.capacity() + m_rowCombinations.capacity())
+        * qsizetype(sizeof(quint32))
+        + m_slots.capacity() * qsizetype(sizeof(qint32));
+}
+
 void HistorySearchIndex::rebuild(const QList<HistoryData> &records)
 {
     clear();
     m_rowCombinations.reserve(records.size());
-    for (const HistoryData &r : records)
+    // Most records repeat an earlier one word for word: those take its
+    // combination without folding their text again.
+    QHash<size_t, qsizetype> earlier; // the fields' hash, the first record with it
+    for (qsizetype i = 0; i < records.size(); ++i) {
+        const HistoryData &r = records.at(i);
+        const size_t hash = qHashMulti(0, r.firstName, r.lastName, r.telephone);
+        const auto seen = earlier.constFind(hash);
+        if (seen == earlier.cend()) {
+            earlier.insert(hash, i);
+        } else {
+            const HistoryData &first = records.at(*seen);
+            if (first.firstName == r.firstName && first.lastName == r.lastName && first.telephone == r.telephone) {
+                const quint32 combination = m_rowCombinations.at(*seen);
+                ++m_combinationUses[combination];
+                m_rowCombinations.append(combination);
+                continue;
+            }
+        }
         appendRecord(r);
+    }
     m_text.squeeze();
     m_combinationStarts.squeeze();
     m_combinationUses.squeeze();
@@ -296,9 +323,11 @@ QList<int> HistorySearchIndex::search(const QString &needle, const QList<History
     // Each combination is looked at once however many of the rows use it:
     // 0 not yet, 1 it matches, 2 it does not.
     std::vector<unsigned char> verdicts(size_t(m_combinationUses.size()), 0);
-    rows.reserve(within.size());
+    rows.resize(within.size());
+    int *row = rows.data();
+    const qsizetype count = m_rowCombinations.size();
     for (int r : within) {
-        if (r < 0 || r >= m_rowCombinations.size())
+        if (r < 0 || r >= count)
             continue;
         const quint32 combination = m_rowCombinations.at(r);
         unsigned char &verdict = verdicts[combination];
@@ -307,9 +336,10 @@ QList<int> HistorySearchIndex::search(const QString &needle, const QList<History
             const qsizetype length = m_combinationStarts.at(combination + 1) - 1 - start;
             verdict = segmentContains(data + start, length, folded.constData(), folded.size()) ? 1 : 2;
         }
-        if (verdict == 1)
-            rows.append(r);
+        *row = r;
+        row += verdict == 1;
     }
+    rows.resize(row - rows.constData());
     return rows;
 }
 

@@ -32,6 +32,8 @@ public:
     qsizetype size() const { return m_rowCombinations.size(); }
     // How many distinct combinations the buffer holds, used or not.
     qsizetype combinationCount() const { return m_combinationUses.size(); }
+    // The memory the index holds, in bytes.
+    qsizetype memoryBytes() const;
     // Whether the text of combinations no record uses outweighs the live text.
     bool wantsRebuild() const { return m_deadChars > 4096 && m_deadChars > m_text.size() / 2; }
 
