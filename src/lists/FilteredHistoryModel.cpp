@@ -16,6 +16,8 @@ void FilteredHistoryModel::letGoOfRecords()
 
 QList<qint64> FilteredHistoryModel::shownIds() const
 {
+    if (m_recordsLetGo)
+        return {};
     QList<qint64> ids(m_count);
     qint64 *id = ids.data();
     const HistoryData *records = m_records.constData();
@@ -94,7 +96,9 @@ void FilteredHistoryModel::show(const QList<HistoryData> &records, std::optional
         const QList<qint64> oldIds = m_ids ? *m_ids : shownIds();
         const qint64 *oldId = oldIds.constData();
         const HistoryData *record = records.constData();
-        if (rows) {
+        if (oldIds.size() != oldCount) {
+            // Nothing known of the old rows: all of them give way.
+        } else if (rows) {
             const int *newRow = rows->constData();
             std::tie(head, tail) = commonEnds(oldCount, newCount, [oldId, record, newRow](qsizetype i, qsizetype j) {
                 return oldId[i] == record[newRow[j]].objectId;
