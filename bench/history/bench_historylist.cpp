@@ -63,14 +63,20 @@ void benchModel(HistoryCallDataService &store)
     Service::shared(); // made once per app, at start-up
     QElapsedTimer timer;
     QList<double> buildMs;
+    qsizetype indexBytes = 0;
+    qsizetype combinations = 0;
     for (int i = 0; i < 7; ++i) {
         HistorySearchIndex index;
         timer.start();
         index.rebuild(store.savedEntities());
         buildMs.append(timer.nsecsElapsed() / 1e6);
+        indexBytes = index.memoryBytes();
+        combinations = index.combinationCount();
     }
     out() << "search text for " << store.savedEntities().size() << " records built (on a worker thread) in: median "
           << median(buildMs) << " ms" << Qt::endl;
+    out() << "  it holds " << combinations << " distinct name and number combinations in " << indexBytes / 1024
+          << " KiB" << Qt::endl;
 
     timer.restart();
     HistoryViewModel vm(&store, UserDefaultsService::shared(), Service::shared());

@@ -1,26 +1,67 @@
 #include "FilteredHistoryModel.h"
 
+#include <tuple>
+#include <utility>
+
 FilteredHistoryModel::FilteredHistoryModel(QObject *parent) : QAbstractListModel(parent) { }
 
 void FilteredHistoryModel::letGoOfRecords()
 {
+    if (m_recordsLetGo)
+        return;
+    m_ids = shownIds();
     m_records = QList<HistoryData>();
+    m_recordsLetGo = true;
 }
+
+QList<qint64> FilteredHistoryModel::shownIds() const
+{
+    if (m_recordsLetGo)
+        return {};
+    QList<qint64> ids(m_count);
+    qint64 *id = ids.data();
+    const HistoryData *records = m_records.constData();
+    if (m_rows) {
+        const int *rows = m_rows->constData();
+        for (qsizetype row = 0; row < m_count; ++row)
+            id[row] = records[rows[row]].objectId;
+    } else {
+        for (qsizetype row = 0; row < m_count; ++row)
+            id[row] = records[row].objectId;
+    }
+    return ids;
+}
+
+namespace {
+
+// How many rows two selections share at their start, and then at their end,
+// `same(i, j)` telling whether old row i and new row j show the same record.
+template<typename Same>
+std::pair<qsizetype, qsizetype> commonEnds(qsizetype oldCount, qsizetype newCount, Same same)
+{
+    const qsizetype shorter = std::min(oldCount, newCount);
+    qsizetype head = 0;
+    while (head < shorter && same(head, head))
+        ++head;
+    qsizetype tail = 0;
+    while (tail < shorter - head && same(oldCount - 1 - tail, newCount - 1 - tail))
+        ++tail;
+    return { head, tail };
+}
+
+} // namespace
 
 void FilteredHistoryModel::show(const QList<HistoryData> &records, std::optional<QList<int>> rows, bool replaced)
 {
     const qsizetype oldCount = m_count;
     const qsizetype newCount = rows ? rows->size() : records.size();
-    QList<qint64> ids;
-    ids.reserve(newCount);
-    for (qsizetype row = 0; row < newCount; ++row)
-        ids.append(records.at(rows ? rows->at(row) : row).objectId);
 
     if (replaced) {
         beginResetModel();
         m_records = records;
+        m_recordsLetGo = false;
         m_rows = std::move(rows);
-        m_ids = std::move(ids);
+        m_ids.reset();
         m_count = newCount;
         m_moving = false;
         endResetModel();
@@ -29,14 +70,45 @@ void FilteredHistoryModel::show(const QList<HistoryData> &records, std::optional
         return;
     }
 
-    // The rows both selections share at their start and at their end.
-    const qsizetype shorter = std::min(oldCount, newCount);
+    // The rows both selections share at their start and at their end: in the
+    // same record list the same row number is the same record; a changed
+    // list's records are told apart by their ids.
     qsizetype head = 0;
-    while (head < shorter && m_ids.at(head) == ids.at(head))
-        ++head;
     qsizetype tail = 0;
-    while (tail < shorter - head && m_ids.at(oldCount - 1 - tail) == ids.at(newCount - 1 - tail))
-        ++tail;
+    const bool sameList = !m_recordsLetGo && records.constData() == m_records.constData()
+        && records.size() == m_records.size();
+    if (sameList) {
+        const QList<int> *oldRows = m_rows ? &*m_rows : nullptr;
+        const QList<int> *newRows = rows ? &*rows : nullptr;
+        if (oldRows && newRows && oldRows->constData() == newRows->constData() && oldCount == newCount) {
+            head = newCount; // the very same selection
+        } else if (oldRows && newRows) {
+            const int *o = oldRows->constData();
+            const int *n = newRows->constData();
+            std::tie(head, tail) = commonEnds(oldCount, newCount, [o, n](qsizetype i, qsizetype j) { return o[i] == n[j]; });
+        } else {
+            std::tie(head, tail) = commonEnds(oldCount, newCount, [oldRows, newRows](qsizetype i, qsizetype j) {
+                return (oldRows ? oldRows->at(i) : i) == (newRows ? newRows->at(j) : j);
+            });
+        }
+    } else {
+        // Only the new rows compared are looked at.
+        const QList<qint64> oldIds = m_ids ? *m_ids : shownIds();
+        const qint64 *oldId = oldIds.constData();
+        const HistoryData *record = records.constData();
+        if (oldIds.size() != oldCount) {
+            // Nothing known of the old rows: all of them give way.
+        } else if (rows) {
+            const int *newRow = rows->constData();
+            std::tie(head, tail) = commonEnds(oldCount, newCount, [oldId, record, newRow](qsizetype i, qsizetype j) {
+                return oldId[i] == record[newRow[j]].objectId;
+            });
+        } else {
+            std::tie(head, tail) = commonEnds(oldCount, newCount, [oldId, record](qsizetype i, qsizetype j) {
+                return oldId[i] == record[j].objectId;
+            });
+        }
+    }
     // Between them, old rows give way to new ones: the overlap changes in
     // place, the rest is removed or inserted after it.
     const qsizetype oldMiddle = oldCount - head - tail;
@@ -46,8 +118,9 @@ void FilteredHistoryModel::show(const QList<HistoryData> &records, std::optional
     // The new selection is read from now on; until the change is fully
     // announced, rows keep their old numbers (see recordAt()).
     m_records = records;
+    m_recordsLetGo = false;
     m_rows = std::move(rows);
-    m_ids = std::move(ids);
+    m_ids.reset();
     m_moving = true;
     m_split = head;
     m_tailFrom = oldCount - tail;

@@ -38,7 +38,8 @@ public:
 
     // Shows `rows` of `records` (ascending indexes), or every record when
     // `rows` is std::nullopt. With `replaced`, the rows are announced as a
-    // new list; otherwise records are told apart by their ids.
+    // new list; otherwise records are told apart by their row numbers in an
+    // unchanged list, by their ids in a changed one.
     void show(const QList<HistoryData> &records, std::optional<QList<int>> rows, bool replaced = false);
     // Drops the model's share of the record list until the next show(), so
     // that its owner can change it in place. Rows read as empty meanwhile.
@@ -60,12 +61,18 @@ signals:
 
 private:
     const HistoryData *recordAt(int row) const;
+    // The ids of the rows shown now.
+    QList<qint64> shownIds() const;
 
     QList<HistoryData> m_records;
     std::optional<QList<int>> m_rows;
     qsizetype m_count = 0;
-    // The ids of the rows shown, to compare the next selection with.
-    QList<qint64> m_ids;
+    // Whether m_records was let go of: the next list is a changed one.
+    bool m_recordsLetGo = false;
+    // The ids of the rows shown when the record list was let go of, to
+    // compare the changed list's selection with. While the list stays the
+    // same, selections are compared by row numbers instead.
+    std::optional<QList<qint64>> m_ids;
     // While show() announces a change: rows below m_split and from
     // m_tailFrom on are read from the new selection (the latter m_tailShift
     // rows further on), the others are going.

@@ -1,8 +1,11 @@
 #include "HistorySearchIndex.h"
 
+#include <QHash>
+#include <QHashFunctions>
 #include <QStringView>
 
 #include <cstring>
+#include <vector>
 
 namespace {
 
@@ -52,23 +55,49 @@ bool HistorySearchIndex::matches(const HistoryData &record, const QString &needl
 void HistorySearchIndex::clear()
 {
     m_text.clear();
-    m_starts.clear();
-    m_ends.clear();
+    m_combinationStarts = { 0 };
+    m_combinationUses.clear();
+    m_rowCombinations.clear();
+    m_slots.clear();
     m_deadChars = 0;
     m_asciiCounts.fill(0);
+}
+
+qsizetype HistorySearchIndex::memoryBytes() const
+{
+    return qsizetype(sizeof(*this)) + m_text.capacity() * qsizetype(sizeof(QChar))
+        + (m_combinationStarts.capacity() + m_combinationUses.capacity() + m_rowCombinations.capacity())
+        * qsizetype(sizeof(quint32))
+        + m_slots.capacity() * qsizetype(sizeof(qint32));
 }
 
 void HistorySearchIndex::rebuild(const QList<HistoryData> &records)
 {
     clear();
-    qsizetype chars = 0;
-    for (const HistoryData &r : records)
-        chars += r.firstName.size() + r.lastName.size() + r.telephone.size() + 3;
-    m_text.reserve(chars);
-    m_starts.reserve(records.size());
-    m_ends.reserve(records.size());
-    for (const HistoryData &r : records)
+    m_rowCombinations.reserve(records.size());
+    // Most records repeat an earlier one word for word: those take its
+    // combination without folding their text again.
+    QHash<size_t, qsizetype> earlier; // the fields' hash, the first record with it
+    for (qsizetype i = 0; i < records.size(); ++i) {
+        const HistoryData &r = records.at(i);
+        const size_t hash = qHashMulti(0, r.firstName, r.lastName, r.telephone);
+        const auto seen = earlier.constFind(hash);
+        if (seen == earlier.cend()) {
+            earlier.insert(hash, i);
+        } else {
+            const HistoryData &first = records.at(*seen);
+            if (first.firstName == r.firstName && first.lastName == r.lastName && first.telephone == r.telephone) {
+                const quint32 combination = m_rowCombinations.at(*seen);
+                ++m_combinationUses[combination];
+                m_rowCombinations.append(combination);
+                continue;
+            }
+        }
         appendRecord(r);
+    }
+    m_text.squeeze();
+    m_combinationStarts.squeeze();
+    m_combinationUses.squeeze();
 }
 
 void HistorySearchIndex::append(const QList<HistoryData> &records, qsizetype from)
@@ -79,7 +108,9 @@ void HistorySearchIndex::append(const QList<HistoryData> &records, qsizetype fro
 
 void HistorySearchIndex::appendRecord(const HistoryData &record)
 {
-    m_starts.append(m_text.size());
+    // The record's text goes to the end of the buffer first; if some
+    // combination already has it, it is taken back off again.
+    const qsizetype start = m_text.size();
     for (const QString *field : { &record.firstName, &record.lastName, &record.telephone }) {
         // Folded in place in the buffer: no string per field.
         const qsizetype at = m_text.size();
@@ -90,11 +121,8 @@ void HistorySearchIndex::appendRecord(const HistoryData &record)
         for (qsizetype i = 0; i < length; ++i) {
             char16_t c = begin[i].unicode();
             if (c < 0x80) {
-                if (c >= u'A' && c <= u'Z') {
-                    c += 32;
-                    begin[i] = QChar(c);
-                }
-                ++m_asciiCounts[c];
+                if (c >= u'A' && c <= u'Z')
+                    begin[i] = QChar(char16_t(c + 32));
             } else if (QChar::isSurrogate(c)) {
                 simple = false;
                 break;
@@ -114,18 +142,84 @@ void HistorySearchIndex::appendRecord(const HistoryData &record)
         }
         m_text.append(separator);
     }
-    m_ends.append(m_text.size() - 1);
+
+    const size_t hash = qHash(QStringView(m_text).sliced(start));
+    qsizetype combination = findCombination(start, m_text.size(), hash);
+    if (combination >= 0) {
+        m_text.truncate(start);
+        if (m_combinationUses[combination]++ == 0)
+            m_deadChars -= m_combinationStarts.at(combination + 1) - m_combinationStarts.at(combination);
+    } else {
+        for (const QChar c : QStringView(m_text).sliced(start)) {
+            if (c.unicode() < 128)
+                ++m_asciiCounts[c.unicode()];
+        }
+        combination = m_combinationUses.size();
+        m_combinationStarts.append(quint32(m_text.size()));
+        m_combinationUses.append(1);
+        if ((combination + 1) * 2 > m_slots.size())
+            growSlots(combination + 1); // places the new combination too
+        else
+            insertSlot(quint32(combination), hash);
+    }
+    m_rowCombinations.append(quint32(combination));
+}
+
+size_t HistorySearchIndex::combinationHash(quint32 combination) const
+{
+    const qsizetype start = m_combinationStarts.at(combination);
+    return qHash(QStringView(m_text).sliced(start, m_combinationStarts.at(combination + 1) - start));
+}
+
+qsizetype HistorySearchIndex::findCombination(qsizetype start, qsizetype end, size_t hash) const
+{
+    if (m_slots.isEmpty())
+        return -1;
+    const QStringView wanted = QStringView(m_text).sliced(start, end - start);
+    const size_t mask = size_t(m_slots.size() - 1);
+    for (size_t i = hash & mask;; i = (i + 1) & mask) {
+        const qint32 combination = m_slots.at(i);
+        if (combination < 0)
+            return -1;
+        const qsizetype from = m_combinationStarts.at(combination);
+        const qsizetype to = m_combinationStarts.at(combination + 1);
+        if (to - from == wanted.size() && QStringView(m_text).sliced(from, to - from) == wanted)
+            return combination;
+    }
+}
+
+void HistorySearchIndex::insertSlot(quint32 combination, size_t hash)
+{
+    const size_t mask = size_t(m_slots.size() - 1);
+    size_t i = hash & mask;
+    while (m_slots.at(i) >= 0)
+        i = (i + 1) & mask;
+    m_slots[i] = qint32(combination);
+}
+
+void HistorySearchIndex::growSlots(qsizetype wanted)
+{
+    // At most half full, so that a probe ends soon.
+    qsizetype size = 16;
+    while (size < wanted * 2)
+        size *= 2;
+    if (size <= m_slots.size())
+        return;
+    m_slots.fill(-1, size);
+    for (qsizetype c = 0; c < m_combinationUses.size(); ++c)
+        insertSlot(quint32(c), combinationHash(quint32(c)));
 }
 
 void HistorySearchIndex::remove(qsizetype first, qsizetype last)
 {
-    if (first < 0 || last < first || last >= m_starts.size())
+    if (first < 0 || last < first || last >= m_rowCombinations.size())
         return;
-    for (qsizetype i = first; i <= last; ++i)
-        m_deadChars += m_ends.at(i) + 1 - m_starts.at(i);
-    const qsizetype n = last - first + 1;
-    m_starts.remove(first, n);
-    m_ends.remove(first, n);
+    for (qsizetype i = first; i <= last; ++i) {
+        const quint32 combination = m_rowCombinations.at(i);
+        if (--m_combinationUses[combination] == 0)
+            m_deadChars += m_combinationStarts.at(combination + 1) - m_combinationStarts.at(combination);
+    }
+    m_rowCombinations.remove(first, last - first + 1);
 }
 
 QList<int> HistorySearchIndex::search(const QString &needle, const QList<HistoryData> &records) const
@@ -136,32 +230,41 @@ QList<int> HistorySearchIndex::search(const QString &needle, const QList<History
     if (needle.contains(separator))
         return slowSearch(needle, records, nullptr);
     const QString folded = fold(needle);
-    const QStringView text(m_text);
-    const qsizetype count = m_starts.size();
+    const qsizetype combinations = m_combinationUses.size();
     const qsizetype anchor = rarestCharacter(folded);
-    rows.reserve(count);
-    // One pass over the buffer: find the next hit, credit it to the record
-    // it falls in and go on from that record's end.
+    // One pass over the combinations' text: find the next hit, credit it to
+    // the combination it falls in and go on from that combination's end. A
+    // hit never spans two, as the text searched for holds no separator.
+    std::vector<unsigned char> found(size_t(combinations), 0);
+    qsizetype matchingRows = 0;
     qsizetype from = 0;
-    qsizetype r = 0;
-    while (r < count) {
-        if (from < m_starts.at(r))
-            from = m_starts.at(r);
+    qsizetype c = 0;
+    while (c < combinations) {
         const qsizetype hit = find(folded, anchor, from);
         if (hit < 0)
             break;
-        while (r < count && m_ends.at(r) <= hit)
-            ++r;
-        if (r == count)
-            break;
-        if (hit < m_starts.at(r)) {
-            // In text a removed record left behind.
-            from = m_starts.at(r);
-            continue;
-        }
-        rows.append(int(r));
-        from = m_ends.at(r);
-        ++r;
+        while (m_combinationStarts.at(c + 1) <= hit)
+            ++c;
+        found[size_t(c)] = 1;
+        matchingRows += m_combinationUses.at(c);
+        from = m_combinationStarts.at(c + 1);
+        ++c;
+    }
+    if (matchingRows == 0)
+        return rows;
+    // Then the records whose combination was found, in order.
+    // Every row number is written and kept only when its combination was
+    // found: no branch to mispredict. The combinations' uses add up to the
+    // rows found, so the last one found ends the loop.
+    rows.resize(matchingRows);
+    int *row = rows.data();
+    const int *end = row + matchingRows;
+    const unsigned char *isFound = found.data();
+    const quint32 *combination = m_rowCombinations.constData();
+    const qsizetype count = m_rowCombinations.size();
+    for (qsizetype r = 0; r < count && row != end; ++r) {
+        *row = int(r);
+        row += isFound[combination[r]];
     }
     return rows;
 }
@@ -213,18 +316,30 @@ QList<int> HistorySearchIndex::search(const QString &needle, const QList<History
         return slowSearch(needle, records, &within);
     // Among most of the records one pass over all of them is quicker, and
     // finds the same rows: a longer text only matches where a shorter one did.
-    if (within.size() > m_starts.size() / 2)
+    if (within.size() > m_rowCombinations.size() / 2)
         return search(needle, records);
     const QString folded = fold(needle);
     const QChar *data = m_text.constData();
-    rows.reserve(within.size());
+    // Each combination is looked at once however many of the rows use it:
+    // 0 not yet, 1 it matches, 2 it does not.
+    std::vector<unsigned char> verdicts(size_t(m_combinationUses.size()), 0);
+    rows.resize(within.size());
+    int *row = rows.data();
+    const qsizetype count = m_rowCombinations.size();
     for (int r : within) {
-        if (r < 0 || r >= m_starts.size())
+        if (r < 0 || r >= count)
             continue;
-        const qsizetype start = m_starts.at(r);
-        if (segmentContains(data + start, m_ends.at(r) - start, folded.constData(), folded.size()))
-            rows.append(r);
+        const quint32 combination = m_rowCombinations.at(r);
+        unsigned char &verdict = verdicts[combination];
+        if (verdict == 0) {
+            const qsizetype start = m_combinationStarts.at(combination);
+            const qsizetype length = m_combinationStarts.at(combination + 1) - 1 - start;
+            verdict = segmentContains(data + start, length, folded.constData(), folded.size()) ? 1 : 2;
+        }
+        *row = r;
+        row += verdict == 1;
     }
+    rows.resize(row - rows.constData());
     return rows;
 }
 

@@ -2,6 +2,7 @@
 // search rules, how store changes reach it, and deleting listed records.
 #include "FilteredHistoryModel.h"
 #include "HistoryCallDataService.h"
+#include "HistorySearchIndex.h"
 #include "HistoryViewModel.h"
 #include "Platform.h"
 #include "RecordingTelephony.h"
@@ -69,6 +70,39 @@ QList<qint64> listedIds(HistoryViewModel &vm)
         ids.append(vm.filteredContacts()->at(row).objectId);
     return ids;
 }
+
+// The ids a list view would show, kept up to date only from the model's
+// change signals: rows it is not told about keep what they showed.
+struct ViewMirror
+{
+    QList<qint64> ids;
+    int resets = 0;
+
+    explicit ViewMirror(FilteredHistoryModel *model)
+    {
+        const auto idAt = [model](int row) { return model->at(row).objectId; };
+        for (int row = 0; row < model->count(); ++row)
+            ids.append(idAt(row));
+        QObject::connect(model, &QAbstractItemModel::rowsInserted, model,
+                         [this, idAt](const QModelIndex &, int first, int last) {
+                             for (int row = first; row <= last; ++row)
+                                 ids.insert(row, idAt(row));
+                         });
+        QObject::connect(model, &QAbstractItemModel::rowsRemoved, model,
+                         [this](const QModelIndex &, int first, int last) { ids.remove(first, last - first + 1); });
+        QObject::connect(model, &QAbstractItemModel::dataChanged, model,
+                         [this, idAt](const QModelIndex &from, const QModelIndex &to) {
+                             for (int row = from.row(); row <= to.row(); ++row)
+                                 ids[row] = idAt(row);
+                         });
+        QObject::connect(model, &QAbstractItemModel::modelReset, model, [this, model, idAt] {
+            ++resets;
+            ids.clear();
+            for (int row = 0; row < model->count(); ++row)
+                ids.append(idAt(row));
+        });
+    }
+};
 
 } // namespace
 
@@ -210,6 +244,53 @@ private slots:
         QCOMPARE(listedTelephones(*vm), (QStringList{ "01", "03", "04" }));
     }
 
+    // Typing and going back announce the rows that go and come, not a new
+    // list, so a view keeps the rows both searches list.
+    void keystrokesChangeOnlyTheRowsThatDiffer()
+    {
+        HistoryCallDataService store(newFile());
+        fill(store, { { "Anna", "Smith", "0611" },
+                      { "Bob", "Stone", "0622" },
+                      { "Hannah", "Lee", "0633" },
+                      { "Carl", "Anderson", "0644" },
+                      { "Anna", "Smith", "0611" },
+                      { "Dora", "Ng", "0655" } });
+        auto vm = modelOn(store);
+        FilteredHistoryModel *model = vm->filteredContacts();
+        ViewMirror view(model);
+        QSignalSpy removed(model, &QAbstractItemModel::rowsRemoved);
+        QSignalSpy inserted(model, &QAbstractItemModel::rowsInserted);
+        QSignalSpy changed(model, &QAbstractItemModel::dataChanged);
+
+        vm->setSearchText("a"); // drops Bob (row 1) only
+        QCOMPARE(removed.size(), 1);
+        QCOMPARE(removed.at(0).at(1).toInt(), 1);
+        QCOMPARE(removed.at(0).at(2).toInt(), 1);
+        QCOMPARE(changed.size(), 0);
+        vm->setSearchText("an"); // and Dora, now the last row
+        QCOMPARE(removed.size(), 2);
+        QCOMPARE(removed.at(1).at(1).toInt(), 4);
+        vm->setSearchText("ann"); // Anna, Hannah, Anna: Carl goes
+        QCOMPARE(view.ids, listedIds(*vm));
+        QCOMPARE(listedTelephones(*vm), (QStringList{ "0611", "0633", "0611" }));
+        vm->setSearchText("ann"); // the same text: nothing to tell
+        vm->setSearchText("ANN");
+        QCOMPARE(removed.size() + inserted.size() + changed.size(), 3);
+
+        // Back to everything: the missing rows come back where they were.
+        vm->setSearchText(QString());
+        QCOMPARE(view.ids, listedIds(*vm));
+        QCOMPARE(view.resets, 0);
+        QCOMPARE(listedTelephones(*vm), allTelephones(store.savedEntities()));
+
+        // A text whose rows replace others in the middle.
+        vm->setSearchText("0611");
+        vm->setSearchText("06");
+        vm->setSearchText("o");
+        QCOMPARE(view.ids, listedIds(*vm));
+        QCOMPARE(view.resets, 0);
+    }
+
     void deleteUnderSearchRemovesTheListedRecords()
     {
         const QString path = newFile();
@@ -254,6 +335,111 @@ private slots:
         QCOMPARE(vm->selectedContact()->firstName, QString("Bob"));
         vm->selectRow(3);
         QCOMPARE(vm->selectedContact()->firstName, QString("Bob"));
+    }
+
+    // Calls to the same person share their searchable text: every one of
+    // them is still listed, and deleting some leaves the others findable.
+    void repeatedPeopleAreAllListed()
+    {
+        HistoryCallDataService store(newFile());
+        QDateTime now(QDate(2026, 3, 1), QTime(9, 0));
+        store.setClock([&now] { return now = now.addSecs(90); });
+        fill(store, { { "Anna", "Smith", "0611" },
+                      { "Bob", "Stone", "0622" },
+                      { "Anna", "Smith", "0611" },
+                      { "ANNA", "smith", "0611" },
+                      { "Anna", "Smith", "0612" },
+                      { "Anna", "Smith", "0611" } });
+        auto vm = modelOn(store);
+        QAbstractItemModelTester tester(vm->filteredContacts(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+        vm->setSearchText("anna s");
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "anna s"));
+        vm->setSearchText("nna");
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "nna"));
+        QCOMPARE(listedIds(*vm).size(), 5);
+        // Each listed call keeps its own time.
+        QSet<QString> times;
+        for (int row = 0; row < vm->filteredContacts()->count(); ++row)
+            times.insert(vm->filteredContacts()->at(row).time);
+        QCOMPARE(times.size(), 5);
+
+        // The first and the last "Anna Smith 0611": the others remain.
+        vm->setSearchText("0611");
+        vm->deleteRows({ 0, 3 });
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "0611"));
+        QCOMPARE(listedIds(*vm).size(), 2);
+        vm->setSearchText("smith");
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "smith"));
+
+        // Every call of that combination gone, then a new one: found again.
+        vm->setSearchText("0611");
+        vm->deleteRows({ 0, 1 });
+        QCOMPARE(vm->filteredContacts()->count(), 0);
+        store.addHistory("Anna", "Smith", "0611", true);
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "0611"));
+        QCOMPARE(listedIds(*vm).size(), 1);
+        vm->setSearchText("a");
+        QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), "a"));
+    }
+
+    // The index keeps one text per person, follows removals and additions,
+    // and asks to be rebuilt once most of its text is of people no longer listed.
+    void searchIndexKeepsEachPersonOnce()
+    {
+        QList<HistoryData> records;
+        for (int i = 0; i < 3000; ++i) {
+            HistoryData r;
+            r.objectId = i + 1;
+            r.firstName = QStringLiteral("Person%1").arg(i % 50);
+            r.lastName = i % 2 ? QStringLiteral("Odd") : QString();
+            r.telephone = QStringLiteral("07%1").arg(i % 50);
+            records.append(r);
+        }
+        const auto expected = [&records](const QString &text) {
+            QList<int> rows;
+            for (int r = 0; r < records.size(); ++r) {
+                if (HistorySearchIndex::matches(records.at(r), text))
+                    rows.append(r);
+            }
+            return rows;
+        };
+        HistorySearchIndex index;
+        index.rebuild(records);
+        QCOMPARE(index.size(), 3000);
+        QCOMPARE(index.combinationCount(), 50); // i % 50 fixes whether i is odd
+        QCOMPARE(index.search("person1", records), expected("person1"));
+        QCOMPARE(index.search("ODD", records), expected("ODD"));
+        QCOMPARE(index.search("person1", records, index.search("person", records)), expected("person1"));
+
+        // Drop the first 2000 records; the rest still use every combination.
+        index.remove(0, 1999);
+        records.remove(0, 2000);
+        QVERIFY(!index.wantsRebuild());
+        QCOMPARE(index.search("person4", records), expected("person4"));
+        QCOMPARE(index.search("person4", records, expected("person")), expected("person4"));
+
+        // New people added and removed: their text goes dead, and a rebuild
+        // is asked for only when it outweighs the rest.
+        const qsizetype kept = records.size();
+        for (int i = 0; i < 400; ++i) {
+            HistoryData r;
+            r.objectId = 10000 + i;
+            r.firstName = QStringLiteral("Newcomer with a rather long name %1").arg(i);
+            r.telephone = QStringLiteral("08%1").arg(i);
+            records.append(r);
+        }
+        index.append(records, kept);
+        QCOMPARE(index.combinationCount(), 450);
+        QCOMPARE(index.search("newcomer", records).size(), 400);
+        QCOMPARE(index.search("0812", records), expected("0812"));
+        index.remove(kept, records.size() - 1);
+        records.remove(kept, records.size() - kept);
+        QVERIFY(index.wantsRebuild());
+        QCOMPARE(index.search("newcomer", records), QList<int>());
+        QCOMPARE(index.search("07", records), expected("07"));
+        index.rebuild(records);
+        QCOMPARE(index.combinationCount(), 50);
+        QVERIFY(!index.wantsRebuild());
     }
 
     // Changes that come while the list's search text is being built, and so
@@ -312,6 +498,7 @@ private slots:
         for (int i = 0; i < 120; ++i)
             store.addHistory(randomField(), randomField(), randomField(), false);
 
+        ViewMirror view(vm->filteredContacts());
         for (int step = 0; step < 600; ++step) {
             const int action = random.bounded(10);
             QString text = vm->searchText();
@@ -330,7 +517,9 @@ private slots:
                 vm->deleteRows({ int(random.bounded(vm->filteredContacts()->count())) });
             }
             QCOMPARE(listedIds(*vm), referenceIds(store.savedEntities(), vm->searchText()));
+            QCOMPARE(view.ids, listedIds(*vm));
         }
+        QCOMPARE(view.resets, 0);
     }
 };
 
