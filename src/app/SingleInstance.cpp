@@ -1,5 +1,8 @@
 #include "SingleInstance.h"
 
+#include "Platform.h"
+
+#include <QCryptographicHash>
 #include <QLocalServer>
 #include <QLocalSocket>
 
@@ -9,7 +12,10 @@ SingleInstance::SingleInstance(QObject *parent) : QObject(parent) { }
 
 QString SingleInstance::serverName()
 {
-    return QStringLiteral("quieton-%1").arg(::getuid());
+    // One running app per user and settings folder: an app started on other
+    // settings (another XDG config home) is a separate app.
+    const QByteArray folder = QCryptographicHash::hash(Platform::configDirectory().toUtf8(), QCryptographicHash::Sha1);
+    return QStringLiteral("quieton-%1-%2").arg(::getuid()).arg(QString::fromLatin1(folder.toHex().left(12)));
 }
 
 bool SingleInstance::forwardToRunning(const QUrl &link)

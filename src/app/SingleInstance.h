@@ -5,7 +5,7 @@
 
 class QLocalServer;
 
-// Keeps one running app per user. A second launch hands its link (or a plain
+// Keeps one running app per user and settings folder. A second launch hands its link (or a plain
 // "come forward") to the running one and exits.
 class SingleInstance : public QObject
 {
