@@ -23,13 +23,13 @@ void populateHistory(const QString &path, int count, const std::function<void(in
             const QDateTime start(QDate(2023, 1, 1), QTime(8, 0));
             for (int i = 0; i < count; ++i) {
                 HistoryData record;
-                record.time = HistoryCallDataService::timeText(start.addSecs(qint64(i) * 317));
+                record.setTime(HistoryCallDataService::timeText(start.addSecs(qint64(i) * 317)));
                 record.callHidden = i % 2;
                 describe(i, record);
                 insert.bindValue(0, record.firstName);
                 insert.bindValue(1, record.lastName);
                 insert.bindValue(2, record.telephone);
-                insert.bindValue(3, record.time);
+                insert.bindValue(3, record.time());
                 insert.bindValue(4, int(record.callHidden));
                 insert.exec();
             }

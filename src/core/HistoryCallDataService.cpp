@@ -80,7 +80,7 @@ HistoryData readRecord(const QSqlQuery &query)
     r.firstName = readText(query.value(1));
     r.lastName = readText(query.value(2));
     r.telephone = readText(query.value(3));
-    r.time = readText(query.value(4));
+    r.setTime(readText(query.value(4)));
     r.callHidden = query.value(5).toBool();
     return r;
 }
@@ -330,9 +330,8 @@ void HistoryCallDataService::addHistory(const QString &firstName, const QString 
     record.firstName = firstName;
     record.lastName = lastName;
     record.telephone = telephone;
-    record.time = timeText(m_clock());
-    if (record.time.isNull())
-        record.time = QLatin1StringView("");
+    const QString now = timeText(m_clock());
+    record.setTime(now.isNull() ? QStringLiteral("") : now);
     record.callHidden = callHidden;
     m_pending.append(PendingChange{ false, std::move(record) });
     saveData();
@@ -395,7 +394,7 @@ bool HistoryCallDataService::commitPending(QString &error)
                 insert.bindValue(0, textValue(r.firstName));
                 insert.bindValue(1, textValue(r.lastName));
                 insert.bindValue(2, textValue(r.telephone));
-                insert.bindValue(3, textValue(r.time));
+                insert.bindValue(3, textValue(r.time()));
                 insert.bindValue(4, r.callHidden ? 1 : 0);
                 ok = insert.exec();
             }

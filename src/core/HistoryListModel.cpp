@@ -56,7 +56,7 @@ QVariant HistoryListModel::data(const QModelIndex &index, int role) const
     case TelephoneRole:
         return record.telephone;
     case TimeRole:
-        return record.time;
+        return record.time();
     case CallHiddenRole:
         return record.callHidden;
     case Qt::DisplayRole:

@@ -112,15 +112,15 @@ private slots:
         HistoryCallDataService store(path);
         store.setClock([] { return QDateTime(QDate(2024, 3, 9), QTime(17, 5, 42)); });
         store.addHistory(QString(), QString(), QStringLiteral("0612"), false);
-        QCOMPARE(store.savedEntities().constLast().time, QStringLiteral("2024-03-09 17:05:42"));
+        QCOMPARE(store.savedEntities().constLast().time(), QStringLiteral("2024-03-09 17:05:42"));
 
         store.setClock([] { return QDateTime::currentDateTime(); });
         const QString before = HistoryCallDataService::timeText(QDateTime::currentDateTime());
         store.addHistory(QString(), QString(), QStringLiteral("0613"), false);
         const QString after = HistoryCallDataService::timeText(QDateTime::currentDateTime());
-        const QString stamped = store.savedEntities().constLast().time;
+        const QString stamped = store.savedEntities().constLast().time();
         QVERIFY2(before <= stamped && stamped <= after, qPrintable(stamped));
-        QCOMPARE(readBack(path).constLast().time, stamped);
+        QCOMPARE(readBack(path).constLast().time(), stamped);
     }
 
     void deletesOneAndAll()
@@ -344,6 +344,38 @@ private slots:
         QCOMPARE(store.savedEntities(), readBack(path));
         QCOMPARE(store.savedEntities().size(), 2);
         QCOMPARE(store.savedEntities().constFirst().telephone, QStringLiteral("new"));
+    }
+
+    void timeTextsComeBackExactlyAsStored()
+    {
+        // The app's own form is kept compactly; every other text as it is.
+        const QString path = freshPath();
+        const QStringList texts{ QStringLiteral("2024-03-09 17:05:42"), QStringLiteral("0007-01-01 00:00:00"),
+                                 QStringLiteral("9999-12-31 23:59:59"), QStringLiteral("2024-03-09T17:05:42"),
+                                 QStringLiteral("2024-03-09 17:05:4x"), QStringLiteral("２０２４-03-09 17:05:42"),
+                                 QStringLiteral("yesterday"), QStringLiteral("") };
+        QVERIFY(QDir().mkpath(QFileInfo(path).absolutePath()));
+        {
+            OtherWriter other(path);
+            QVERIFY(other.exec(QStringLiteral("CREATE TABLE HistoryData "
+                                              "(firstName TEXT, lastName TEXT, telephone TEXT, time TEXT, callHidden INTEGER)")));
+            for (const QString &text : texts)
+                QVERIFY(other.exec(QStringLiteral("INSERT INTO HistoryData (telephone, time) VALUES ('1', '%1')").arg(text)));
+            QVERIFY(other.exec(QStringLiteral("INSERT INTO HistoryData (telephone) VALUES ('no time')")));
+        }
+        HistoryCallDataService store(path);
+        const QList<HistoryData> list = store.savedEntities();
+        QCOMPARE(list.size(), texts.size() + 1);
+        for (int i = 0; i < texts.size(); ++i) {
+            QCOMPARE(list[i].time(), texts[i]);
+            QVERIFY(!list[i].time().isNull());
+        }
+        QVERIFY(list.constLast().time().isNull());
+        HistoryData a = list[0], b = list[0];
+        b.setTime(QStringLiteral("2024-03-09 17:05:43"));
+        QVERIFY(a != b);
+        b.setTime(QStringLiteral("2024-03-09 17:05:42"));
+        QCOMPARE(a, b);
     }
 
     void backgroundFirstReadPublishesTheSameRecords()

@@ -360,7 +360,7 @@ private slots:
         // Each listed call keeps its own time.
         QSet<QString> times;
         for (int row = 0; row < vm->filteredContacts()->count(); ++row)
-            times.insert(vm->filteredContacts()->at(row).time);
+            times.insert(vm->filteredContacts()->at(row).time());
         QCOMPARE(times.size(), 5);
 
         // The first and the last "Anna Smith 0611": the others remain.
