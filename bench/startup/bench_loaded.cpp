@@ -17,6 +17,9 @@
 // given as CPU time of the main thread, which the machine's other load does
 // not inflate. Offscreen unless QT_QPA_PLATFORM says otherwise.
 #include "HistoryCallDataService.h"
+#include "HistoryFile.h"
+#include "ProcessInfo.h"
+#include "Statistics.h"
 #include "QuietonApp.h"
 
 #include <QDir>
@@ -33,8 +36,6 @@
 #include <QQuickStyle>
 #include <QQuickWindow>
 #include <QRandomGenerator>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -222,45 +223,21 @@ bool writeHistory(const QString &home, const QList<Person> &people)
     const QString path = home + QStringLiteral("/data/quieton/CallHistoryData.sqlite");
     QDir().mkpath(QFileInfo(path).absolutePath());
     QRandomGenerator random(100000);
-    bool ok = false;
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("bench"));
-        db.setDatabaseName(path);
-        ok = db.open();
-        QSqlQuery query(db);
-        // As the app creates its file.
-        ok = ok && query.exec(QStringLiteral("PRAGMA encoding = 'UTF-16le'"))
-            && query.exec(QStringLiteral("PRAGMA journal_mode=WAL"))
-            && query.exec(QStringLiteral("CREATE TABLE HistoryData "
-                                         "(firstName TEXT, lastName TEXT, telephone TEXT, time TEXT, callHidden INTEGER)"))
-            && db.transaction()
-            && query.prepare(QStringLiteral("INSERT INTO HistoryData VALUES (?, ?, ?, ?, ?)"));
-        const QDateTime firstCall(QDate(2022, 1, 3), QTime(8, 30));
-        for (int i = 0; ok && i < historyRows; ++i) {
-            const int roll = random.bounded(100);
-            if (roll < 85) {
-                // Half the calls go to 50 people, the rest to 3000 others.
-                const int who = roll < 42 ? random.bounded(50) : 50 + random.bounded(3000);
-                const Person &p = people.at(who);
-                query.bindValue(0, QString::fromUtf8(p.given));
-                query.bindValue(1, QString::fromUtf8(p.family));
-                query.bindValue(2, QString::fromUtf8(p.phones.at(random.bounded(int(p.phones.size())))));
-            } else {
-                query.bindValue(0, QString(QLatin1StringView("")));
-                query.bindValue(1, QString(QLatin1StringView("")));
-                query.bindValue(2, QString::fromUtf8(phoneNumber(random)));
-            }
-            // A call every 20 minutes or so: every time stamp its own.
-            query.bindValue(3, firstCall.addSecs(qint64(i) * 1100 + random.bounded(600))
-                                   .toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")));
-            query.bindValue(4, random.bounded(3) != 0 ? 1 : 0);
-            ok = query.exec();
+    bench::populateHistory(path, historyRows, [&](int, HistoryData &record) {
+        const int roll = random.bounded(100);
+        if (roll < 85) {
+            // Half the calls go to 50 people, the rest to 3000 others.
+            const int who = roll < 42 ? random.bounded(50) : 50 + random.bounded(3000);
+            const Person &p = people.at(who);
+            record.firstName = QString::fromUtf8(p.given);
+            record.lastName = QString::fromUtf8(p.family);
+            record.telephone = QString::fromUtf8(p.phones.at(random.bounded(int(p.phones.size()))));
+        } else {
+            record.firstName = record.lastName = QStringLiteral("");
+            record.telephone = QString::fromUtf8(phoneNumber(random));
         }
-        ok = ok && db.commit();
-        db.close();
-    }
-    QSqlDatabase::removeDatabase(QStringLiteral("bench"));
-    return ok;
+    });
+    return HistoryCallDataService(path).count() == historyRows;
 }
 
 bool prepareHome(const QString &home)
@@ -276,18 +253,6 @@ bool prepareHome(const QString &home)
 }
 
 // ---------------------------------------------------------------- one run
-
-qint64 statusKib(const char *field)
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return -1;
-    for (const QByteArray &line : status.readAll().split('\n')) {
-        if (line.startsWith(field))
-            return line.mid(qstrlen(field)).trimmed().split(' ').value(0).toLongLong();
-    }
-    return -1;
-}
 
 // What a run tells its parent: one measured value a line.
 void sample(const QByteArray &name, double value)
@@ -401,9 +366,9 @@ QByteArray stopStage;
 
 void memorySamples(const char *stage)
 {
-    sample(QByteArray("rss_") + stage, statusKib("VmRSS:") / 1024.0);
-    sample(QByteArray("rss_anon_") + stage, statusKib("RssAnon:") / 1024.0);
-    sample(QByteArray("rss_file_") + stage, statusKib("RssFile:") / 1024.0);
+    sample(QByteArray("rss_") + stage, bench::statusKb("VmRSS:") / 1024.0);
+    sample(QByteArray("rss_anon_") + stage, bench::statusKb("RssAnon:") / 1024.0);
+    sample(QByteArray("rss_file_") + stage, bench::statusKb("RssFile:") / 1024.0);
     if (stopStage == stage) {
         std::printf("stopped after %s\n", stage);
         std::fflush(stdout);
@@ -569,7 +534,7 @@ int runOnce(int argc, char *argv[], const QString &home)
         fail("no settings screen");
     frames.settle(300);
     memorySamples("settings");
-    sample("hwm_loaded", statusKib("VmHWM:") / 1024.0);
+    sample("hwm_loaded", bench::statusKb("VmHWM:") / 1024.0);
     memorySamples("loaded");
 
     // Taps on tabs already shown: contacts sorts again each time it shows.
@@ -600,12 +565,12 @@ int runOnce(int argc, char *argv[], const QString &home)
             typeKeys(window, frames, typingRound(), list, searchText);
     }
     frames.settle(100);
-    sample("hwm_after_typing", statusKib("VmHWM:") / 1024.0);
+    sample("hwm_after_typing", bench::statusKb("VmHWM:") / 1024.0);
     memorySamples("after_typing");
 #ifdef __GLIBC__
     // How much of the resident memory is freed heap the allocator still holds.
     malloc_trim(0);
-    sample("rss_after_trim", statusKib("VmRSS:") / 1024.0);
+    sample("rss_after_trim", bench::statusKb("VmRSS:") / 1024.0);
 #endif
     std::printf("done\n");
     std::fflush(stdout);
@@ -638,19 +603,6 @@ bool launch(const QString &home, qint64 &launchNs, QByteArray &output)
     return true;
 }
 
-double median(QList<double> values)
-{
-    std::sort(values.begin(), values.end());
-    const qsizetype n = values.size();
-    return n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
-}
-
-double percentile(QList<double> values, double p)
-{
-    std::sort(values.begin(), values.end());
-    return values[std::min(values.size() - 1, qsizetype(p * double(values.size())))];
-}
-
 int measure(const QString &home, int runs)
 {
     Summary summary;
@@ -678,7 +630,7 @@ int measure(const QString &home, int runs)
             summary.samples[name].append(value);
         }
     }
-    const auto value = [&summary](const QByteArray &name) { return median(summary.samples.value(name, { -1 })); };
+    const auto value = [&summary](const QByteArray &name) { return bench::median(summary.samples.value(name, { -1 })); };
     const auto worst = [&summary](const QByteArray &name) {
         const QList<double> v = summary.samples.value(name, { -1 });
         return *std::max_element(v.begin(), v.end());
@@ -716,7 +668,7 @@ int measure(const QString &home, int runs)
         const QByteArray p = QByteArray("key_") + list;
         const auto stats = [&](const char *what) {
             const QList<double> v = summary.samples.value(p + what, { -1 });
-            return std::tuple{ median(v), percentile(v, 0.9), *std::max_element(v.begin(), v.end()) };
+            return std::tuple{ bench::median(v), bench::percentile(v, 90), bench::maximum(v) };
         };
         const auto [handle, handle90, handleMax] = stats("_handle_ms");
         const auto [handleCpu, handleCpu90, handleCpuMax] = stats("_handle_cpu_ms");

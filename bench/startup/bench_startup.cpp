@@ -4,15 +4,15 @@
 // the platform of QT_QPA_PLATFORM (offscreen by default; xcb under xvfb-run
 // for a real window). Optional argument: a folder holding prepared
 // config/ and data/ homes (e.g. a large history); otherwise an empty app.
+#include "HistoryCallDataService.h"
+#include "HistoryFile.h"
+#include "Statistics.h"
+
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QDir>
 #include <QProcess>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <cstdio>
 #include <ctime>
 
@@ -22,11 +22,6 @@ qint64 monotonicNs()
     timespec now{};
     clock_gettime(CLOCK_MONOTONIC, &now);
     return qint64(now.tv_sec) * 1000000000 + now.tv_nsec;
-}
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
 }
 // A home whose settings say onboarding is done.
 void prepareHome(const QString &home)
@@ -38,37 +33,16 @@ void prepareHome(const QString &home)
     settings.write(R"({"hasCompletedFirstLaunch": true})");
 }
 
-// `rows` calls in the app's history file, written as the app writes them.
+// `rows` calls in the app's history file, to a few hundred people.
 bool writeHistory(const QString &home, int rows)
 {
     const QString path = home + QStringLiteral("/data/quieton/CallHistoryData.sqlite");
-    bool ok = false;
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("bench"));
-        db.setDatabaseName(path);
-        ok = db.open();
-        QSqlQuery query(db);
-        ok = ok && query.exec(QStringLiteral("PRAGMA encoding = 'UTF-16le'"))
-            && query.exec(QStringLiteral("PRAGMA journal_mode=WAL"))
-            && query.exec(QStringLiteral("CREATE TABLE HistoryData "
-                                         "(firstName TEXT, lastName TEXT, telephone TEXT, time TEXT, callHidden INTEGER)"))
-            && db.transaction()
-            && query.prepare(QStringLiteral("INSERT INTO HistoryData VALUES (?, ?, ?, ?, ?)"));
-        const QDateTime firstCall(QDate(2025, 3, 1), QTime(9, 0));
-        for (int i = 0; ok && i < rows; ++i) {
-            query.bindValue(0, QStringLiteral("First%1").arg(i % 500));
-            query.bindValue(1, QStringLiteral("Last%1").arg(i % 700));
-            query.bindValue(2, QStringLiteral("+33 6 %1").arg(10000000 + i % 5000));
-            // A call every 7 minutes or so: every time stamp its own.
-            query.bindValue(3, firstCall.addSecs(qint64(i) * 431).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")));
-            query.bindValue(4, i % 2);
-            ok = query.exec();
-        }
-        ok = ok && db.commit();
-        db.close();
-    }
-    QSqlDatabase::removeDatabase(QStringLiteral("bench"));
-    return ok;
+    bench::populateHistory(path, rows, [](int i, HistoryData &record) {
+        record.firstName = QStringLiteral("First%1").arg(i % 500);
+        record.lastName = QStringLiteral("Last%1").arg(i % 700);
+        record.telephone = QStringLiteral("+33 6 %1").arg(10000000 + i % 5000);
+    });
+    return HistoryCallDataService(path).count() == rows;
 }
 
 // Launches the app repeatedly on `home` and prints the medians.
@@ -81,7 +55,7 @@ bool measure(const QString &home, const char *label)
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
 
     const int runs = 15;
-    std::vector<double> window, idle, rss;
+    QList<double> window, idle, rss;
     for (int i = 0; i < runs + 1; ++i) {
         QProcess process;
         process.setProcessEnvironment(environment);
@@ -106,8 +80,8 @@ bool measure(const QString &home, const char *label)
         rss.push_back(rssKib / 1024.0);
     }
     std::printf("start-up %s on %s, median of %d launches: window up %.0f ms, idle %.0f ms, resident %.1f MiB\n",
-                label, qPrintable(environment.value(QStringLiteral("QT_QPA_PLATFORM"))), runs, median(window),
-                median(idle), median(rss));
+                label, qPrintable(environment.value(QStringLiteral("QT_QPA_PLATFORM"))), runs, bench::median(window),
+                bench::median(idle), bench::median(rss));
     std::fflush(stdout);
     return true;
 }
