@@ -121,7 +121,6 @@ private slots:
         store.addHistory(QStringLiteral("Ann"), QString(), QStringLiteral("0612"), true);
         QVERIFY(startsWithLine(out.lines(), QStringLiteral("## Error saving to core data ")));
         QVERIFY(store.savedEntities().isEmpty());
-        QVERIFY(store.hasPendingChanges());
 
         store.deleteAllHistory();
         QVERIFY(startsWithLine(out.lines(), QStringLiteral("Error deleting history data: ")));
@@ -334,15 +333,6 @@ private slots:
             QVERIFY(!store.isFetchingInBackground());
             QCOMPARE(store.savedEntities().size(), 501);
             QCOMPARE(store.savedEntities().constLast().firstName, QStringLiteral("Early"));
-            QCOMPARE(store.savedEntities(), readBack(path));
-        }
-
-        // Another program writing during the read is still seen by the next fetch.
-        {
-            HistoryCallDataService store(path, HistoryCallDataService::FirstFetch::InBackground);
-            OtherWriter other(path);
-            QVERIFY(other.exec(QStringLiteral("DELETE FROM HistoryData WHERE rowid % 2 = 0")));
-            store.fetchHistory();
             QCOMPARE(store.savedEntities(), readBack(path));
         }
 
