@@ -36,24 +36,6 @@ class TestDialling : public QObject
 
     KeyValueStore &settings() { return UserDefaultsService::shared()->userDefaults(); }
     Service &service() { return *Service::shared(); }
-    std::unique_ptr<KeyValueStore> widgetSuiteOnDisk()
-    {
-        return JsonFileKeyValueStore::open(TestHome::configDirectory() + QStringLiteral("/group.quieton.DataWidget.json"));
-    }
-    void fillWidgetSuite()
-    {
-        KeyValueStore *suite = UserDefaultsService::shared()->userDefaultsShared();
-        suite->setString(QStringLiteral("phoneNumberWidget"), QStringLiteral("0612"));
-        suite->setBool(QStringLiteral("hiddenNumberWidget"), true);
-        suite->setBool(QStringLiteral("saveToHistoryWidget"), true);
-    }
-    void expectWidgetSuiteCleared()
-    {
-        auto suite = widgetSuiteOnDisk();
-        QCOMPARE(std::get<QString>(*suite->object(QStringLiteral("phoneNumberWidget"))), QString());
-        QCOMPARE(std::get<bool>(*suite->object(QStringLiteral("hiddenNumberWidget"))), false);
-        QCOMPARE(std::get<bool>(*suite->object(QStringLiteral("saveToHistoryWidget"))), false);
-    }
 
 private slots:
     void initTestCase()
@@ -169,13 +151,20 @@ private slots:
         QFETCH(QVariant, save);
         QuietonApp app(nullptr);
         service().setPendingCallSaveToHistory(std::nullopt);
-        fillWidgetSuite();
+        KeyValueStore *suite = UserDefaultsService::shared()->userDefaultsShared();
+        suite->setString(QStringLiteral("phoneNumberWidget"), QStringLiteral("0612"));
+        suite->setBool(QStringLiteral("hiddenNumberWidget"), true);
+        suite->setBool(QStringLiteral("saveToHistoryWidget"), true);
         const int reloadsBefore = widgets->reloads;
 
         app.handleOpenUrl(QUrl(link));
 
         QCOMPARE(telephony->opened, dialled);
-        expectWidgetSuiteCleared();
+        // The widget's choices are cleared in its file, whatever the link held.
+        const auto onDisk = JsonFileKeyValueStore::open(TestHome::configDirectory() + QStringLiteral("/group.quieton.DataWidget.json"));
+        QCOMPARE(std::get<QString>(*onDisk->object(QStringLiteral("phoneNumberWidget"))), QString());
+        QCOMPARE(std::get<bool>(*onDisk->object(QStringLiteral("hiddenNumberWidget"))), false);
+        QCOMPARE(std::get<bool>(*onDisk->object(QStringLiteral("saveToHistoryWidget"))), false);
         QCOMPARE(widgets->reloads - reloadsBefore, dialled.isEmpty() ? 1 : 2);
         QCOMPARE(service().pendingCallSaveToHistory().has_value(), save.isValid());
         if (save.isValid()) {
