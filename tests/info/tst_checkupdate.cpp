@@ -156,9 +156,7 @@ private slots:
         QTest::addColumn<bool>("newer");
         QTest::newRow("older here") << "1.2" << "1.3" << true;
         QTest::newRow("same") << "1.3" << "1.3" << false;
-        QTest::newRow("newer here") << "1.4" << "1.3" << false;
         QTest::newRow("1.9 against 1.10") << "1.9" << "1.10" << false;
-        QTest::newRow("1.10 against 1.9") << "1.10" << "1.9" << true;
         QTest::newRow("1.0.0 against 1.0.1") << "1.0.0" << "1.0.1" << true;
     }
     void storeVersionsCompareAsPlainText()
@@ -173,7 +171,6 @@ private slots:
         const QStringList lines = runCheck(checker, true, false, 1);
 
         QCOMPARE(m_server.requests.size(), 1);
-        QCOMPARE(m_server.requests.constFirst().method, QByteArray("GET"));
         QCOMPARE(m_server.requests.constFirst().target, QByteArray("/br/lookup?bundleId=app.test.Quieton"));
         QVERIFY(m_server.requests.constFirst().header("Authorization").isEmpty());
         if (newer) {
@@ -182,13 +179,8 @@ private slots:
             QVERIFY(checker.isNeedUpdate());
             QTRY_COMPARE(needChanged.size(), 1);
             QTRY_VERIFY(alert());
-            QCOMPARE(alert()->property("title").toString(), QStringLiteral("New version"));
             QCOMPARE(alert()->property("appURL").toString(),
                      QStringLiteral("https://store.example/app/quieton?v=") + store);
-            QCOMPARE(alert()->property("force").toBool(), false);
-            QTRY_VERIFY(alert()->property("opened").toBool());
-            QVERIFY(alertButton("notNowButton")->isVisible());
-            QVERIFY(alertButton("updateNowButton")->isVisible());
         } else {
             QCOMPARE(lines, QStringList{ QStringLiteral("Already on the last app version:  ") + current });
             QVERIFY(!checker.isNeedUpdate());
@@ -197,44 +189,36 @@ private slots:
         }
     }
 
-    void updateNowOpensTheLinkAndNotNowOnlyCloses()
+    // A forced update offers only "Update Now"; a link that is no address opens nothing.
+    void theAlertsButtons_data()
     {
-        m_server.answer(storeAnswer("2.0"));
-        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
-
-        runCheck(checker, true, false, 1);
-        QTRY_VERIFY(alert() && alert()->property("opened").toBool());
-        click(alertButton("notNowButton"));
-        QTRY_VERIFY(!alert());
-        QVERIFY(m_opener->opened.isEmpty());
-
-        runCheck(checker, true, false, 1);
-        QTRY_VERIFY(alert() && alert()->property("opened").toBool());
-        click(alertButton("updateNowButton"));
-        QTRY_VERIFY(!alert());
-        QCOMPARE(lastLink(m_opener), QStringLiteral("https://store.example/app/quieton?v=2.0"));
+        QTest::addColumn<bool>("optional");
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<QByteArray>("button");
+        QTest::addColumn<QString>("opened");
+        const QString link = QStringLiteral("https://store.example/app/quieton?v=2.0");
+        QTest::newRow("not now") << true << storeAnswer("2.0") << QByteArray("notNowButton") << QString();
+        QTest::newRow("update now") << true << storeAnswer("2.0") << QByteArray("updateNowButton") << link;
+        QTest::newRow("forced") << false << storeAnswer("2.0") << QByteArray("updateNowButton") << link;
+        QTest::newRow("invalid link") << true << json("{'results': [{'version': '9', 'trackViewUrl': 'not a link'}]}")
+                                      << QByteArray("updateNowButton") << QString();
     }
-
-    void aForcedUpdateOffersOnlyUpdateNow()
+    void theAlertsButtons()
     {
-        m_server.answer(storeAnswer("2.0"));
+        QFETCH(bool, optional);
+        QFETCH(QByteArray, body);
+        QFETCH(QByteArray, button);
+        QFETCH(QString, opened);
+        m_server.answer(body);
         CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
-        runCheck(checker, false, false, 1);
+        runCheck(checker, optional, false, 1);
         QTRY_VERIFY(alert() && alert()->property("opened").toBool());
-        QCOMPARE(alert()->property("force").toBool(), true);
-        QVERIFY(!alertButton("notNowButton")->isVisible());
+        QCOMPARE(alert()->property("force").toBool(), !optional);
+        QCOMPARE(alertButton("notNowButton")->isVisible(), optional);
         QVERIFY(alertButton("updateNowButton")->isVisible());
-    }
-
-    void anInvalidLinkOpensNothing()
-    {
-        m_server.answer(json("{'results': [{'version': '9', 'trackViewUrl': 'not a link'}]}"));
-        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
-        runCheck(checker, true, false, 1);
-        QTRY_VERIFY(alert() && alert()->property("opened").toBool());
-        click(alertButton("updateNowButton"));
+        click(alertButton(button.constData()));
         QTRY_VERIFY(!alert());
-        QVERIFY(m_opener->opened.isEmpty());
+        QCOMPARE(lastLink(m_opener), opened);
     }
 
     void answersWithoutAStoreRecord_data()
@@ -242,7 +226,6 @@ private slots:
         QTest::addColumn<QByteArray>("body");
         QTest::newRow("results empty") << json("{'resultCount': 0, 'results': []}");
         QTest::newRow("results absent") << json("{'resultCount': 0}");
-        QTest::newRow("results null") << json("{'results': null}");
         QTest::newRow("only beta data") << QByteArray(betaAnswer("9.9"));
     }
     void answersWithoutAStoreRecord()
@@ -262,21 +245,15 @@ private slots:
         QTest::addColumn<QString>("reason");
         QTest::newRow("record without trackViewUrl")
                 << json("{'results': [{'version': '9.0'}]}") << false << "trackViewUrl";
-        QTest::newRow("version as a number")
-                << json("{'results': [{'version': 9, 'trackViewUrl': 'https://x'}]}") << false << "version";
         QTest::newRow("a later record broken")
                 << json("{'results': [{'version': '9', 'trackViewUrl': 'https://x'}, {'version': '8'}]}")
                 << false << "results[1]";
         QTest::newRow("results not an array") << json("{'results': {'version': '9'}}") << false << "results";
+        QTest::newRow("empty body") << QByteArray() << false << "invalidResponse";
         QTest::newRow("not JSON") << QByteArray("<html>Service Unavailable</html>") << false << "JSON";
-        QTest::newRow("an array at the top") << QByteArray("[]") << false << "object";
         QTest::newRow("beta with expired as a boolean")
                 << json("{'data': [{'type': 'builds', 'attributes': {'version': '9.9', 'expired': false}}]}")
                 << true << "expired";
-        QTest::newRow("beta without type")
-                << json("{'data': [{'attributes': {'version': '9.9', 'expired': 'false'}}]}") << true << "type";
-        QTest::newRow("beta without attributes") << json("{'data': [{'type': 'builds'}]}") << true
-                                                 << "attributes";
         QTest::newRow("beta answer broken in the lookup")
                 << json("{'results': [], 'data': [{'type': 'builds'}]}") << false << "attributes";
     }
@@ -301,14 +278,6 @@ private slots:
         QVERIFY(!alert());
     }
 
-    void unknownMembersAreIgnored()
-    {
-        m_server.answer(json("{'extra': {'deep': [1, 2]}, 'results': [{'version': '5', 'trackViewUrl': 'https://x/5', 'releaseNotes': null, 'genres': ['Utilities']}], 'data': null}"));
-        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("4"))));
-        QCOMPARE(runCheck(checker, true, false, 1),
-                 QStringList{ QStringLiteral("Needs update: AppStore Version: 5 > Current version:  4") });
-    }
-
     void theHttpStatusIsNotLookedAt()
     {
         m_server.answer(storeAnswer("3.0"), 503);
@@ -316,15 +285,6 @@ private slots:
         QCOMPARE(runCheck(checker, true, false, 1),
                  QStringList{ QStringLiteral("Needs update: AppStore Version: 3.0 > Current version:  2.0") });
         QTRY_VERIFY(alert());
-    }
-
-    void anEmptyBodyIsAnInvalidResponse()
-    {
-        m_server.answer(QByteArray());
-        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
-        QCOMPARE(runCheck(checker, true, false, 2),
-                 (QStringList{ QStringLiteral("error getting app AppStore version:  invalidResponse"),
-                               QStringLiteral("App does not exist on AppStore") }));
     }
 
     void aDeadPortIsATransportError()
@@ -388,8 +348,6 @@ private slots:
         QVERIFY(!checker.isNeedUpdate()); // only a store record raises it
 
         closeAlerts();
-        m_server.answer(betaAnswer("1.4"));
-        QCOMPARE(runCheck(checker, true, true, 1), QStringList{ QStringLiteral("Already on the last app version:  1.4") });
         m_server.answer(json("{'data': []}"));
         QCOMPARE(runCheck(checker, true, true, 1), QStringList{ QStringLiteral("App does not exist on TestFlight") });
 
@@ -426,44 +384,34 @@ private slots:
         QVERIFY(!alert());
     }
 
-    void aMissingInformationFileStopsBeforeAnyRequest()
+    void unusableInformationStopsTheCheck_data()
     {
-        CheckUpdate checker(config(m_folder.filePath(QStringLiteral("nowhere/Info.plist"))));
-        QCOMPARE(runCheck(checker, true, false, 2),
-                 (QStringList{ QStringLiteral("Couldn't find file 'Info.plist'."),
-                               QStringLiteral("Erro to decode app current version") }));
-        QTest::qWait(50);
-        QVERIFY(m_server.requests.isEmpty());
-    }
-
-    void aMissingVersionStopsBeforeAnyRequest()
-    {
-        CheckUpdate checker(config(writeInfoPlist(QString())));
-        QCOMPARE(runCheck(checker, true, false, 2),
-                 (QStringList{ QStringLiteral("Couldn't find key 'CFBundleShortVersionString' in 'Info.plist'."),
-                               QStringLiteral("Erro to decode app current version") }));
-        QTest::qWait(50);
-        QVERIFY(m_server.requests.isEmpty());
-    }
-
-    void anUnusableBundleIdentifierIsInvalidBundleInfo_data()
-    {
+        QTest::addColumn<QString>("version");
         QTest::addColumn<QString>("bundleId");
         QTest::addColumn<QStringList>("lines");
-        QTest::newRow("missing") << QString()
-                                 << QStringList{ QStringLiteral("Couldn't find key 'CFBundleIdentifier' in 'Info.plist'."),
-                                                 QStringLiteral("error getting app AppStore version:  invalidBundleInfo"),
-                                                 QStringLiteral("App does not exist on AppStore") };
-        QTest::newRow("not an address") << QStringLiteral("app test Quieton")
-                                        << QStringList{ QStringLiteral("error getting app AppStore version:  invalidBundleInfo"),
-                                                        QStringLiteral("App does not exist on AppStore") };
+        const QString decode = QStringLiteral("Erro to decode app current version");
+        const QStringList invalid{ QStringLiteral("error getting app AppStore version:  invalidBundleInfo"),
+                                   QStringLiteral("App does not exist on AppStore") };
+        QTest::newRow("no file") << QString() << QString()
+                                 << QStringList{ QStringLiteral("Couldn't find file 'Info.plist'."), decode };
+        QTest::newRow("no version")
+                << QString() << QStringLiteral("app.test.Quieton")
+                << QStringList{ QStringLiteral("Couldn't find key 'CFBundleShortVersionString' in 'Info.plist'."), decode };
+        QTest::newRow("no bundle identifier")
+                << QStringLiteral("1.0") << QString()
+                << QStringList{ QStringLiteral("Couldn't find key 'CFBundleIdentifier' in 'Info.plist'.") } + invalid;
+        QTest::newRow("identifier not an address") << QStringLiteral("1.0") << QStringLiteral("app test Quieton") << invalid;
     }
-    void anUnusableBundleIdentifierIsInvalidBundleInfo()
+    void unusableInformationStopsTheCheck()
     {
+        QFETCH(QString, version);
         QFETCH(QString, bundleId);
         QFETCH(QStringList, lines);
-        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"), bundleId)));
+        const QString path = version.isNull() && bundleId.isNull() ? m_folder.filePath(QStringLiteral("nowhere/Info.plist"))
+                                                                   : writeInfoPlist(version, bundleId);
+        CheckUpdate checker(config(path));
         QCOMPARE(runCheck(checker, true, false, int(lines.size())), lines);
+        QTest::qWait(50);
         QVERIFY(m_server.requests.isEmpty());
     }
 
@@ -481,7 +429,6 @@ private slots:
         writeInfoPlist(QStringLiteral("1.1"), QStringLiteral("app.test.Quieton"),
                        "<key>CFBundleVersion</key><integer>7</integer>\n");
         QCOMPARE(checker.infoPlistValue(QStringLiteral("CFBundleVersion")), std::nullopt);
-        QCOMPARE(checker.infoPlistValue(QStringLiteral("NoSuchKey")), std::nullopt);
         QFile broken(path);
         QVERIFY(broken.open(QIODevice::WriteOnly | QIODevice::Truncate));
         broken.write("<plist><dict><key>CFBundleShortVersionString</key><string>1.2");
@@ -489,27 +436,21 @@ private slots:
         QCOMPARE(checker.infoPlistValue(QStringLiteral("CFBundleShortVersionString")), std::nullopt);
         QCOMPARE(printed(capture),
                  (QStringList{ QStringLiteral("Couldn't find key 'CFBundleVersion' in 'Info.plist'."),
-                               QStringLiteral("Couldn't find key 'NoSuchKey' in 'Info.plist'."),
                                QStringLiteral("Couldn't find key 'CFBundleShortVersionString' in 'Info.plist'.") }));
     }
 
     void theBuiltInInformationFileAndAddresses()
     {
         // What the app's own checker is made from (test programs use a local one).
-        CheckUpdate built(CheckUpdate::Config::fromBuild());
-        CheckUpdate &shared = built;
+        CheckUpdate shared(CheckUpdate::Config::fromBuild());
         QCOMPARE(shared.infoPlistValue(QStringLiteral("CFBundleShortVersionString")), QStringLiteral(QUIETON_TEST_VERSION));
         const std::optional<QString> bundleId = shared.infoPlistValue(QStringLiteral("CFBundleIdentifier"));
         QVERIFY(bundleId && !bundleId->isEmpty());
-        QVERIFY(shared.lookupAddress(*bundleId).startsWith(QLatin1StringView("http://")));
         QVERIFY(shared.lookupAddress(*bundleId).endsWith(QStringLiteral("/br/lookup?bundleId=") + *bundleId));
         // The identifier goes in as it is, unescaped.
         QVERIFY(shared.lookupAddress(QStringLiteral("a b/c")).endsWith(QLatin1StringView("?bundleId=a b/c")));
-        QVERIFY(shared.buildsAddress().startsWith(QLatin1StringView("https://")));
-        QVERIFY(shared.buildsAddress().contains(QRegularExpression(QStringLiteral("/v1/apps/[0-9]+/builds$"))));
+        QVERIFY(shared.buildsAddress().contains(QRegularExpression(QStringLiteral("^https://.*/v1/apps/[0-9]+/builds$"))));
         QVERIFY(shared.urlAppStore().contains(QRegularExpression(QStringLiteral("^https://[^/]+/br/app/[^/]+/id[0-9]+\\?uo=4$"))));
-        QVERIFY(!shared.isNeedUpdate());
-        QVERIFY(!shared.isTestFlight());
     }
 };
 

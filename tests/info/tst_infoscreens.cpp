@@ -21,16 +21,9 @@ public:
 
     Q_INVOKABLE QStringList opened() const { return m_opener->addresses(); }
     Q_INVOKABLE QStringList shared() const { return m_sharer->shared; }
-    Q_INVOKABLE void clear()
-    {
-        m_opener->opened.clear();
-        m_sharer->shared.clear();
-    }
+    Q_INVOKABLE void clear() { m_opener->opened.clear(); m_sharer->shared.clear(); }
     Q_INVOKABLE QString site() const { return QStringLiteral("https://" QUIETON_TEST_WEB_HOST); }
-    Q_INVOKABLE void setRightToLeft(bool rightToLeft)
-    {
-        QGuiApplication::setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-    }
+    Q_INVOKABLE void setRightToLeft(bool on) { QGuiApplication::setLayoutDirection(on ? Qt::RightToLeft : Qt::LeftToRight); }
 
 private:
     RecordingUrlOpener *m_opener;
@@ -39,19 +32,11 @@ private:
 
 class Setup : public QuickTestSetup
 {
-    RecordingUrlOpener *m_opener = nullptr;
-    RecordingSharer *m_sharer = nullptr;
+    Desktop *m_desktop = nullptr;
 
 protected:
-    void prepare() override
-    {
-        m_opener = RecordingPlatform::installUrlOpener();
-        m_sharer = RecordingPlatform::installSharer();
-    }
-    void publish(QQmlContext *context) override
-    {
-        context->setContextProperty(QStringLiteral("desktop"), new Desktop(m_opener, m_sharer));
-    }
+    void prepare() override { m_desktop = new Desktop(RecordingPlatform::installUrlOpener(), RecordingPlatform::installSharer()); }
+    void publish(QQmlContext *context) override { context->setContextProperty(QStringLiteral("desktop"), m_desktop); }
 };
 
 QUICK_TEST_MAIN_WITH_SETUP(infoscreens, Setup)

@@ -18,8 +18,6 @@ TestCase {
     Component { id: contactsComponent; ContactsView { anchors.fill: parent } }
     Component { id: historyComponent; HistoryView { anchors.fill: parent } }
     Component { id: settingComponent; SettingView { anchors.fill: parent } }
-    Component { id: aboutComponent; AboutView { anchors.fill: parent } }
-    Component { id: feedbackComponent; SendFeedBackView { anchors.fill: parent } }
     Component { id: updateAlertComponent; AppUpdateAlert { } }
     Component { id: confirmationComponent; CallConfirmationDialog { } }
 
@@ -147,17 +145,6 @@ TestCase {
             view[flag] = false
             tryCompare(cover, "visible", false)
         }
-    }
-
-    function test_about() {
-        show(aboutComponent)
-        expectNames("about", ["Back", "Privacy", "Terms Of Use"])
-    }
-
-    function test_feedback() {
-        show(feedbackComponent)
-        expectNames("feedback", ["Back", "Leave a Feedback", "Suggest a Feature", "Report a Problem",
-                                 "Share with Friend"])
     }
 
     // The alerts a call or an update check can raise.
