@@ -47,19 +47,6 @@ TestCase {
     }
 
     Component {
-        id: sizedContentComponent
-        Item {
-            anchors.fill: parent
-            property alias popup: popup
-            PopupView {
-                id: popup
-                padding: 10
-                Rectangle { width: 180; height: 90; color: "wheat" }
-            }
-        }
-    }
-
-    Component {
         id: editorComponent
         Item {
             anchors.fill: parent
@@ -237,14 +224,6 @@ TestCase {
         // And it follows the window's size.
         window.width = 420
         tryCompare(card, "width", 420)
-    }
-
-    function test_contentWithAPlainSizeKeepsIt() {
-        const owner = createTemporaryObject(sizedContentComponent, testCase)
-        owner.popup.isPresented = true
-        compare(owner.popup.card.width, 200)
-        compare(owner.popup.card.height, 110)
-        compare(owner.popup.contentItem.width, 180)
     }
 
     function test_controlsInsideKeepTheirTouchesAndKeys() {
