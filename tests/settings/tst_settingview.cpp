@@ -45,8 +45,6 @@ public:
     Q_INVOKABLE QStringList openedUrls() const { return m_opener->addresses(); }
     Q_INVOKABLE int systemSettingsOpened() const { return m_opener->systemSettingsOpened; }
     Q_INVOKABLE int sharedCount() const { return int(m_sharer->shared.size()); }
-    // The last dial string the telephony was asked to call.
-    Q_INVOKABLE QString lastDialled() const { return lastOpened(); }
 
 private:
     RecordingUrlOpener *m_opener;

@@ -17,6 +17,8 @@
 #include <QTranslator>
 #include <QtTest>
 
+#include <algorithm>
+
 class TestSettingViewModel : public QObject
 {
     Q_OBJECT
@@ -28,20 +30,35 @@ class TestSettingViewModel : public QObject
     {
         return JsonFileKeyValueStore::open(QDir(TestHome::configDirectory()).filePath(QStringLiteral("quieton.json")));
     }
+    static std::optional<QString> storedPrefix() { return onDisk()->stringValue(QStringLiteral("prefix")); }
     // The call records in the history file, read afresh.
     static qsizetype storedCalls()
     {
         HistoryCallDataService file(HistoryCallDataService::shared()->databasePath());
         return file.savedEntities().size();
     }
-    static QStringList logged(StdoutCapture &capture, const QString &start)
+    static QStringList logged(StdoutCapture &capture)
     {
-        QStringList found;
-        for (const QString &line : capture.lines()) {
-            if (line.startsWith(start))
-                found.append(line);
-        }
+        QStringList found = capture.lines();
+        found.removeIf([](const QString &line) { return !line.startsWith(QLatin1String("## ")); });
         return found;
+    }
+    // Which of the three sort switches are on, as "F", "L" and "T".
+    static QString sortFlags(const SettingViewModel &vm)
+    {
+        return QString(vm.autoSortByFirstName() ? "F" : "") + (vm.autoSortByLastName() ? "L" : "")
+                + (vm.autoSortByTelephone() ? "T" : "");
+    }
+    // A catalogue's country list: the row for every other country, then the
+    // countries in plain text order.
+    static void checkCountryList(const SettingViewModel &vm)
+    {
+        const QStringList list = vm.countryList();
+        QCOMPARE(list.size(), 25);
+        QCOMPARE(list.first(), vm.allOtherCountries());
+        QVERIFY(std::is_sorted(list.begin() + 1, list.end()));
+        for (const QString &country : list.mid(1))
+            QVERIFY2(vm.prefix_country_codes().contains(country), qPrintable(country));
     }
 
 private slots:
@@ -53,109 +70,61 @@ private slots:
     }
 
     // Must run first: nothing has touched the settings yet.
-    void freshStoreShowsTheFirstLaunchDefaults()
+    void freshStoreAndStoredValuesAtCreation()
     {
-        SettingViewModel vm;
-        QCOMPARE(vm.prefixNumber(), QStringLiteral("#31#"));
-        QVERIFY(vm.autoHiddenNumber());
-        QVERIFY(vm.autoSaveToHistory());
-        QVERIFY(vm.autoSortByFirstName());
-        QVERIFY(!vm.autoSortByLastName());
-        QVERIFY(!vm.autoSortByTelephone());
-        QCOMPARE(vm.selected_country_codes(), QString());
-        QCOMPARE(vm.selectedLang(), QString());
-        QCOMPARE(vm.sortByFirstName(), 0);
-        QCOMPARE(vm.sortByLastName(), 1);
-        QCOMPARE(vm.sortByTelephone(), 2);
-        QVERIFY(!vm.appVersion().isValid());
-    }
-
-    void appVersionComesFromTheApplication()
-    {
-        QCoreApplication::setApplicationVersion(QStringLiteral("2.4.1"));
-        SettingViewModel vm;
-        QCOMPARE(vm.appVersion(), QVariant(QStringLiteral("2.4.1")));
-        QCoreApplication::setApplicationVersion(QString());
-    }
-
-    void storedValuesAreReadAtCreation()
-    {
+        {
+            SettingViewModel vm;
+            QCOMPARE(vm.prefixNumber(), QStringLiteral("#31#"));
+            QVERIFY(vm.autoHiddenNumber());
+            QVERIFY(vm.autoSaveToHistory());
+            QCOMPARE(sortFlags(vm), QStringLiteral("F"));
+            QVERIFY(!vm.appVersion().isValid());
+        }
         UserDefaultsService &defaults = *UserDefaultsService::shared();
         defaults.setString(QStringLiteral("prefix"), QString());
         defaults.setBool(QStringLiteral("hiddenNumber"), false);
         defaults.setBool(QStringLiteral("saveToHistory"), false);
         defaults.setInteger(QStringLiteral("autoSortBy"), 1);
-        SettingViewModel vm;
-        QCOMPARE(vm.prefixNumber(), QString());
-        QVERIFY(!vm.autoHiddenNumber());
-        QVERIFY(!vm.autoSaveToHistory());
-        QVERIFY(!vm.autoSortByFirstName());
-        QVERIFY(vm.autoSortByLastName());
-        QVERIFY(!vm.autoSortByTelephone());
-
+        {
+            SettingViewModel vm;
+            QCOMPARE(vm.prefixNumber(), QString());
+            QVERIFY(!vm.autoHiddenNumber());
+            QVERIFY(!vm.autoSaveToHistory());
+            QCOMPARE(sortFlags(vm), QStringLiteral("L"));
+        }
         // An order this version does not know selects none of the three.
         defaults.setInteger(QStringLiteral("autoSortBy"), 7);
         SettingViewModel unknown;
-        QVERIFY(!unknown.autoSortByFirstName() && !unknown.autoSortByLastName() && !unknown.autoSortByTelephone());
+        QCOMPARE(sortFlags(unknown), QString());
         unknown.resetSettings();
     }
 
-    void togglesAreWrittenAtOnce()
+    void togglesAndSortOrderAreWrittenAtOnce()
     {
         SettingViewModel vm;
         QSignalSpy hiddenSpy(&vm, &SettingViewModel::autoHiddenNumberChanged);
         vm.setAutoHiddenNumber(true);
+        vm.setAutoSaveToHistory(true);
         QCOMPARE(hiddenSpy.count(), 1);
         QCOMPARE(onDisk()->object(QStringLiteral("hiddenNumber")), std::optional<SettingValue>(true));
-        vm.setAutoSaveToHistory(true);
         QCOMPARE(onDisk()->object(QStringLiteral("saveToHistory")), std::optional<SettingValue>(true));
-        vm.setAutoHiddenNumber(false);
-        vm.setAutoSaveToHistory(false);
-        auto disk = onDisk();
-        QCOMPARE(disk->object(QStringLiteral("hiddenNumber")), std::optional<SettingValue>(false));
-        QCOMPARE(disk->object(QStringLiteral("saveToHistory")), std::optional<SettingValue>(false));
-    }
 
-    void sortFlagsExcludeEachOther()
-    {
-        SettingViewModel vm;
-        vm.resetSettings();
         QSignalSpy firstSpy(&vm, &SettingViewModel::autoSortByFirstNameChanged);
-
         vm.setAutoSortByTelephone(true);
         QCOMPARE(onDisk()->object(QStringLiteral("autoSortBy")), std::optional<SettingValue>(qint64(2)));
-        QVERIFY(!vm.autoSortByFirstName());
-        QVERIFY(!vm.autoSortByLastName());
-        QVERIFY(vm.autoSortByTelephone());
+        QCOMPARE(sortFlags(vm), QStringLiteral("T"));
         QCOMPARE(firstSpy.count(), 1);
-
         vm.setAutoSortByLastName(true);
         QCOMPARE(onDisk()->integerValue(QStringLiteral("autoSortBy")), 1);
-        QVERIFY(!vm.autoSortByFirstName());
-        QVERIFY(vm.autoSortByLastName());
-        QVERIFY(!vm.autoSortByTelephone());
+        QCOMPARE(sortFlags(vm), QStringLiteral("L"));
 
-        vm.setAutoSortByFirstName(true);
-        QCOMPARE(onDisk()->integerValue(QStringLiteral("autoSortBy")), 0);
-        QVERIFY(vm.autoSortByFirstName());
-        QVERIFY(!vm.autoSortByLastName());
-        QVERIFY(!vm.autoSortByTelephone());
-    }
-
-    void switchingTheCurrentOrderOffKeepsItStored()
-    {
-        {
-            SettingViewModel vm;
-            vm.setAutoSortByTelephone(true);
-            vm.setAutoSortByTelephone(false);
-            QVERIFY(!vm.autoSortByFirstName());
-            QVERIFY(!vm.autoSortByLastName());
-            QVERIFY(!vm.autoSortByTelephone());
-            QCOMPARE(onDisk()->integerValue(QStringLiteral("autoSortBy")), 2);
-        }
+        // Switching the current order off leaves all three off and the order
+        // stored, so the next start shows it again.
+        vm.setAutoSortByLastName(false);
+        QCOMPARE(sortFlags(vm), QString());
+        QCOMPARE(onDisk()->integerValue(QStringLiteral("autoSortBy")), 1);
         SettingViewModel next;
-        QVERIFY(next.autoSortByTelephone());
-        QVERIFY(!next.autoSortByFirstName());
+        QCOMPARE(sortFlags(next), QStringLiteral("L"));
         next.resetSettings();
     }
 
@@ -167,20 +136,12 @@ private slots:
         QTest::newRow("one character") << QStringLiteral("#") << false;
         QTest::newRow("empty") << QString() << false;
         QTest::newRow("a space inside") << QStringLiteral("#31 #") << false;
-        QTest::newRow("only spaces") << QStringLiteral("   ") << false;
-        QTest::newRow("trailing space") << QStringLiteral("#31#0 ") << false;
         QTest::newRow("tab passes") << QStringLiteral("#\t") << true;
-        QTest::newRow("a lone tab") << QStringLiteral("\t") << false;
-        QTest::newRow("no-break space passes") << QStringLiteral("#\u00a0") << true;
-        QTest::newRow("letters are allowed") << QStringLiteral("ab") << true;
         QTest::newRow("one emoji") << QStringLiteral("\U0001F600") << false;
-        QTest::newRow("two emoji") << QStringLiteral("\U0001F600\U0001F600") << true;
         QTest::newRow("family emoji is one character")
                 << QStringLiteral("\U0001F468\u200D\U0001F469\u200D\U0001F467") << false;
-        QTest::newRow("flag is one character") << QStringLiteral("\U0001F1EB\U0001F1F7") << false;
         QTest::newRow("combining accent is one character") << QStringLiteral("e\u0301") << false;
         QTest::newRow("accent and a digit") << QStringLiteral("e\u03011") << true;
-        QTest::newRow("precomposed accents") << QStringLiteral("\u00e9\u00e8") << true;
     }
 
     void manualPrefixRule()
@@ -192,76 +153,18 @@ private slots:
         QCOMPARE(vm.saveManualPrefix(text), accepted);
         const QString expected = accepted ? text : QStringLiteral("*67");
         QCOMPARE(vm.prefixNumber(), expected);
-        QCOMPARE(onDisk()->stringValue(QStringLiteral("prefix")), std::optional<QString>(expected));
+        QCOMPARE(storedPrefix(), std::optional<QString>(expected));
     }
 
-    void catalogueHoldsTwentyFourCountries()
+    void countryListAndAllOtherCountries()
     {
         SettingViewModel vm;
-        const QVariantMap codes = vm.prefix_country_codes();
-        QCOMPARE(codes.size(), 24);
-        const QStringList singles = { QStringLiteral("United Kingdom"), QStringLiteral("Ireland"),
-                                      QStringLiteral("Japan"), QStringLiteral("South Africa"),
-                                      QStringLiteral("Hong Kong"), QStringLiteral("China") };
-        const QList<std::pair<QString, QStringList>> expected = {
-            { QStringLiteral("United States"), { "#31#", "*67" } },
-            { QStringLiteral("Canada"), { "#31#", "*67" } },
-            { QStringLiteral("United Kingdom"), { "141" } },
-            { QStringLiteral("Australia"), { "#31#", "1831" } },
-            { QStringLiteral("Austria"), { "#31#", "*31#" } },
-            { QStringLiteral("Ireland"), { "141" } },
-            { QStringLiteral("Germany"), { "#31#", "*31#" } },
-            { QStringLiteral("Japan"), { "184" } },
-            { QStringLiteral("Hungary"), { "#31#", "*31#" } },
-            { QStringLiteral("South Africa"), { "*31*" } },
-            { QStringLiteral("Brazil"), { "*31*", "#31#", "*31#" } },
-            { QStringLiteral("Czech Republic"), { "#31#", "*31#" } },
-            { QStringLiteral("Netherlands"), { "#31#", "*31*" } },
-            { QStringLiteral("New Zealand"), { "*67", "0197" } },
-            { QStringLiteral("Norway"), { "#31#", "*31#" } },
-            { QStringLiteral("Poland"), { "#31#", "*31#" } },
-            { QStringLiteral("Portugal"), { "#31#", "*31#" } },
-            { QStringLiteral("Romania"), { "#31#", "*31#" } },
-            { QStringLiteral("South Korea"), { "*23", "*23#" } },
-            { QStringLiteral("Hong Kong"), { "133" } },
-            { QStringLiteral("Ukraine"), { "#31#", "*31#" } },
-            { QStringLiteral("Finland"), { "#31#", "*31#" } },
-            { QStringLiteral("Mexico"), { "*31*", "*67" } },
-            { QStringLiteral("China"), { "133" } },
-        };
-        for (const auto &[country, prefixes] : expected) {
-            QVERIFY2(codes.contains(country), qPrintable(country));
-            const QVariant value = codes.value(country);
-            if (singles.contains(country)) {
-                QCOMPARE(value.metaType().id(), int(QMetaType::QString));
-                QCOMPARE(value.toString(), prefixes.first());
-            } else {
-                QCOMPARE(value.metaType().id(), int(QMetaType::QStringList));
-                QCOMPARE(value.toStringList(), prefixes);
-            }
-        }
-    }
-
-    void countryListStartsWithAllOtherCountriesThenSorts()
-    {
-        SettingViewModel vm;
-        const QStringList expected = {
-            "All Other Countries", "Australia", "Austria", "Brazil", "Canada", "China", "Czech Republic",
-            "Finland", "Germany", "Hong Kong", "Hungary", "Ireland", "Japan", "Mexico", "Netherlands",
-            "New Zealand", "Norway", "Poland", "Portugal", "Romania", "South Africa", "South Korea",
-            "Ukraine", "United Kingdom", "United States",
-        };
-        QCOMPARE(vm.countryList(), expected);
+        checkCountryList(vm);
         QCOMPARE(vm.allOtherCountries(), QStringLiteral("All Other Countries"));
-    }
-
-    void allOtherCountriesStoresTheDefaultPrefix()
-    {
-        SettingViewModel vm;
         vm.choosePrefix(QStringLiteral("141"));
         vm.selectAllOtherCountries();
         QCOMPARE(vm.prefixNumber(), QStringLiteral("#31#"));
-        QCOMPARE(onDisk()->stringValue(QStringLiteral("prefix")), std::optional<QString>(QStringLiteral("#31#")));
+        QCOMPARE(storedPrefix(), std::optional<QString>(QStringLiteral("#31#")));
     }
 
     void countryWithOnePrefixStoresItAtOnce_data()
@@ -269,11 +172,8 @@ private slots:
         QTest::addColumn<QString>("country");
         QTest::addColumn<QString>("prefix");
         QTest::newRow("United Kingdom") << QStringLiteral("United Kingdom") << QStringLiteral("141");
-        QTest::newRow("Ireland") << QStringLiteral("Ireland") << QStringLiteral("141");
         QTest::newRow("Japan") << QStringLiteral("Japan") << QStringLiteral("184");
         QTest::newRow("South Africa") << QStringLiteral("South Africa") << QStringLiteral("*31*");
-        QTest::newRow("Hong Kong") << QStringLiteral("Hong Kong") << QStringLiteral("133");
-        QTest::newRow("China") << QStringLiteral("China") << QStringLiteral("133");
     }
 
     void countryWithOnePrefixStoresItAtOnce()
@@ -285,10 +185,9 @@ private slots:
         StdoutCapture capture;
         QVERIFY(!vm.selectCountry(country));
         QCOMPARE(vm.prefixNumber(), prefix);
-        QCOMPARE(onDisk()->stringValue(QStringLiteral("prefix")), std::optional<QString>(prefix));
+        QCOMPARE(storedPrefix(), std::optional<QString>(prefix));
         QCOMPARE(vm.selected_country_codes(), QString());
-        QCOMPARE(logged(capture, QStringLiteral("## Selected Prefix for ")),
-                 QStringList{ QStringLiteral("## Selected Prefix for ") + country + QStringLiteral(" is ") + prefix });
+        QCOMPARE(logged(capture), QStringList{ "## Selected Prefix for " + country + " is " + prefix });
     }
 
     void countryWithSeveralPrefixesOffersAChoice()
@@ -299,19 +198,13 @@ private slots:
         StdoutCapture capture;
         QVERIFY(vm.selectCountry(QStringLiteral("United States")));
         QCOMPARE(vm.selected_country_codes(), QStringLiteral("United States"));
-        QCOMPARE(logged(capture, QStringLiteral("## Selected Prefix for ")),
-                 QStringList{ QStringLiteral("## Selected Prefix for United States is [\"#31#\", \"*67\"]") });
+        QCOMPARE(logged(capture), QStringList{ "## Selected Prefix for United States is [\"#31#\", \"*67\"]" });
         // Nothing is stored before a prefix is chosen.
         QCOMPARE(prefixSpy.count(), 0);
-        QCOMPARE(onDisk()->stringValue(QStringLiteral("prefix")), std::optional<QString>(QStringLiteral("#31#")));
-
-        QVariantList rows = vm.prefixChoices();
-        QCOMPARE(rows.size(), 2);
-        QCOMPARE(rows[0].toMap().value("caption").toString(), QStringLiteral("1 - United States - [#31#]"));
-        QCOMPARE(rows[1].toMap().value("caption").toString(), QStringLiteral("2 - United States - [*67]"));
+        QCOMPARE(storedPrefix(), std::optional<QString>(QStringLiteral("#31#")));
 
         QVERIFY(vm.selectCountry(QStringLiteral("Brazil")));
-        rows = vm.prefixChoices();
+        const QVariantList rows = vm.prefixChoices();
         QCOMPARE(rows.size(), 3);
         QCOMPARE(rows[0].toMap().value("caption").toString(), QStringLiteral("1 - Brazil - [*31*]"));
         QCOMPARE(rows[2].toMap().value("caption").toString(), QStringLiteral("3 - Brazil - [*31#]"));
@@ -319,7 +212,7 @@ private slots:
         // Catalogue prefixes bypass the hand-typed rule.
         vm.choosePrefix(rows[0].toMap().value("prefix").toString());
         QCOMPARE(vm.prefixNumber(), QStringLiteral("*31*"));
-        QCOMPARE(onDisk()->stringValue(QStringLiteral("prefix")), std::optional<QString>(QStringLiteral("*31*")));
+        QCOMPARE(storedPrefix(), std::optional<QString>(QStringLiteral("*31*")));
     }
 
     void unknownCountryChangesNothing()
@@ -334,7 +227,7 @@ private slots:
         QVERIFY(!vm.selectCountry(vm.allOtherCountries()));
         QCOMPARE(vm.prefixNumber(), QStringLiteral("184"));
         QCOMPARE(vm.selected_country_codes(), QStringLiteral("Brazil"));
-        QVERIFY(logged(capture, QStringLiteral("## ")).isEmpty());
+        QVERIFY(logged(capture).isEmpty());
 
         // A choice dialog for something that is not a country with a list has no rows.
         vm.setSelected_country_codes(QStringLiteral("Japan"));
@@ -351,26 +244,15 @@ private slots:
         SettingViewModel vm;
         QCoreApplication::removeTranslator(&german);
 
-        const QVariantMap codes = vm.prefix_country_codes();
-        QCOMPARE(codes.size(), 24);
-        QVERIFY(!codes.contains(QStringLiteral("Germany")));
-        QCOMPARE(codes.value(QStringLiteral("Vereinigtes Königreich")), QVariant(QStringLiteral("141")));
-        QCOMPARE(codes.value(QStringLiteral("Österreich")).toStringList(), (QStringList{ "#31#", "*31#" }));
-
-        // Plain text order of the translated names, with the translated
-        // "All Other Countries" first although it would sort last.
-        const QStringList expected = {
-            "Übrige Länder", "Australien", "Brasilien", "China", "Deutschland", "Finnland", "Hongkong", "Irland",
-            "Japan", "Kanada", "Mexiko", "Neuseeland", "Niederlande", "Norwegen", "Polen", "Portugal",
-            "Rumänien", "Südafrika", "Südkorea", "Tschechien", "Ukraine", "Ungarn", "Vereinigte Staaten",
-            "Vereinigtes Königreich", "Österreich",
-        };
-        QCOMPARE(vm.countryList(), expected);
+        QVERIFY(!vm.prefix_country_codes().contains(QStringLiteral("Germany")));
+        QCOMPARE(vm.prefix_country_codes().value(QStringLiteral("Vereinigtes Königreich")), QVariant("141"));
+        // The translated "All Other Countries" comes first although it would sort last.
+        checkCountryList(vm);
+        QCOMPARE(vm.countryList().first(), QStringLiteral("Übrige Länder"));
 
         StdoutCapture capture;
         QVERIFY(vm.selectCountry(QStringLiteral("Südkorea")));
-        QCOMPARE(logged(capture, QStringLiteral("## Selected Prefix for ")),
-                 QStringList{ QStringLiteral("## Selected Prefix for Südkorea is [\"*23\", \"*23#\"]") });
+        QCOMPARE(logged(capture), QStringList{ "## Selected Prefix for Südkorea is [\"*23\", \"*23#\"]" });
         QCoreApplication::installTranslator(&german);
         const QVariantList rows = vm.prefixChoices();
         QCoreApplication::removeTranslator(&german);
@@ -388,65 +270,44 @@ private slots:
         QVERIFY(!SettingViewModel::openStorePage(QStringLiteral("not an address")));
         QVERIFY(!SettingViewModel::openStorePage(QStringLiteral("https://store quieton.app/x")));
         QCOMPARE(m_opener->opened.size(), 1);
-
-        const int before = m_opener->systemSettingsOpened;
-        SettingViewModel::openSystemSettings();
-        QCOMPARE(m_opener->systemSettingsOpened, before + 1);
     }
 
-    void resetKeepsTheHistory()
+    // Reset puts the four settings back and keeps the history and the
+    // onboarding flags; clear all also empties the history.
+    void resetKeepsTheHistoryClearAllEmptiesIt()
     {
         HistoryCallDataService &history = *HistoryCallDataService::shared();
         history.addHistory(QStringLiteral("Ada"), QStringLiteral("Lovelace"), QStringLiteral("0612"), true);
         history.addHistory(QString(), QString(), QStringLiteral("0700"), false);
         const qsizetype calls = storedCalls();
         QVERIFY(calls >= 2);
-
         UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
         UserDefaultsService::shared()->setBool(QStringLiteral("isReadUserGuide"), true);
+
         SettingViewModel vm;
-        vm.choosePrefix(QStringLiteral("*67"));
-        vm.setAutoHiddenNumber(true);
-        vm.setAutoSaveToHistory(true);
-        vm.setAutoSortByTelephone(true);
-
-        vm.resetSettings();
-        QCOMPARE(vm.prefixNumber(), QStringLiteral("#31#"));
-        QVERIFY(!vm.autoHiddenNumber());
-        QVERIFY(!vm.autoSaveToHistory());
-        QVERIFY(vm.autoSortByFirstName());
-        QVERIFY(!vm.autoSortByLastName());
-        QVERIFY(!vm.autoSortByTelephone());
-        auto disk = onDisk();
-        QCOMPARE(disk->object(QStringLiteral("prefix")), std::optional<SettingValue>(QStringLiteral("#31#")));
-        QCOMPARE(disk->object(QStringLiteral("hiddenNumber")), std::optional<SettingValue>(false));
-        QCOMPARE(disk->object(QStringLiteral("saveToHistory")), std::optional<SettingValue>(false));
-        QCOMPARE(disk->object(QStringLiteral("autoSortBy")), std::optional<SettingValue>(qint64(0)));
-        QVERIFY(disk->boolValue(QStringLiteral("hasCompletedFirstLaunch")));
-        QVERIFY(disk->boolValue(QStringLiteral("isReadUserGuide")));
-        QCOMPARE(storedCalls(), calls);
-    }
-
-    void clearAllAlsoEmptiesTheHistory()
-    {
-        HistoryCallDataService &history = *HistoryCallDataService::shared();
-        history.addHistory(QStringLiteral("Grace"), QStringLiteral("Hopper"), QStringLiteral("0799"), false);
-        QVERIFY(storedCalls() > 0);
-        SettingViewModel vm;
-        vm.choosePrefix(QStringLiteral("184"));
-        vm.setAutoHiddenNumber(true);
-        vm.setAutoSortByLastName(true);
-
-        vm.clearAll();
-        QCOMPARE(storedCalls(), 0);
+        for (const bool clearAll : { false, true }) {
+            vm.choosePrefix(QStringLiteral("*67"));
+            vm.setAutoHiddenNumber(true);
+            vm.setAutoSaveToHistory(true);
+            vm.setAutoSortByTelephone(true);
+            if (clearAll)
+                vm.clearAll();
+            else
+                vm.resetSettings();
+            QCOMPARE(vm.prefixNumber(), QStringLiteral("#31#"));
+            QVERIFY(!vm.autoHiddenNumber());
+            QVERIFY(!vm.autoSaveToHistory());
+            QCOMPARE(sortFlags(vm), QStringLiteral("F"));
+            auto disk = onDisk();
+            QCOMPARE(disk->object(QStringLiteral("prefix")), std::optional<SettingValue>(QStringLiteral("#31#")));
+            QCOMPARE(disk->object(QStringLiteral("hiddenNumber")), std::optional<SettingValue>(false));
+            QCOMPARE(disk->object(QStringLiteral("saveToHistory")), std::optional<SettingValue>(false));
+            QCOMPARE(disk->object(QStringLiteral("autoSortBy")), std::optional<SettingValue>(qint64(0)));
+            QVERIFY(disk->boolValue(QStringLiteral("hasCompletedFirstLaunch")));
+            QVERIFY(disk->boolValue(QStringLiteral("isReadUserGuide")));
+            QCOMPARE(storedCalls(), clearAll ? 0 : calls);
+        }
         QCOMPARE(history.count(), 0);
-        auto disk = onDisk();
-        QCOMPARE(disk->stringValue(QStringLiteral("prefix")), std::optional<QString>(QStringLiteral("#31#")));
-        QCOMPARE(disk->boolValue(QStringLiteral("hiddenNumber")), false);
-        QCOMPARE(disk->boolValue(QStringLiteral("saveToHistory")), false);
-        QCOMPARE(disk->integerValue(QStringLiteral("autoSortBy")), 0);
-        QVERIFY(disk->boolValue(QStringLiteral("hasCompletedFirstLaunch")));
-        QVERIFY(vm.autoSortByFirstName() && !vm.autoSortByLastName());
     }
 };
 
