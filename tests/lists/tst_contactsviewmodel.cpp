@@ -1,5 +1,5 @@
 // The contacts model over a real vCard folder and real settings files:
-// loading, access answers, sorting, searching and the call it places.
+// loading, access answers, sorting and searching.
 #include "ContactsListModel.h"
 #include "ContactsViewModel.h"
 #include "JsonFileKeyValueStore.h"

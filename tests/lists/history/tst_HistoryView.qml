@@ -205,6 +205,16 @@ TestCase {
         history.report("history-2", true, false, false)
         const after = history.storedRows()[3]
         compare([after.firstName, after.telephone, after.callHidden], ["", "0622", false])
+
+        // With saving switched off the next call leaves the file as it is.
+        UserDefaultsService.setBool("saveToHistory", false)
+        tryCompare(dialog, "visible", false)
+        mouseClick(row(view, 0))
+        tryCompare(dialog, "opened", true)
+        mouseClick(findChild(dialog, "privateDialingButton"))
+        compare(Service.pendingCallSaveToHistory, false)
+        history.report("history-3", true, false, false)
+        compare(history.storedRows().length, 4)
     }
 
     function test_cancelAndFailedCallsStaySilent() {
@@ -232,18 +242,5 @@ TestCase {
         for (let i = 0; i < overlay.children.length; ++i)
             verify(!overlay.children[i].visible, "something is shown over the list")
         verify(!view.showingCallAlert)
-    }
-
-    function test_dialingHandsOnTheSaveSetting() {
-        UserDefaultsService.setBool("saveToHistory", false)
-        history.addRecord("0611", false, "Anna", "Smith")
-        const view = showHistory()
-        mouseClick(row(view, 0))
-        const dialog = findChild(view, "callPrivacyDialog")
-        tryCompare(dialog, "opened", true)
-        mouseClick(findChild(dialog, "normalDialingButton"))
-        compare(Service.pendingCallSaveToHistory, false)
-        compare(Service.pendingCallFirstName, "Anna")
-        compare(Service.pendingCallHidden, false)
     }
 }
