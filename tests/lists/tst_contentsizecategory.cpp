@@ -17,9 +17,6 @@ private slots:
         QTest::addColumn<int>("category");
         QTest::newRow("tiny") << 0.3 << int(ContentSizeCategory::ExtraSmall);
         QTest::newRow("default") << 1.0 << int(ContentSizeCategory::Large);
-        QTest::newRow("a bit larger") << 1.1 << int(ContentSizeCategory::ExtraLarge);
-        QTest::newRow("one and two thirds") << 1.6 << int(ContentSizeCategory::AccessibilityMedium);
-        QTest::newRow("double") << 2.0 << int(ContentSizeCategory::AccessibilityLarge);
         QTest::newRow("two and a half") << 2.5 << int(ContentSizeCategory::AccessibilityExtraLarge);
         QTest::newRow("huge") << 9.0 << int(ContentSizeCategory::AccessibilityExtraExtraExtraLarge);
         QTest::newRow("no size") << 0.0 << int(ContentSizeCategory::Unspecified);
@@ -30,25 +27,6 @@ private slots:
         QFETCH(qreal, scale);
         QFETCH(int, category);
         QCOMPARE(int(ContentSizeCategory::forTextScale(scale)), category);
-    }
-
-    void contactsScreenSizesPerStep()
-    {
-        using C = ContentSizeCategory;
-        for (C::Category c : { C::ExtraSmall, C::Large, C::ExtraExtraExtraLarge, C::AccessibilityMedium }) {
-            QCOMPARE(C::searchBarInset(c), 25);
-            QCOMPARE(C::sortSegmentFontSize(c), 16);
-        }
-        for (C::Category c : { C::AccessibilityLarge, C::AccessibilityExtraLarge }) {
-            QCOMPARE(C::searchBarInset(c), 40);
-            QCOMPARE(C::sortSegmentFontSize(c), 25);
-        }
-        for (C::Category c : { C::AccessibilityExtraExtraLarge, C::AccessibilityExtraExtraExtraLarge }) {
-            QCOMPARE(C::searchBarInset(c), 50);
-            QCOMPARE(C::sortSegmentFontSize(c), 48);
-        }
-        QCOMPARE(C::searchBarInset(C::Unspecified), 1);
-        QCOMPARE(C::sortSegmentFontSize(C::Unspecified), 1);
     }
 
     // A larger application font (the desktop's text scale) moves the step.

@@ -32,13 +32,6 @@ public:
         HistoryCallDataService::shared()->addHistory(text(firstName), text(lastName), telephone, hidden);
     }
     Q_INVOKABLE void clearHistory() { HistoryCallDataService::shared()->deleteAllHistory(); }
-    Q_INVOKABLE QStringList storedTelephones() const
-    {
-        QStringList out;
-        for (const QVariant &row : storedRows())
-            out.append(row.toMap().value(QStringLiteral("telephone")).toString());
-        return out;
-    }
 };
 
 class Setup : public QuickTestSetup
