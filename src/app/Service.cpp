@@ -44,21 +44,21 @@ void Service::makeCall(const QString &number, bool hidden)
     setCallStartedFromApp(true);
 
     const QString prefix = m_defaultsService->userDefaults().stringValue(QStringLiteral("prefix")).value_or(QString());
-    const QString dialString = hidden ? prefix + number : number;
-    const QString address = QStringLiteral("tel://") + dialString;
+    const DialRequest request{ hidden ? prefix : QString(), number };
+    const QString address = QStringLiteral("tel://") + request.dialString();
 
     if (!isCallAddress(address)) {
         setCallFailed(true);
         return;
     }
-    if (!m_telephony.canOpen(dialString)) {
+    if (!m_telephony.canOpen(request)) {
         setCallFailed(true);
         return;
     }
     // The address as composed: the URL's own rendering would rewrite a bare
     // number such as 0612 as if it were a host address.
     QTextStream(stdout) << "## User dial : " << address << Qt::endl;
-    m_telephony.open(dialString);
+    m_telephony.open(request);
 }
 
 bool Service::isCallAddress(const QString &address)

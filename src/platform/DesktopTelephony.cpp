@@ -22,13 +22,14 @@ QString DesktopTelephony::telAddress(const QString &dialString)
     return QStringLiteral("tel:") + QString::fromLatin1(QUrl::toPercentEncoding(dialString, "+*-.()"));
 }
 
-bool DesktopTelephony::canOpen(const QString &)
+bool DesktopTelephony::canOpen(const DialRequest &)
 {
     return handlerRegistered();
 }
 
-void DesktopTelephony::open(const QString &dialString)
+void DesktopTelephony::open(const DialRequest &request)
 {
+    const QString dialString = request.dialString();
     if (!QDesktopServices::openUrl(QUrl(telAddress(dialString))))
         emit requestFailed(tr("The desktop could not hand the call to a phone application."));
 }

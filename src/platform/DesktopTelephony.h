@@ -18,6 +18,6 @@ public:
     static QString telAddress(const QString &dialString);
 
     QString backendName() const override { return QStringLiteral("desktop tel: handler"); }
-    bool canOpen(const QString &dialString) override;
-    void open(const QString &dialString) override;
+    bool canOpen(const DialRequest &request) override;
+    void open(const DialRequest &request) override;
 };

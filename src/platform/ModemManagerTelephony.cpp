@@ -86,7 +86,7 @@ ModemManagerTelephony::ModemManagerTelephony(const QDBusConnection &bus, CallCon
     readModems();
 }
 
-bool ModemManagerTelephony::canOpen(const QString &)
+bool ModemManagerTelephony::canOpen(const DialRequest &)
 {
     switch (m_inventory) {
     case Inventory::Reading:
@@ -99,8 +99,9 @@ bool ModemManagerTelephony::canOpen(const QString &)
     return false;
 }
 
-void ModemManagerTelephony::open(const QString &dialString)
+void ModemManagerTelephony::open(const DialRequest &request)
 {
+    const QString dialString = request.dialString();
     if (m_inventory == Inventory::Reading) {
         // Asked right at start-up (a widget link): go on once the modems are known.
         m_waitingRequest = dialString;

@@ -34,8 +34,9 @@ public:
     QString backendName() const override { return QStringLiteral("ModemManager"); }
     // True while a voice modem is known, and while the modems are still
     // being read (the request then waits for the answer).
-    bool canOpen(const QString &dialString) override;
-    void open(const QString &dialString) override;
+    bool canOpen(const DialRequest &request) override;
+    void open(const DialRequest &request) override;
+    bool placesCallsItself() const override { return true; }
 
     // The object paths of the voice-capable modems, sorted.
     QStringList voiceModems() const;

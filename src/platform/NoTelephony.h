@@ -9,6 +9,6 @@ class NoTelephony : public Telephony
 public:
     using Telephony::Telephony;
     QString backendName() const override { return QStringLiteral("none"); }
-    bool canOpen(const QString &) override { return false; }
-    void open(const QString &) override { }
+    bool canOpen(const DialRequest &) override { return false; }
+    void open(const DialRequest &) override { }
 };

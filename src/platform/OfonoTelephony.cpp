@@ -85,7 +85,7 @@ OfonoTelephony::OfonoTelephony(const QDBusConnection &bus, CallConfirmation &con
     readModems();
 }
 
-bool OfonoTelephony::canOpen(const QString &)
+bool OfonoTelephony::canOpen(const DialRequest &)
 {
     switch (m_inventory) {
     case Inventory::Reading:
@@ -98,8 +98,9 @@ bool OfonoTelephony::canOpen(const QString &)
     return false;
 }
 
-void OfonoTelephony::open(const QString &dialString)
+void OfonoTelephony::open(const DialRequest &request)
 {
+    const QString dialString = request.dialString();
     // A number oFono would refuse fails at once, whatever the modems are doing.
     if (!isDialableNumber(dialString)) {
         emit requestFailed(tr("The phone cannot dial %1.").arg(dialString));

@@ -31,8 +31,9 @@ public:
     QString backendName() const override { return QStringLiteral("oFono"); }
     // True while a voice modem is known, and while the modems are still
     // being read (the request then waits for the answer).
-    bool canOpen(const QString &dialString) override;
-    void open(const QString &dialString) override;
+    bool canOpen(const DialRequest &request) override;
+    void open(const DialRequest &request) override;
+    bool placesCallsItself() const override { return true; }
 
     // Whether oFono accepts `dialString` as a number: an optional '+' and
     // 1 to 80 of the characters 0-9, '*' and '#'.

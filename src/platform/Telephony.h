@@ -13,12 +13,22 @@ struct CallEvent
 };
 Q_DECLARE_METATYPE(CallEvent)
 
+// One call request: the caller-ID code put in front of the number (empty for
+// a normal call) and the number, both exactly as the app has them ('#', '*',
+// '+' and spaces included). A backend turns them into what its own telephony
+// takes.
+struct DialRequest
+{
+    QString prefix;
+    QString number;
+
+    // What the user sees and the log shows: the prefix immediately followed by the number.
+    QString dialString() const { return prefix + number; }
+};
+
 // The phone's telephony: call requests and call-state events.
 //
-// A request receives the dial string exactly as the app composed it
-// ('#', '*', '+' and spaces included); a backend encodes it only where its
-// own format needs that. Events are delivered on the main thread, one per
-// change of a call.
+// Events are delivered on the main thread, one per change of a call.
 class Telephony : public QObject
 {
     Q_OBJECT
@@ -27,10 +37,14 @@ public:
 
     // A short name for the log line that announces the choice of backend.
     virtual QString backendName() const = 0;
-    // Whether a call to `dialString` can be requested at all.
-    virtual bool canOpen(const QString &dialString) = 0;
+    // Whether the call can be requested at all.
+    virtual bool canOpen(const DialRequest &request) = 0;
     // Requests the call; the outcome arrives later as events or a failure.
-    virtual void open(const QString &dialString) = 0;
+    virtual void open(const DialRequest &request) = 0;
+    // Whether this telephony places the call itself (a modem), so that the
+    // app asks the user to confirm first, as a phone's own dialler does. A
+    // desktop handler application asks on its own.
+    virtual bool placesCallsItself() const { return false; }
 
 signals:
     void callChanged(const CallEvent &call);

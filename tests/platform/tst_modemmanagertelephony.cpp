@@ -67,7 +67,7 @@ private slots:
         Rig rig(bus, true);
         // Asked before the modems are read: the request waits for them, and
         // the dial string reaches the modem unchanged.
-        rig.telephony.open(QStringLiteral("*31#+33612345678"));
+        rig.telephony.open(DialRequest{ QString(), QStringLiteral("*31#+33612345678") });
         QVERIFY(modem.waitForLine(QStringLiteral("Deleted ")));
         QCOMPARE(modem.createdNumbers(), QStringList{ QStringLiteral("*31#+33612345678") });
         QCOMPARE(rig.telephony.voiceModems(), QStringList{ QStringLiteral("/org/freedesktop/ModemManager1/Modem/0") });
@@ -86,9 +86,9 @@ private slots:
         SimulatedModem modem(bus, 250);
         Rig rig(bus, true);
         QVERIFY(rig.waitForModems(1));
-        rig.telephony.open(QStringLiteral("111"));
+        rig.telephony.open(DialRequest{ QString(), QStringLiteral("111") });
         QVERIFY(modem.waitForLine(QStringLiteral("Start ")));
-        rig.telephony.open(QStringLiteral("222"));
+        rig.telephony.open(DialRequest{ QString(), QStringLiteral("222") });
         QVERIFY(QTest::qWaitFor([&] { return modem.lines().filter(QStringLiteral("Deleted ")).size() == 2; }, 10000));
         QTest::qWait(200);
         QCOMPARE(rig.described(call1), wholeCall);
@@ -101,7 +101,7 @@ private slots:
         SimulatedModem modem(bus);
         Rig rig(bus, false);
         QVERIFY(rig.waitForModems(1));
-        rig.telephony.open(QStringLiteral("#31#0612345678"));
+        rig.telephony.open(DialRequest{ QString(), QStringLiteral("#31#0612345678") });
         QCOMPARE(rig.confirmation.dialString(), QStringLiteral("#31#0612345678"));
         rig.confirmation.cancel();
         QVERIFY(!rig.confirmation.isPending());
@@ -110,8 +110,8 @@ private slots:
         QVERIFY(rig.events.isEmpty());
 
         // A newer request replaces one still waiting, which is not placed.
-        rig.telephony.open(QStringLiteral("111"));
-        rig.telephony.open(QStringLiteral("222"));
+        rig.telephony.open(DialRequest{ QString(), QStringLiteral("111") });
+        rig.telephony.open(DialRequest{ QString(), QStringLiteral("222") });
         rig.confirmation.call();
         QVERIFY(modem.waitForLine(QStringLiteral("Start ")));
         QCOMPARE(modem.createdNumbers(), QStringList{ QStringLiteral("222") });
@@ -124,13 +124,13 @@ private slots:
         SimulatedModem modem(bus);
         Rig rig(bus, true);
         QVERIFY(rig.waitForModems(1));
-        rig.telephony.open(QStringLiteral("06 12 é"));
+        rig.telephony.open(DialRequest{ QString(), QStringLiteral("06 12 é") });
         QVERIFY(QTest::qWaitFor([&] { return !rig.failures.isEmpty(); }, 10000));
         QCOMPARE(rig.failures.size(), 1);
         QVERIFY2(rig.failures.first().contains(QStringLiteral("invalid number")), qPrintable(rig.failures.first()));
         QVERIFY(rig.events.isEmpty());
         // The backend is still usable afterwards.
-        rig.telephony.open(QStringLiteral("0612"));
+        rig.telephony.open(DialRequest{ QString(), QStringLiteral("0612") });
         QVERIFY(modem.waitForLine(QStringLiteral("Start ")));
     }
 
@@ -140,7 +140,7 @@ private slots:
         SimulatedModem modem(bus, 150, 0, { QStringLiteral("--no-network") });
         Rig rig(bus, true);
         QVERIFY(rig.waitForModems(1));
-        rig.telephony.open(QStringLiteral("#31#0612345678"));
+        rig.telephony.open(DialRequest{ QString(), QStringLiteral("#31#0612345678") });
         QVERIFY(modem.waitForLine(QStringLiteral("Deleted ")));
         QTest::qWait(300);
         QCOMPARE(rig.failures.size(), 1);
@@ -155,15 +155,15 @@ private slots:
         Rig rig(bus, true);
         QSignalSpy changed(&rig.telephony, &ModemManagerTelephony::modemsChanged);
         QVERIFY(changed.wait(5000));
-        QVERIFY(!rig.telephony.canOpen(QStringLiteral("0612")));
-        rig.telephony.open(QStringLiteral("0612"));
+        QVERIFY(!rig.telephony.canOpen(DialRequest{ QString(), QStringLiteral("0612") }));
+        rig.telephony.open(DialRequest{ QString(), QStringLiteral("0612") });
         QCOMPARE(rig.failures.size(), 1);
         QVERIFY(!rig.confirmation.isPending());
 
         auto modem = std::make_unique<SimulatedModem>(bus, 400);
         QVERIFY(rig.waitForModems(1));
-        QVERIFY(rig.telephony.canOpen(QStringLiteral("0612")));
-        rig.telephony.open(QStringLiteral("0612"));
+        QVERIFY(rig.telephony.canOpen(DialRequest{ QString(), QStringLiteral("0612") }));
+        rig.telephony.open(DialRequest{ QString(), QStringLiteral("0612") });
         QVERIFY(QTest::qWaitFor([&] { return rig.events.size() == 2; }, 10000)); // connected
 
         // The modem's service stops in the middle of the call: the call ends.
@@ -171,7 +171,7 @@ private slots:
         QVERIFY(rig.waitForModems(0));
         QVERIFY(QTest::qWaitFor([&] { return rig.events.size() == 3; }, 5000));
         QCOMPARE(rig.described(), wholeCall);
-        QVERIFY(!rig.telephony.canOpen(QStringLiteral("0612")));
+        QVERIFY(!rig.telephony.canOpen(DialRequest{ QString(), QStringLiteral("0612") }));
     }
 };
 

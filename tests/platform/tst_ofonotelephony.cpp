@@ -114,7 +114,7 @@ private slots:
         Rig rig;
         QVERIFY(rig.process);
         QVERIFY(rig.waitForModems(1));
-        QVERIFY(rig.telephony.canOpen(QStringLiteral("0612345678")));
+        QVERIFY(rig.telephony.canOpen(DialRequest{ QString(), QStringLiteral("0612345678") }));
 
         rig.call(QStringLiteral("/"), mockInterface, QStringLiteral("AddModem"), { QStringLiteral("ril_1"), QVariantMap() });
         QVERIFY(rig.waitForModems(2));
@@ -134,10 +134,10 @@ private slots:
         Rig rig(QStringLiteral("{\"no_modem\": true}"));
         QVERIFY(rig.process);
         // Until the modems are read, a request waits for them.
-        QVERIFY(rig.telephony.canOpen(QStringLiteral("0612")));
-        rig.telephony.open(QStringLiteral("0612"));
+        QVERIFY(rig.telephony.canOpen(DialRequest{ QString(), QStringLiteral("0612") }));
+        rig.telephony.open(DialRequest{ QString(), QStringLiteral("0612") });
         QVERIFY(QTest::qWaitFor([&] { return !rig.failures.isEmpty(); }, 10000));
-        QVERIFY(!rig.telephony.canOpen(QStringLiteral("0612")));
+        QVERIFY(!rig.telephony.canOpen(DialRequest{ QString(), QStringLiteral("0612") }));
         QVERIFY(!rig.confirmation.isPending());
     }
 
@@ -145,7 +145,7 @@ private slots:
     {
         Rig rig;
         QVERIFY(rig.waitForModems(1));
-        rig.telephony.open(QStringLiteral("#31#0612345678"));
+        rig.telephony.open(DialRequest{ QString(), QStringLiteral("#31#0612345678") });
         QCOMPARE(rig.confirmation.dialString(), QStringLiteral("#31#0612345678"));
         rig.confirmation.call();
         QVERIFY(rig.waitForEvents(1));
@@ -174,7 +174,7 @@ private slots:
         Rig rig;
         QVERIFY(rig.waitForModems(1));
         // Hung up before the other side answered.
-        rig.telephony.open(QStringLiteral("*31#0612345678"));
+        rig.telephony.open(DialRequest{ QString(), QStringLiteral("*31#0612345678") });
         rig.confirmation.call();
         QVERIFY(rig.waitForEvents(1));
         rig.removeCall(QStringLiteral("/ril_0/voicecall01"));
@@ -211,7 +211,7 @@ private slots:
             { manager, QStringLiteral("Dial"), QStringLiteral("ss"), QStringLiteral("o"),
               QStringLiteral("raise dbus.exceptions.DBusException('No network', name='org.ofono.Error.Failed')") });
         QVERIFY2(added.type() == QDBusMessage::ReplyMessage, qPrintable(added.errorMessage()));
-        rig.telephony.open(QStringLiteral("#31#0612345678"));
+        rig.telephony.open(DialRequest{ QString(), QStringLiteral("#31#0612345678") });
         rig.confirmation.call();
         QVERIFY(QTest::qWaitFor([&] { return rig.failures.size() > rejected.size(); }, 10000));
         QVERIFY2(rig.failures.constLast().contains(QStringLiteral("No network")), qPrintable(rig.failures.constLast()));

@@ -1,14 +1,14 @@
 #include "RecordingTelephony.h"
 
-bool RecordingTelephony::canOpen(const QString &dialString)
+bool RecordingTelephony::canOpen(const DialRequest &request)
 {
-    asked.append(dialString);
+    asked.append(request.dialString());
     return callsPossible;
 }
 
-void RecordingTelephony::open(const QString &dialString)
+void RecordingTelephony::open(const DialRequest &request)
 {
-    opened.append(dialString);
+    opened.append(request.dialString());
 }
 
 void RecordingTelephony::report(const QString &id, bool outgoing, bool connected, bool ended)

@@ -16,8 +16,8 @@ public:
     QStringList opened;
 
     QString backendName() const override { return QStringLiteral("recording"); }
-    bool canOpen(const QString &dialString) override;
-    void open(const QString &dialString) override;
+    bool canOpen(const DialRequest &request) override;
+    void open(const DialRequest &request) override;
 
     // Reports one change of a call to whoever observes the telephony.
     void report(const QString &id, bool outgoing, bool connected, bool ended);
