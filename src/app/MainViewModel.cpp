@@ -4,6 +4,8 @@
 #include "Service.h"
 #include "UserDefaultsService.h"
 
+#include <QTextStream>
+
 #include <limits>
 
 MainViewModel::MainViewModel(QObject *parent)
@@ -24,8 +26,11 @@ void MainViewModel::recordMainViewBuilt()
     m_defaultsService->saveInstallDateIfNeeded();
     KeyValueStore &store = m_defaultsService->userDefaults();
     const QString key = QStringLiteral("appOpenCount");
-    const qint64 count = store.integerValue(key);
-    if (count == std::numeric_limits<qint64>::max())
-        qFatal("appOpenCount overflowed");
+    qint64 count = store.integerValue(key);
+    if (count == std::numeric_limits<qint64>::max()) {
+        // Unusable, like an unreadable settings file: said once, then counted afresh.
+        QTextStream(stdout) << "Settings value appOpenCount " << count << " is unusable; counting from 0 again" << Qt::endl;
+        count = 0;
+    }
     store.setInteger(key, count + 1);
 }

@@ -13,6 +13,12 @@ namespace {
 
 const QLatin1StringView dateMember("date");
 
+// Whether a JSON number can be read as a signed 64-bit integer (NaN cannot).
+bool isInIntegerRange(double d)
+{
+    return d >= -9223372036854775808.0 && d < 9223372036854775808.0;
+}
+
 QJsonValue toJson(const SettingValue &value)
 {
     return std::visit(
@@ -36,7 +42,7 @@ std::optional<SettingValue> fromJson(const QJsonValue &json)
         const qint64 i = json.toInteger();
         if (json.toVariant().typeId() == QMetaType::LongLong || double(i) == d)
             return SettingValue(i);
-        if (std::isfinite(d))
+        if (isInIntegerRange(d))
             return SettingValue(qint64(d));
         return std::nullopt;
     }
@@ -84,13 +90,25 @@ std::unique_ptr<JsonFileKeyValueStore> JsonFileKeyValueStore::open(const QString
     file.close();
     QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
-    if (error.error == QJsonParseError::NoError && document.isObject())
-        return std::unique_ptr<JsonFileKeyValueStore>(new JsonFileKeyValueStore(path, document.object()));
+    if (error.error == QJsonParseError::NoError && document.isObject()) {
+        const QJsonObject values = document.object();
+        for (auto it = values.begin(); it != values.end(); ++it) {
+            if (it->isDouble() && !fromJson(*it))
+                say(QStringLiteral("Settings file %1: %2 holds %3, out of range; it reads as absent").arg(path, it.key(), QString::number(it->toDouble())));
+        }
+        return std::unique_ptr<JsonFileKeyValueStore>(new JsonFileKeyValueStore(path, values));
+    }
 
-    const QString aside = path + QStringLiteral(".unreadable-")
+    // The first free name: a file set aside earlier in the same second keeps its name.
+    const QString stem = path + QStringLiteral(".unreadable-")
             + QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-    if (!QFile::rename(path, aside))
+    QString aside = stem;
+    for (int n = 2; QFile::exists(aside) && n <= 1000; ++n)
+        aside = stem + QStringLiteral("-%1").arg(n);
+    if (!QFile::rename(path, aside)) {
+        say(QStringLiteral("Settings file %1 could not be read nor set aside; running on defaults kept in memory").arg(path));
         return nullptr;
+    }
     say(QStringLiteral("Settings file %1 could not be read; kept it as %2 and started with defaults").arg(path, aside));
     return std::unique_ptr<JsonFileKeyValueStore>(new JsonFileKeyValueStore(path, {}));
 }
@@ -118,12 +136,20 @@ void JsonFileKeyValueStore::write() const
 {
     if (m_path.isEmpty())
         return;
+    // Unbuffered, so that a full disk shows in write() itself: a buffered
+    // QSaveFile may commit a short file without noticing.
     QSaveFile file(m_path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        say(QStringLiteral("Settings file %1 could not be written: %2").arg(m_path, file.errorString()));
-        return;
+    const QByteArray bytes = QJsonDocument(m_values).toJson(QJsonDocument::Indented);
+    bool written = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+    for (qsizetype done = 0; written && done < bytes.size();) {
+        const qint64 wrote = file.write(bytes.constData() + done, bytes.size() - done);
+        written = wrote > 0;
+        done += wrote;
     }
-    file.write(QJsonDocument(m_values).toJson(QJsonDocument::Indented));
-    if (!file.commit())
-        say(QStringLiteral("Settings file %1 could not be written: %2").arg(m_path, file.errorString()));
+    const QString why = file.errorString();
+    if (!written)
+        file.cancelWriting();
+    if (!written || !file.commit())
+        say(QStringLiteral("Settings file %1 could not be written, kept as it was; the change holds until the app quits: %2")
+                    .arg(m_path, written ? file.errorString() : why));
 }

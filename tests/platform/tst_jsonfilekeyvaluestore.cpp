@@ -9,6 +9,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <sys/resource.h>
 #include <limits>
 #include <unistd.h>
 
@@ -69,29 +70,35 @@ private slots:
         const QString file = path(QStringLiteral("unknown.json"));
         QFile raw(file);
         QVERIFY(raw.open(QIODevice::WriteOnly));
-        raw.write(R"({"later": [1, 2, {"x": null}], "prefix": "141"})");
+        raw.write(R"({"later": [1, 2, {"x": null}], "prefix": "141", "appOpenCount": 1e300, "low": -9.3e18})");
         raw.close();
 
+        StdoutCapture out;
         auto store = JsonFileKeyValueStore::open(file);
         QVERIFY(store->hasObject(QStringLiteral("prefix")));
-        QVERIFY(!store->object(QStringLiteral("later")));
+        for (const char *key : { "later", "appOpenCount", "low" })
+            QVERIFY(!store->object(QString::fromLatin1(key)));
+        QCOMPARE(out.lines().size(), 2);
         store->setBool(QStringLiteral("hiddenNumber"), true);
 
         QVERIFY(raw.open(QIODevice::ReadOnly));
         const QJsonObject saved = QJsonDocument::fromJson(raw.readAll()).object();
         QCOMPARE(saved.value(QStringLiteral("later")).toArray().size(), 3);
+        QCOMPARE(saved.value(QStringLiteral("appOpenCount")).toDouble(), 1e300);
         QCOMPARE(saved.value(QStringLiteral("prefix")).toString(), QStringLiteral("141"));
     }
 
-    // Cut-off, non-object, empty and binary files: kept aside, and a fresh store starts.
+    // Cut-off, non-object, empty and binary files, one after the other in the
+    // same folder (so within the same second): each kept aside under a name of
+    // its own, and a fresh store starts.
     void unreadableFilesAreMovedAsideNotLost()
     {
-        int round = 0;
+        const QDir folder(path(QStringLiteral("broken")));
+        QVERIFY(folder.mkpath(QStringLiteral(".")));
+        QFile raw(folder.filePath(QStringLiteral("suite.json")));
+        QList<QByteArray> kept;
         for (const QByteArray &content : { QByteArray("{\"prefix\": \"#31#\", trunc"), QByteArray("[1,2]"),
                                            QByteArray(""), QByteArray("\xff\xfe\x00", 3) }) {
-            const QDir folder(path(QStringLiteral("broken%1").arg(++round)));
-            QVERIFY(folder.mkpath(QStringLiteral(".")));
-            QFile raw(folder.filePath(QStringLiteral("suite.json")));
             QVERIFY(raw.open(QIODevice::WriteOnly));
             raw.write(content);
             raw.close();
@@ -104,12 +111,45 @@ private slots:
             QVERIFY(JsonFileKeyValueStore::open(raw.fileName())->boolValue(QStringLiteral("ok")));
             QCOMPARE(out.lines().size(), 1);
             QVERIFY(out.lines().constFirst().contains(QStringLiteral("could not be read")));
-            const QStringList aside = folder.entryList({ QStringLiteral("suite.json.unreadable-*") });
-            QCOMPARE(aside.size(), 1);
-            QFile kept(folder.filePath(aside.constFirst()));
-            QVERIFY(kept.open(QIODevice::ReadOnly));
-            QCOMPARE(kept.readAll(), content);
+            kept.append(content);
+            QList<QByteArray> aside;
+            for (const QString &name : folder.entryList({ QStringLiteral("suite.json.unreadable-*") })) {
+                QFile file(folder.filePath(name));
+                QVERIFY(file.open(QIODevice::ReadOnly));
+                aside.append(file.readAll());
+            }
+            std::sort(aside.begin(), aside.end());
+            std::sort(kept.begin(), kept.end());
+            QCOMPARE(aside, kept);
         }
+    }
+
+    // A full disk (here a file size limit, which fails write() the same way):
+    // the old file stays whole, one line says so, and the new value holds in memory.
+    void aFailedWriteKeepsTheOldFile()
+    {
+        const QString file = path(QStringLiteral("full.json"));
+        auto store = JsonFileKeyValueStore::open(file);
+        store->setString(QStringLiteral("prefix"), QStringLiteral("*67"));
+        const qint64 oldSize = QFileInfo(file).size();
+
+        StdoutCapture out;
+        ::signal(SIGXFSZ, SIG_IGN);
+        rlimit saved{};
+        ::getrlimit(RLIMIT_FSIZE, &saved);
+        rlimit full = saved;
+        full.rlim_cur = 1024; // below the new file, above the line printed
+        ::setrlimit(RLIMIT_FSIZE, &full);
+        store->setString(QStringLiteral("padding"), QString(4096, u'x'));
+        ::setrlimit(RLIMIT_FSIZE, &saved);
+        ::signal(SIGXFSZ, SIG_DFL);
+
+        QCOMPARE(store->stringValue(QStringLiteral("padding"))->size(), 4096);
+        QCOMPARE(JsonFileKeyValueStore::open(file)->stringValue(QStringLiteral("prefix")), QStringLiteral("*67"));
+        QCOMPARE(QFileInfo(file).size(), oldSize);
+        QCOMPARE(out.lines().size(), 1);
+        QVERIFY(out.lines().constFirst().contains(QStringLiteral("could not be written")));
+        QCOMPARE(QDir(m_dir.path()).entryList({ QStringLiteral("full.json*") }), QStringList{ QStringLiteral("full.json") });
     }
 
     void unusableFolderGivesNoStore()
