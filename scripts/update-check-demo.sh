@@ -15,7 +15,7 @@ port="${QUIETON_DEMO_PORT:-18471}"
 build="${QUIETON_DEMO_BUILD_DIR:-$root/build-update-demo}"
 "$root/scripts/deps.sh"
 cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-    -DQUIETON_STORE_LOOKUP_HOST="127.0.0.1:$port" >/dev/null
+    -DQUIETON_STORE_LOOKUP_SCHEME=http -DQUIETON_STORE_LOOKUP_HOST="127.0.0.1:$port" >/dev/null
 cmake --build "$build" --parallel "${QUIETON_BUILD_JOBS:-$(nproc)}" --target quieton
 
 store="$(mktemp -d)"

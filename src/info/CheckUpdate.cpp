@@ -13,6 +13,7 @@
 #include <QQuickWindow>
 #include <QTextStream>
 #include <QThread>
+#include <QTimer>
 #include <QUrl>
 #include <QXmlStreamReader>
 
@@ -66,7 +67,7 @@ std::optional<QHash<QString, QString>> readPropertyList(QIODevice &file)
 CheckUpdate::Config CheckUpdate::Config::fromBuild()
 {
     return {
-        QStringLiteral("http://" QUIETON_STORE_LOOKUP_HOST),
+        QStringLiteral(QUIETON_STORE_LOOKUP_SCHEME "://" QUIETON_STORE_LOOKUP_HOST),
         QStringLiteral("https://" QUIETON_STORE_API_HOST),
         QStringLiteral(QUIETON_STORE_APP_ID),
         QStringLiteral(QUIETON_STORE_API_TOKEN),
@@ -178,6 +179,15 @@ QString CheckUpdate::buildsAddress() const
     return m_config.apiOrigin + QStringLiteral("/v1/apps/") + m_config.appId + QStringLiteral("/builds");
 }
 
+QString CheckUpdate::followableLink(const QString &link) const
+{
+    const QUrl url(link, QUrl::StrictMode);
+    const QUrl store(m_urlAppStore);
+    const bool onStore = url.isValid() && url.scheme() == QLatin1StringView("https") && url.userInfo().isEmpty()
+            && !url.host().isEmpty() && url.host() == store.host() && url.port() == store.port();
+    return onStore ? link : m_urlAppStore;
+}
+
 bool CheckUpdate::isVersionLess(const QString &current, const QString &store)
 {
     return QString::compare(current, store, Qt::CaseSensitive) < 0;
@@ -214,13 +224,29 @@ void CheckUpdate::startCheck(bool force, bool isTestFlight)
 
     QNetworkRequest request(address);
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::PreferNetwork);
-    request.setTransferTimeout(60 * 1000);
+    request.setTransferTimeout(m_config.deadlineMs);
     if (isTestFlight)
         request.setRawHeader("Authorization", "Bearer " + m_config.apiToken.toUtf8());
 
     if (!m_session)
         m_session = new QNetworkAccessManager(m_queueContext);
     QNetworkReply *reply = m_session->get(request);
+    // An answer that grows past its bound, or is not complete in time, is cut off.
+    const auto cutOff = [reply](const QString &why) {
+        reply->setProperty("cutOff", why);
+        reply->abort();
+    };
+    // (What arrived is counted as it arrives and as it is unpacked.)
+    const auto checkSize = [reply, cutOff](qint64 announced) {
+        if (announced > maxAnswerBytes || reply->bytesAvailable() > maxAnswerBytes)
+            cutOff(QStringLiteral("answer longer than %1 bytes").arg(maxAnswerBytes));
+    };
+    connect(reply, &QNetworkReply::downloadProgress, reply,
+            [checkSize](qint64 received, qint64 total) { checkSize(std::max(received, total)); });
+    connect(reply, &QNetworkReply::readyRead, reply, [checkSize] { checkSize(0); });
+    QTimer::singleShot(m_config.deadlineMs, reply, [cutOff, deadline = m_config.deadlineMs] {
+        cutOff(QStringLiteral("no complete answer within %1 ms").arg(deadline));
+    });
     connect(reply, &QNetworkReply::finished, m_queueContext, [this, reply, current, force, isTestFlight] {
         reply->deleteLater();
         handleReply(reply, current, force, isTestFlight);
@@ -231,6 +257,10 @@ void CheckUpdate::startCheck(bool force, bool isTestFlight)
 // status is not looked at: whatever body came back is judged on its own.
 void CheckUpdate::handleReply(QNetworkReply *reply, const QString &currentVersion, bool force, bool isTestFlight)
 {
+    if (const QVariant why = reply->property("cutOff"); why.isValid()) {
+        decide(std::nullopt, std::nullopt, Failure(why.toString()), currentVersion, force, isTestFlight);
+        return;
+    }
     const bool answered = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
     if (reply->error() != QNetworkReply::NoError && !answered) {
         decide(std::nullopt, std::nullopt, Failure(reply->errorString()), currentVersion, force, isTestFlight);
@@ -314,5 +344,6 @@ void CheckUpdate::presentAlert(const QString &version, bool force, const std::op
     }
     if (!window)
         return;
-    UpdateAlertPresenter::showAppUpdateAlert(window, version, force, recordLink.value_or(m_urlAppStore), m_isTestFlight);
+    UpdateAlertPresenter::showAppUpdateAlert(window, version, force, followableLink(recordLink.value_or(m_urlAppStore)),
+                                             m_isTestFlight);
 }

@@ -48,6 +48,8 @@ public:
         QString storePageUrl;
         // The information file; the embedded one by default.
         QString infoPlistPath;
+        // The whole request, answer included, must be done within this time.
+        int deadlineMs = 60 * 1000;
 
         static Config fromBuild();
     };
@@ -77,6 +79,13 @@ public:
     // The two addresses a check may ask, as they are built (no escaping).
     QString lookupAddress(const QString &bundleId) const;
     QString buildsAddress() const;
+
+    // The most an answer may carry; a longer one is cut off as an error.
+    static constexpr qint64 maxAnswerBytes = 64 * 1024;
+
+    // What "Update Now" may open: `link` when it is an https address on the
+    // store page's own host, else the store page.
+    QString followableLink(const QString &link) const;
 
     // The plain character-by-character ordering the check uses: "1.10" sorts
     // before "1.9", equal texts are never less.

@@ -3,7 +3,8 @@
 # Where the update check and the web pages go. Hosts may carry a port
 # ("127.0.0.1:8080"), which is how a build is pointed at a local server.
 set(QUIETON_BUNDLE_ID "app.quieton.Quieton" CACHE STRING "The app's bundle identifier, as the store knows it")
-set(QUIETON_STORE_LOOKUP_HOST "store.quieton.app" CACHE STRING "Host[:port] of the store's lookup service (asked over http)")
+set(QUIETON_STORE_LOOKUP_SCHEME "https" CACHE STRING "Scheme of the store's lookup service (http only for a local test server)")
+set(QUIETON_STORE_LOOKUP_HOST "store.quieton.app" CACHE STRING "Host[:port] of the store's lookup service")
 set(QUIETON_STORE_API_HOST "api.store.quieton.app" CACHE STRING "Host[:port] of the store's developer API for test builds (asked over https)")
 set(QUIETON_STORE_API_TOKEN "tbd" CACHE STRING "Bearer token for the developer API; the default is a placeholder, never commit a real one")
 set(QUIETON_WEB_HOST "quieton.app" CACHE STRING "Host of the product's web site")

@@ -1,6 +1,7 @@
 #include "LoopbackHttpServer.h"
 
 #include <QTcpSocket>
+#include <QTimer>
 
 #include <memory>
 
@@ -57,6 +58,16 @@ void LoopbackHttpServer::serve(QTcpSocket *socket)
         if (m_silent)
             return;
 
+        if (m_endlessChunk > 0) {
+            socket->write("HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nConnection: close\r\n\r\n{");
+            auto *timer = new QTimer(socket);
+            connect(timer, &QTimer::timeout, socket, [socket, chunk = QByteArray(m_endlessChunk, ' ')] {
+                if (socket->bytesToWrite() < 4 * chunk.size())
+                    socket->write(chunk);
+            });
+            timer->start(m_endlessInterval);
+            return;
+        }
         QByteArray response = "HTTP/1.1 " + QByteArray::number(m_status) + " Whatever\r\n"
                 "Content-Type: application/json\r\n"
                 "Content-Length: " + QByteArray::number(m_body.size()) + "\r\n"

@@ -26,6 +26,13 @@ public:
     void answer(const QByteArray &body, int status = 200);
     // Takes requests in and never answers them.
     void keepSilent() { m_silent = true; }
+    // Answers with a body that never ends: blanks, `chunk` bytes every
+    // `intervalMs` (as fast as they are taken when 0).
+    void answerEndlessly(int chunk, int intervalMs)
+    {
+        m_endlessChunk = chunk;
+        m_endlessInterval = intervalMs;
+    }
 
     QList<Request> requests;
 
@@ -35,4 +42,6 @@ private:
     QByteArray m_body;
     int m_status = 200;
     bool m_silent = false;
+    int m_endlessChunk = 0;
+    int m_endlessInterval = 0;
 };

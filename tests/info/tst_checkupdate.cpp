@@ -189,7 +189,8 @@ private slots:
         }
     }
 
-    // A forced update offers only "Update Now"; a link that is no address opens nothing.
+    // A forced update offers only "Update Now". Only an https link on the
+    // store's own host is followed; anything else opens the store page.
     void theAlertsButtons_data()
     {
         QTest::addColumn<bool>("optional");
@@ -200,8 +201,12 @@ private slots:
         QTest::newRow("not now") << true << storeAnswer("2.0") << QByteArray("notNowButton") << QString();
         QTest::newRow("update now") << true << storeAnswer("2.0") << QByteArray("updateNowButton") << link;
         QTest::newRow("forced") << false << storeAnswer("2.0") << QByteArray("updateNowButton") << link;
-        QTest::newRow("invalid link") << true << json("{'results': [{'version': '9', 'trackViewUrl': 'not a link'}]}")
-                                      << QByteArray("updateNowButton") << QString();
+        for (const char *other : { "not a link", "file:///etc/passwd", "tel:*%2331%23", "quieton://x?number=1",
+                                   "http://store.example/app", "https://store.example.evil/app",
+                                   "https://user@store.example/app" }) {
+            QTest::newRow(other) << true << json("{'results': [{'version': '9', 'trackViewUrl': '" + QByteArray(other) + "'}]}")
+                                 << QByteArray("updateNowButton") << storePage;
+        }
     }
     void theAlertsButtons()
     {
@@ -303,6 +308,32 @@ private slots:
         QVERIFY2(lines.at(0).contains(QLatin1StringView("refused")), qPrintable(lines.at(0)));
         QCOMPARE(lines.at(1), QStringLiteral("App does not exist on AppStore"));
         QVERIFY(!alert());
+    }
+
+    // An endless answer is cut off at its bound; one that trickles in is cut
+    // off at the deadline.
+    void longAnswersAreCutOff_data()
+    {
+        QTest::addColumn<int>("chunk");
+        QTest::addColumn<int>("interval");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("endless") << 65536 << 0 << "longer than 65536 bytes";
+        QTest::newRow("trickling") << 1 << 20 << "within 300 ms";
+    }
+    void longAnswersAreCutOff()
+    {
+        QFETCH(int, chunk);
+        QFETCH(int, interval);
+        QFETCH(QString, reason);
+        LoopbackHttpServer endless;
+        endless.answerEndlessly(chunk, interval);
+        CheckUpdate::Config slow = config(writeInfoPlist(QStringLiteral("1.0")), endless.origin());
+        slow.deadlineMs = 300;
+        CheckUpdate checker(slow);
+        const QStringList lines = runCheck(checker, true, false, 2);
+        QCOMPARE(lines.size(), 2);
+        QVERIFY2(lines.at(0).endsWith(reason), qPrintable(lines.at(0)));
+        QCOMPARE(lines.at(1), QStringLiteral("App does not exist on AppStore"));
     }
 
     // The UI thread never waits on the network: while the server holds the
@@ -446,6 +477,7 @@ private slots:
         QCOMPARE(shared.infoPlistValue(QStringLiteral("CFBundleShortVersionString")), QStringLiteral(QUIETON_TEST_VERSION));
         const std::optional<QString> bundleId = shared.infoPlistValue(QStringLiteral("CFBundleIdentifier"));
         QVERIFY(bundleId && !bundleId->isEmpty());
+        QVERIFY(shared.lookupAddress(*bundleId).startsWith(QLatin1StringView("https://")));
         QVERIFY(shared.lookupAddress(*bundleId).endsWith(QStringLiteral("/br/lookup?bundleId=") + *bundleId));
         // The identifier goes in as it is, unescaped.
         QVERIFY(shared.lookupAddress(QStringLiteral("a b/c")).endsWith(QLatin1StringView("?bundleId=a b/c")));
