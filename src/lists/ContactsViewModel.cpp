@@ -177,6 +177,9 @@ void ContactsViewModel::requestContactsAccess()
 void ContactsViewModel::fetchContacts()
 {
     AddressBook *book = &Platform::addressBook();
+    // Quitting waits for the reading thread: it is told to stop first.
+    if (QCoreApplication *application = QCoreApplication::instance())
+        connect(application, &QCoreApplication::aboutToQuit, this, [book] { book->stop(); });
     QThreadPool::globalInstance()->start([book, self = QPointer<ContactsViewModel>(this)] {
         const QString error = book->enumerateContacts([&self](QList<AddressBookContact> &&people) {
             auto batch = std::make_shared<Batch>(prepare(std::move(people)));

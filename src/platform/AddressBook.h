@@ -39,6 +39,11 @@ public:
     // delivered before a failure stay delivered.
     virtual QString enumerateContacts(const std::function<void(QList<AddressBookContact> &&batch)> &deliver) = 0;
 
+    // Asks a running enumerateContacts to return soon, with what it has
+    // delivered so far, and later ones to deliver nothing: the app is quitting.
+    // Safe on any thread.
+    virtual void stop() { }
+
     // Where the user can give the app access to the book (a settings page,
     // or the place the book is kept). Safe on any thread.
     virtual QUrl accessSettingsUrl() const = 0;

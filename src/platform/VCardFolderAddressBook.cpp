@@ -212,14 +212,15 @@ QString VCardFolderAddressBook::enumerateContacts(
     const auto work = [&] {
         FileOpener opener(folders);
         QByteArray bytes;
+        // Once stopped, the chunks left are marked done without reading them.
         for (size_t c = nextChunk++; c < chunkCount && !stop; c = nextChunk++) {
             Chunk chunk;
             const auto collect = [&chunk](AddressBookContact &&contact) { chunk.contacts.append(std::move(contact)); };
             const size_t end = std::min(files.size(), (c + 1) * filesPerChunk);
-            for (size_t f = c * filesPerChunk; f < end; ++f) {
+            for (size_t f = c * filesPerChunk; f < end && !m_stopped; ++f) {
                 QString fileError;
                 if (readFile(opener, files[f], bytes, fileError))
-                    chunk.broken += VCardReader::read(bytes, collect).brokenCards;
+                    chunk.broken += VCardReader::read(bytes, collect, &m_stopped).brokenCards;
                 else if (chunk.error.isEmpty())
                     chunk.error = fileError;
             }
@@ -233,6 +234,8 @@ QString VCardFolderAddressBook::enumerateContacts(
     };
     QList<AddressBookContact> batch;
     const auto add = [&](AddressBookContact &&contact) {
+        if (m_stopped)
+            return;
         batch.append(std::move(contact));
         if (batch.size() >= batchSize) {
             deliver(std::move(batch));
@@ -245,10 +248,11 @@ QString VCardFolderAddressBook::enumerateContacts(
         // cards are read.
         FileOpener opener(folders);
         QByteArray bytes;
-        for (const FileEntry &file : files) {
+        for (size_t f = 0; f < files.size() && !m_stopped; ++f) {
+            const FileEntry &file = files[f];
             QString fileError;
             if (readFile(opener, file, bytes, fileError))
-                broken += VCardReader::read(bytes, add).brokenCards;
+                broken += VCardReader::read(bytes, add, &m_stopped).brokenCards;
             else if (error.isEmpty())
                 error = fileError;
         }
@@ -272,7 +276,7 @@ QString VCardFolderAddressBook::enumerateContacts(
     stop = true;
     for (std::thread &helper : helpers)
         helper.join();
-    if (!batch.isEmpty())
+    if (!batch.isEmpty() && !m_stopped)
         deliver(std::move(batch));
     if (broken > 0)
         QTextStream(stdout) << "Address book: skipped " << broken << " unreadable cards in " << m_folder << Qt::endl;

@@ -2,6 +2,8 @@
 
 #include "AddressBook.h"
 
+#include <atomic>
+
 // The address book as a folder of vCard files, the way CardDAV
 // synchronisation tools keep it: every .vcf file below the folder, at any
 // depth, holds one or more cards. Files are read in the order of their paths.
@@ -26,7 +28,10 @@ public:
     // The folder that holds the book (its parent when the book itself cannot
     // be opened), for the file manager.
     QUrl accessSettingsUrl() const override;
+    // Checked between files and between the lines of a file.
+    void stop() override { m_stopped = true; }
 
 private:
     QString m_folder;
+    std::atomic<bool> m_stopped = false;
 };

@@ -237,16 +237,19 @@ bool isPropertyNameChar(char c)
 class Parser
 {
 public:
-    Parser(QByteArrayView bytes, const std::function<void(AddressBookContact &&)> &deliver)
-        : m_data(bytes), m_deliver(deliver)
+    Parser(QByteArrayView bytes, const std::function<void(AddressBookContact &&)> &deliver,
+           const std::atomic<bool> *stop)
+        : m_data(bytes), m_deliver(deliver), m_stop(stop)
     {
     }
 
     VCardReader::Summary run()
     {
         QByteArrayView line;
-        while (nextLogicalLine(line))
-            handle(line);
+        while (!(m_stop && m_stop->load(std::memory_order_relaxed)) && nextLogicalLine(line)) {
+            if (!m_tooLong)
+                handle(line);
+        }
         if (m_inCard)
             ++m_summary.brokenCards;
         return m_summary;
@@ -273,35 +276,70 @@ private:
 
     bool nextIsFolded() const { return m_pos < m_data.size() && isFoldSpace(m_data[m_pos]); }
 
-    static bool isQuotedPrintableLine(QByteArrayView line)
+    // Whether a property is quoted-printable, learnt while its line grows:
+    // each byte is looked at once, so that joining stays linear.
+    struct ValueStart
     {
-        const qsizetype colon = valueColon(line);
-        return colon > 0 && containsIgnoringCase(line.first(colon), "QUOTED-PRINTABLE");
+        qsizetype seen = 0;
+        bool quoted = false;
+        bool found = false;
+        bool quotedPrintable = false;
+
+        bool isQuotedPrintable(QByteArrayView line)
+        {
+            for (; !found && seen < line.size(); ++seen) {
+                if (line[seen] == '"') {
+                    quoted = !quoted;
+                } else if (line[seen] == ':' && !quoted) {
+                    found = true;
+                    quotedPrintable = seen > 0 && containsIgnoringCase(line.first(seen), "QUOTED-PRINTABLE");
+                }
+            }
+            return quotedPrintable;
+        }
+    };
+
+    // Adds a continuation to the line; past the bound only its last byte is
+    // kept, enough to see whether a quoted-printable line goes on.
+    void appendPiece(QByteArrayView piece)
+    {
+        if (!m_tooLong && m_buffer.size() + piece.size() <= VCardReader::maxLineBytes) {
+            m_buffer.append(piece);
+            return;
+        }
+        m_tooLong = true;
+        if (m_buffer.isEmpty())
+            m_buffer.append(' ');
+        if (!piece.isEmpty())
+            m_buffer[m_buffer.size() - 1] = piece.back();
     }
 
     // One property: folded continuation lines joined, and quoted-printable
-    // soft line breaks ("=" at the end of a line) removed.
+    // soft line breaks ("=" at the end of a line) removed. `m_tooLong` tells
+    // a line longer than the bound, which is then not kept.
     bool nextLogicalLine(QByteArrayView &line)
     {
         QByteArrayView physical;
         if (!nextPhysical(physical))
             return false;
-        const bool continues = nextIsFolded() || (physical.endsWith('=') && isQuotedPrintableLine(physical));
+        ValueStart start;
+        m_tooLong = physical.size() > VCardReader::maxLineBytes;
+        const bool continues = nextIsFolded() || (physical.endsWith('=') && start.isQuotedPrintable(physical));
         if (!continues) {
             line = physical;
             return true;
         }
         m_buffer.clear();
-        m_buffer.append(physical);
+        appendPiece(physical);
         for (;;) {
-            if (m_buffer.endsWith('=') && m_pos < m_data.size() && isQuotedPrintableLine(m_buffer)) {
+            if (m_buffer.endsWith('=') && m_pos < m_data.size() && start.isQuotedPrintable(m_buffer)) {
                 // A soft line break; some writers also indent what follows.
                 nextPhysical(physical);
                 m_buffer.chop(1);
-                m_buffer.append(!physical.isEmpty() && isFoldSpace(physical.front()) ? physical.sliced(1) : physical);
+                appendPiece(!physical.isEmpty() && isFoldSpace(physical.front()) ? physical.sliced(1) : physical);
             } else if (nextIsFolded()) {
                 nextPhysical(physical);
-                m_buffer.append(physical.sliced(1));
+                appendPiece(physical.sliced(1));
             } else {
                 break;
             }
@@ -420,8 +458,10 @@ private:
 
     QByteArrayView m_data;
     const std::function<void(AddressBookContact &&)> &m_deliver;
+    const std::atomic<bool> *m_stop;
     qsizetype m_pos = 0;
     QByteArray m_buffer;
+    bool m_tooLong = false;
     bool m_inCard = false;
     bool m_inBase64 = false;
     Card m_card;
@@ -430,9 +470,10 @@ private:
 
 } // namespace
 
-VCardReader::Summary VCardReader::read(QByteArrayView bytes, const std::function<void(AddressBookContact &&)> &deliver)
+VCardReader::Summary VCardReader::read(QByteArrayView bytes, const std::function<void(AddressBookContact &&)> &deliver,
+                                       const std::atomic<bool> *stop)
 {
-    return Parser(bytes, deliver).run();
+    return Parser(bytes, deliver, stop).run();
 }
 
 QList<AddressBookContact> VCardReader::readAll(QByteArrayView bytes, Summary *summary)

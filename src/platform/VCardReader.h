@@ -4,6 +4,7 @@
 
 #include <QByteArrayView>
 
+#include <atomic>
 #include <functional>
 
 // Reads the people out of vCard text (versions 2.1, 3.0 and 4.0) as phones
@@ -14,7 +15,10 @@
 // absent or empty; phone numbers are every TEL in the card's order, a tel:
 // URI shown without its scheme. A card that cannot be read (a line that is
 // not a property, a card that never ends) is skipped and counted; reading
-// goes on with the next card. Any bytes at all may be given.
+// goes on with the next card. A property longer than maxLineBytes once its
+// continuation lines are joined (a large photo, say) is passed over; the rest
+// of its card is read. Any bytes at all may be given, and reading takes time
+// in proportion to their length.
 class VCardReader
 {
 public:
@@ -24,8 +28,12 @@ public:
         int brokenCards = 0;
     };
 
-    // Hands each readable card to `deliver`, in the order of the text.
-    static Summary read(QByteArrayView bytes, const std::function<void(AddressBookContact &&contact)> &deliver);
+    static constexpr qsizetype maxLineBytes = 64 * 1024;
+
+    // Hands each readable card to `deliver`, in the order of the text. Stops
+    // early, between lines, once `stop` is set.
+    static Summary read(QByteArrayView bytes, const std::function<void(AddressBookContact &&contact)> &deliver,
+                        const std::atomic<bool> *stop = nullptr);
 
     // Convenience for small inputs: all contacts at once.
     static QList<AddressBookContact> readAll(QByteArrayView bytes, Summary *summary = nullptr);
