@@ -5,6 +5,8 @@
 #include "UserDefaultsService.h"
 #include "WidgetLink.h"
 
+#include <QTextStream>
+
 #include <QGuiApplication>
 #include <QJSEngine>
 #include <QQuickWindow>
@@ -85,6 +87,10 @@ bool QuietonApp::hasCompletedFirstLaunch() const
 
 void QuietonApp::deliverLink(const QUrl &url)
 {
+    if (const QString refusal = WidgetLink::refusal(url); !refusal.isEmpty()) {
+        QTextStream(stdout) << "## Link refused: " << refusal << Qt::endl;
+        return;
+    }
     if (!hasCompletedFirstLaunch())
         return;
     if (!m_mainViewShown) {

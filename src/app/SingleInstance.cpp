@@ -5,6 +5,7 @@
 #include <QCryptographicHash>
 #include <QLocalServer>
 #include <QLocalSocket>
+#include <QTextStream>
 
 #include <unistd.h>
 
@@ -30,6 +31,21 @@ bool SingleInstance::forwardToRunning(const QUrl &link)
     return true;
 }
 
+bool SingleInstance::readMessages(QIODevice &device)
+{
+    while (device.canReadLine()) {
+        const QByteArray line = device.readLine(maxMessageBytes + 1);
+        if (!line.endsWith('\n'))
+            return false;
+        const QByteArray message = line.trimmed();
+        if (message.isEmpty())
+            emit activationRequested();
+        else
+            emit linkReceived(QUrl::fromEncoded(message));
+    }
+    return device.bytesAvailable() <= maxMessageBytes;
+}
+
 void SingleInstance::listen()
 {
     m_server = new QLocalServer(this);
@@ -40,13 +56,13 @@ void SingleInstance::listen()
     connect(m_server, &QLocalServer::newConnection, this, [this] {
         while (QLocalSocket *socket = m_server->nextPendingConnection()) {
             connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+            // Nothing past one message is buffered.
+            socket->setReadBufferSize(maxMessageBytes + 1);
             connect(socket, &QLocalSocket::readyRead, socket, [this, socket] {
-                while (socket->canReadLine()) {
-                    const QByteArray line = socket->readLine().trimmed();
-                    if (line.isEmpty())
-                        emit activationRequested();
-                    else
-                        emit linkReceived(QUrl::fromEncoded(line));
+                if (!readMessages(*socket)) {
+                    QTextStream(stdout) << "## Link refused: longer than " << maxMessageBytes - 1 << " characters"
+                                        << Qt::endl;
+                    socket->abort();
                 }
             });
         }

@@ -192,6 +192,12 @@ private slots:
         app.setMainViewShown(true);
         QCOMPARE(telephony->opened, QStringList{ QStringLiteral("2") });
         QCOMPARE(filled.size(), 1);
+
+        // Past their bounds, a number or a link is refused before anything lays it out.
+        app.deliverLink(QUrl(QStringLiteral("quieton://w?number=") + QString(65, u'3')));
+        app.deliverLink(QUrl(QStringLiteral("quieton://w?number=4&pad=") + QString(1 << 20, u'x')));
+        QCOMPARE(telephony->opened, QStringList{ QStringLiteral("2") });
+        QCOMPARE(filled.size(), 1);
     }
 
     void screensSeeTheAppThatStarted()
@@ -230,6 +236,9 @@ private slots:
         MainViewModel second;
         second.recordMainViewBuilt();
         QCOMPARE(settings().integerValue(QStringLiteral("appOpenCount")), 7);
+        settings().setInteger(QStringLiteral("appOpenCount"), std::numeric_limits<qint64>::max());
+        MainViewModel().recordMainViewBuilt();
+        QCOMPARE(settings().integerValue(QStringLiteral("appOpenCount")), 1);
         QCOMPARE(UserDefaultsService::shared()->installDate(), installed);
     }
 };

@@ -1,6 +1,7 @@
 // One running app per user and settings folder: a second launch on the same
 // settings hands over its link, a launch on other settings runs on its own.
 #include "SingleInstance.h"
+#include "StdoutCapture.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -34,6 +35,26 @@ private slots:
         QVERIFY(second.forwardToRunning(QUrl()));
         QTRY_COMPARE(activations.count(), 1);
         QCOMPARE(links.count(), 1);
+    }
+
+    // A link at the bound goes through; a longer one is not buffered but cut
+    // off, and later launches still get through.
+    void anOverlongLinkIsCutOff()
+    {
+        useConfigHome(QStringLiteral("c"));
+        SingleInstance running;
+        running.listen();
+        QSignalSpy links(&running, &SingleInstance::linkReceived);
+        StdoutCapture out;
+        const QString start = QStringLiteral("quieton://x?number=1&pad=");
+        const QUrl atBound(start + QString(WidgetLink::maxLinkLength - start.size(), u'a'));
+        for (const QUrl &link : { QUrl(start + QString(1 << 20, u'a')), atBound }) {
+            SingleInstance launch;
+            QVERIFY(launch.forwardToRunning(link));
+        }
+        QTRY_COMPARE(links.count(), 1);
+        QCOMPARE(links.at(0).at(0).toUrl(), atBound);
+        QTRY_COMPARE(out.lines(), QStringList{ QStringLiteral("## Link refused: longer than 4096 characters") });
     }
 
     void aLaunchOnOtherSettingsRunsOnItsOwn()
