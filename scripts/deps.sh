@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian 12 packages Quieton needs to build, run and test, once:
-# only what is missing is installed.
+# only what is missing is installed. `scripts/deps.sh fuzz` adds what the
+# fuzzing campaigns need (clang and its sanitizer and libFuzzer runtimes).
 set -euo pipefail
 
 packages=(
@@ -13,6 +14,7 @@ packages=(
     libqt6sql6-sqlite dbus-daemon dbus-bin python3-dbus python3-dbusmock python3-gi xdg-utils
     xvfb xauth libgl1-mesa-dri fonts-dejavu-core
 )
+[ "${1:-}" = fuzz ] && packages+=(clang-14 libclang-rt-14-dev util-linux)
 
 missing=()
 for package in "${packages[@]}"; do
