@@ -60,7 +60,7 @@ void LoopbackHttpServer::serve(QTcpSocket *socket)
 
         if (m_endlessChunk > 0) {
             socket->write("HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nConnection: close\r\n\r\n{");
-            auto *timer = new QTimer(socket);
+            QTimer *timer = new QTimer(socket);
             connect(timer, &QTimer::timeout, socket, [socket, chunk = QByteArray(m_endlessChunk, ' ')] {
                 if (socket->bytesToWrite() < 4 * chunk.size())
                     socket->write(chunk);

@@ -113,26 +113,11 @@ private slots:
         }
         QCOMPARE(result.batchSizes, (QList<qsizetype>{ VCardFolderAddressBook::batchSize, total - 1 - VCardFolderAddressBook::batchSize }));
         QVERIFY(out.lines().contains(QStringLiteral("Address book: skipped 1 unreadable cards in ") + home.path()));
-    }
 
-    // Quitting stops a long read, in many files or in one: what is left is
-    // not read, and nothing more is handed over.
-    void aStoppedReadReturnsEarly()
-    {
-        for (const int files : { 600, 1 }) {
-            QTemporaryDir home;
-            const int cardsPerFile = 6000 / files;
-            for (int f = 0; f < files; ++f)
-                write(home.filePath(QStringLiteral("%1.vcf").arg(f, 3, 10, QLatin1Char('0'))), card("A").repeated(cardsPerFile));
-            VCardFolderAddressBook book(home.path());
-            QList<qsizetype> batches;
-            const QString error = book.enumerateContacts([&](QList<AddressBookContact> &&batch) {
-                batches.append(batch.size());
-                book.stop();
-            });
-            QVERIFY(error.isEmpty());
-            QCOMPARE(batches, QList<qsizetype>{ VCardFolderAddressBook::batchSize });
-        }
+        // Quitting stops a read: nothing is handed over after the first batch.
+        int batches = 0;
+        QCOMPARE(book.enumerateContacts([&](QList<AddressBookContact> &&) { ++batches, book.stop(); }), QString());
+        QCOMPARE(batches, 1);
     }
 
     // A locked file is reported and the rest still read; a locked folder is refused.

@@ -164,6 +164,10 @@ private slots:
             QCOMPARE(found[0].family, QString());
             QCOMPARE(found[0].phones, QStringList{ "1" });
         }
+        // Reading stops between lines once told to (the app is quitting).
+        std::atomic<bool> stop = false;
+        const QByteArray many = QByteArray("BEGIN:VCARD\nN:A\nEND:VCARD\n").repeated(5000);
+        QCOMPARE(VCardReader::read(many, [&stop](AddressBookContact &&) { stop = true; }, &stop).contacts, 1);
     }
 };
 
