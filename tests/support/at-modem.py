@@ -3,7 +3,8 @@
 
 Listens on 127.0.0.1 (--port, 0 chooses a free one) and prints "Port <n>"
 once it listens. Serves one connection at a time: it answers the queries oFono
-sends while it brings a modem up, and "OK" to every other command.
+sends while it brings a modem up, "ERROR" to SIM file reads (its SIM holds
+none) and "OK" to every other command.
 
 Calls: "ATD<string>;" is printed as "ATD <string>" and starts an outgoing call
 in state dialing; AT+CLCC lists the calls; ATH / AT+CHUP end them. Commands
