@@ -18,7 +18,10 @@ constexpr int bringUpMs = 20000;
 
 QString ofonod()
 {
-    return QStandardPaths::findExecutable(QStringLiteral("ofonod"), { QStringLiteral("/usr/sbin"), QStringLiteral("/sbin") });
+    // Debian installs it in /usr/sbin, which a user's PATH may lack.
+    const QString onPath = QStandardPaths::findExecutable(QStringLiteral("ofonod"));
+    return !onPath.isEmpty() ? onPath
+                             : QStandardPaths::findExecutable(QStringLiteral("ofonod"), { QStringLiteral("/usr/sbin") });
 }
 
 // ofonod keeps what it learns of a SIM under /var/lib/ofono. It runs in a
