@@ -198,7 +198,7 @@ private slots:
         QVERIFY(rig.waitForModems(1));
         const QStringList rejected{ QString(), "06 12 34", "#31#06abc", "#31#+3361", QString(81, u'1') };
         for (const QString &dialString : rejected)
-            rig.telephony.open(dialString);
+            rig.telephony.open(DialRequest{ QString(), dialString });
         QCOMPARE(rig.failures.size(), rejected.size());
         QVERIFY(!rig.confirmation.isPending());
         QVERIFY(rig.dials().isEmpty());
