@@ -45,17 +45,12 @@ ModemManagerTelephony::ModemManagerTelephony(const QDBusConnection &bus, QObject
       m_manager(new ObjectManagerProxy(serviceName, managerPath, bus, this))
 {
     m_manager->setTimeout(callTimeoutMs);
-    // InterfacesAdded is taken as a message: with Qt 6.4 a signal whose maps
-    // hold arrays never reached a typed slot.
+    // The object manager's signals are taken as messages: with Qt 6.4 a
+    // signal whose maps hold arrays never reached a typed slot.
     this->bus().connect(serviceName, managerPath, m_manager->interface(), QStringLiteral("InterfacesAdded"), this,
                         SLOT(onInterfacesAdded(QDBusMessage)));
-    connect(m_manager, &ObjectManagerProxy::InterfacesRemoved, this,
-            [this](const QDBusObjectPath &path, const QStringList &interfaces) {
-                if (m_voices.contains(path.path()) && interfaces.contains(ModemManagerVoiceProxy::staticInterfaceName())) {
-                    removeModem(path.path());
-                    emit modemsChanged();
-                }
-            });
+    this->bus().connect(serviceName, managerPath, m_manager->interface(), QStringLiteral("InterfacesRemoved"), this,
+                        SLOT(onInterfacesRemoved(QDBusMessage)));
     start();
 }
 
@@ -85,6 +80,15 @@ void ModemManagerTelephony::readModems(int generation)
         }
         modemsRead(generation, !reply.isError());
     });
+}
+
+void ModemManagerTelephony::onInterfacesRemoved(const QDBusMessage &message)
+{
+    const QString path = message.arguments().value(0).value<QDBusObjectPath>().path();
+    if (m_voices.contains(path) && message.arguments().value(1).toStringList().contains(ModemManagerVoiceProxy::staticInterfaceName())) {
+        removeModem(path);
+        emit modemsChanged();
+    }
 }
 
 void ModemManagerTelephony::foundInterfaces(const QString &path, const InterfaceProperties &interfaces)

@@ -39,6 +39,7 @@ protected:
 
 private slots:
     void onInterfacesAdded(const QDBusMessage &message);
+    void onInterfacesRemoved(const QDBusMessage &message);
 
 private:
     void foundInterfaces(const QString &path, const InterfaceProperties &interfaces);
