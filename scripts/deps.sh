@@ -10,7 +10,7 @@ packages=(
     qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtquick-controls
     qml6-module-qtquick-templates qml6-module-qtquick-layouts qml6-module-qtquick-dialogs
     qml6-module-qt-labs-folderlistmodel qml6-module-qttest
-    libqt6sql6-sqlite dbus-daemon dbus-bin python3-dbus python3-dbusmock python3-gi xdg-utils
+    libqt6sql6-sqlite dbus-daemon dbus-bin python3-dbus python3-dbusmock python3-gi xdg-utils ofono
     xvfb xauth libgl1-mesa-dri fonts-dejavu-core
 )
 

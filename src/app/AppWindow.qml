@@ -31,12 +31,15 @@ ApplicationWindow {
     // The question before a call is placed in the user's name.
     CallConfirmationDialog { }
 
-    // Short notices: what sharing did, a call the telephony refused.
+    // Short notices: what sharing did, a call that failed after it was
+    // requested. A longer sentence wraps and stays long enough to be read.
     ToolTip {
         id: notice
+        objectName: "notice"
+        width: Math.min(implicitWidth, window.width - 48)
         x: (window.width - width) / 2
         y: window.height - height - 96
-        timeout: 3500
+        timeout: Math.max(3500, text.length * 70)
     }
 
     Connections {

@@ -40,7 +40,7 @@ Dialog {
 
         Label {
             Layout.fillWidth: true
-            text: qsTr("The number is dialled exactly as shown, prefix included.")
+            text: qsTr("The number is dialled as shown, prefix included.")
             wrapMode: Text.Wrap
             opacity: 0.7
         }

@@ -1,6 +1,7 @@
 #include "Service.h"
 
 #include "BuildConfig.h"
+#include "CallConfirmation.h"
 #include "KeyValueStore.h"
 #include "Platform.h"
 #include "Telephony.h"
@@ -9,16 +10,15 @@
 #include "WidgetRefresher.h"
 
 #include <QJSEngine>
+#include <QRegularExpression>
 #include <QTextStream>
 #include <QUrl>
-
-#include <cctype>
 
 Service *Service::shared()
 {
     static Service *const instance = [] {
-        auto *service = new Service(UserDefaultsService::shared(), Platform::telephony(), Platform::widgets(),
-                                    Platform::sharer());
+        auto *service = new Service(UserDefaultsService::shared(), Platform::telephony(), CallConfirmation::shared(),
+                                    Platform::widgets(), Platform::sharer());
         return service;
     }();
     return instance;
@@ -31,15 +31,21 @@ Service *Service::create(QQmlEngine *, QJSEngine *)
     return instance;
 }
 
-Service::Service(UserDefaultsService *defaultsService, Telephony &telephony, WidgetRefresher &widgets,
-                 TextSharer &sharer, QObject *parent)
-    : QObject(parent), m_defaultsService(defaultsService), m_telephony(telephony), m_widgets(widgets), m_sharer(sharer)
+Service::Service(UserDefaultsService *defaultsService, Telephony &telephony, CallConfirmation &confirmation,
+                 WidgetRefresher &widgets, TextSharer &sharer, QObject *parent)
+    : QObject(parent),
+      m_defaultsService(defaultsService),
+      m_telephony(telephony),
+      m_confirmation(confirmation),
+      m_widgets(widgets),
+      m_sharer(sharer)
 {
     connect(&m_sharer, &TextSharer::notice, this, &Service::notice);
-    connect(&m_telephony, &Telephony::requestFailed, this, &Service::notice);
+    connect(&m_telephony, &Telephony::requestFailed, this,
+            [this](const QString &message) { emit notice(failureNotice(message)); });
 }
 
-void Service::makeCall(const QString &number, bool hidden)
+void Service::makeCall(const QString &number, bool hidden, bool fromLink)
 {
     setCallStartedFromApp(true);
 
@@ -55,31 +61,56 @@ void Service::makeCall(const QString &number, bool hidden)
         setCallFailed(true);
         return;
     }
+    // A link may arrive while the user is reading the dial string of another
+    // call: it never takes that question's place, and is not kept for later,
+    // where a second tap on "Call" would place it unread.
+    const bool confirm = fromLink || m_telephony.placesCallsItself();
+    if (confirm && m_confirmation.isPending()) {
+        emit notice(tr("%1 was not called: first answer the call waiting on screen.").arg(request.dialString()));
+        return;
+    }
     // The address as composed: the URL's own rendering would rewrite a bare
     // number such as 0612 as if it were a host address.
     QTextStream(stdout) << "## User dial : " << address << Qt::endl;
-    m_telephony.open(request);
+    if (!confirm) {
+        m_telephony.open(request);
+        return;
+    }
+    m_confirmation.ask(request.dialString(), this, [this, request] { m_telephony.open(request); });
 }
 
 bool Service::isCallAddress(const QString &address)
 {
-    // A URL is made only of the characters URLs allow (RFC 3986: letters,
-    // digits, -._~ :/?#[]@ !$&'()*+,;= and %-escapes). Host-name rules do not
-    // apply: after "tel://" comes a dial string such as *67 or #31#, not a host.
-    static const QByteArray allowed = QByteArrayLiteral("-._~:/?#[]@!$&'()*+,;=");
-    for (qsizetype i = 0; i < address.size(); ++i) {
-        const char16_t c = address[i].unicode();
-        if (c >= 128)
-            return false;
-        if ((c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') || allowed.contains(char(c)))
-            continue;
-        if (c == u'%' && i + 2 < address.size() && isxdigit(address[i + 1].unicode()) && isxdigit(address[i + 2].unicode())) {
-            i += 2;
-            continue;
-        }
+    // Today's URL parsers percent-encode whatever a URL cannot hold as it
+    // stands (spaces, other characters, a stray '%') and give up only on a
+    // broken structure: no scheme, a port that is not a number, or a '[' that
+    // does not enclose an IP address. Host-name rules do not apply beyond
+    // that: after "tel://" comes a dial string such as "0611 111 111" or
+    // "#31#", not a host.
+    static const QRegularExpression url(
+            QStringLiteral(R"(^[A-Za-z][A-Za-z0-9+.-]*:(?:(?!//)|//(?:[^/?#]*@)?(?:\[([^\]]*)\]|[^/?#@\[\]:]*)(?::([0-9]*))?(?:[/?#]|$)))"),
+            QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpressionMatch match = url.match(address);
+    if (!match.hasMatch())
         return false;
-    }
-    return true;
+    const QString port = match.captured(2);
+    bool portFits = true;
+    if (!port.isEmpty() && (port.toUInt(&portFits) > 65535 || !portFits))
+        return false;
+    return !match.hasCaptured(1) || QUrl(QStringLiteral("http://[%1]").arg(match.captured(1))).isValid();
+}
+
+QString Service::failureNotice(const QString &message)
+{
+    // One sentence however the telephony put it: single blanks, none before
+    // a mark, a capital first and a full stop last, never an open ": " or " .".
+    static const QRegularExpression blanksBeforeMarks(QStringLiteral(R"(\s+(?=[.,;:!?]))"));
+    static const QRegularExpression openEnd(QStringLiteral(R"([\s.,;:]+$)"));
+    QString text = message.simplified().remove(blanksBeforeMarks).remove(openEnd);
+    if (text.isEmpty())
+        return tr("The call could not be placed.");
+    text[0] = text[0].toUpper();
+    return text.endsWith(u'!') || text.endsWith(u'?') ? text : text + u'.';
 }
 
 void Service::resetWidgetData()

@@ -7,6 +7,7 @@
 
 #include <optional>
 
+class CallConfirmation;
 class QJSEngine;
 class QQmlEngine;
 class Telephony;
@@ -35,15 +36,18 @@ public:
     static Service *shared();
     static Service *create(QQmlEngine *, QJSEngine *);
 
-    Service(UserDefaultsService *defaultsService, Telephony &telephony, WidgetRefresher &widgets, TextSharer &sharer,
-            QObject *parent = nullptr);
+    Service(UserDefaultsService *defaultsService, Telephony &telephony, CallConfirmation &confirmation,
+            WidgetRefresher &widgets, TextSharer &sharer, QObject *parent = nullptr);
 
     UserDefaultsService *defaultsService() const { return m_defaultsService; }
     Telephony &telephony() const { return m_telephony; }
 
     // Places a call to `number`, behind the stored prefix when `hidden`.
-    // The outcome is left in callFailed.
-    Q_INVOKABLE void makeCall(const QString &number, bool hidden);
+    // The outcome is left in callFailed. The user confirms the dial string
+    // first when the telephony dials by itself or the call comes from a
+    // link; while one confirmation is open, such a call is refused with a
+    // notice, so that no tap meant for one number can place another.
+    Q_INVOKABLE void makeCall(const QString &number, bool hidden, bool fromLink = false);
     // Clears the three values the widget shares with the app, then asks the
     // widgets to redraw.
     Q_INVOKABLE void resetWidgetData();
@@ -54,8 +58,11 @@ public:
                                     bool hidden);
 
     static QString shareText();
-    // Whether `address` parses as a URL; a call to anything else fails.
+    // Whether a URL parser takes `address`, percent-encoding what a URL
+    // cannot hold as it stands; a call to anything else fails.
     static bool isCallAddress(const QString &address);
+    // A telephony's report of a failed request as one well-formed sentence.
+    static QString failureNotice(const QString &message);
 
     bool callStartedFromApp() const { return m_callStartedFromApp; }
     void setCallStartedFromApp(bool value);
@@ -73,7 +80,8 @@ signals:
     void callStartedFromAppChanged();
     void callFailedChanged();
     void pendingCallChanged();
-    // A short message for the user (sharing, refused call requests).
+    // A short message for the user (sharing, calls that failed after they
+    // were requested, a link that came while a confirmation was open).
     void notice(const QString &message);
 
 private:
@@ -82,6 +90,7 @@ private:
 
     UserDefaultsService *m_defaultsService;
     Telephony &m_telephony;
+    CallConfirmation &m_confirmation;
     WidgetRefresher &m_widgets;
     TextSharer &m_sharer;
 

@@ -8,11 +8,13 @@
 
 // The question put to the user before a call is placed in their name: the
 // full dial string (prefix included) with "Call" and "Cancel", as a phone's
-// own dialler asks. Telephony backends that dial by themselves ask here;
-// the window shows the question while one is pending.
+// own dialler asks. The app asks here before it hands a call to a telephony
+// that dials by itself, and before every call a link places; the window
+// shows the question while one is pending.
 //
-// Only one question is pending at a time: a newer request replaces an older
-// one that is still waiting, and the older one counts as cancelled.
+// Only one question is pending at a time. The app asks only when none is
+// (it refuses a new call meanwhile); asked anyway, a newer request replaces
+// the older one, which counts as cancelled.
 class CallConfirmation : public QObject
 {
     Q_OBJECT

@@ -1,5 +1,7 @@
 // Dialling from every entry point the spine has: makeCall itself, widget
-// links and the dialler's model, against a telephony that records requests.
+// links and the dialler's model, against a telephony that records requests
+// and refuses what is no call, as the real ones do.
+#include "CallConfirmation.h"
 #include "DialerViewModel.h"
 #include "JsonFileKeyValueStore.h"
 #include "MainViewModel.h"
@@ -36,6 +38,7 @@ class TestDialling : public QObject
 
     KeyValueStore &settings() { return UserDefaultsService::shared()->userDefaults(); }
     Service &service() { return *Service::shared(); }
+    CallConfirmation &confirmation() { return CallConfirmation::shared(); }
 
 private slots:
     void initTestCase()
@@ -49,7 +52,8 @@ private slots:
 
     void init()
     {
-        telephony->callsPossible = true;
+        telephony->dialsItself = false;
+        confirmation().cancel();
         telephony->asked.clear();
         telephony->opened.clear();
         service().setCallFailed(false);
@@ -57,73 +61,75 @@ private slots:
         settings().setString(QStringLiteral("prefix"), QStringLiteral("#31#"));
     }
 
-    void composesTheDialString_data()
+    // The dial string is composed as given, whatever becomes of it: a URL
+    // parser percent-encodes what it must (so spaces pass), and only the
+    // telephony refuses what is no call, without a log line.
+    void dialStrings_data()
     {
         QTest::addColumn<QString>("prefix");
         QTest::addColumn<QString>("number");
         QTest::addColumn<bool>("hidden");
+        QTest::addColumn<bool>("parses");
         QTest::addColumn<QString>("dialled");
-        QTest::newRow("private") << "#31#" << "0612345678" << true << "#31#0612345678";
-        QTest::newRow("normal") << "#31#" << "0612345678" << false << "0612345678";
-        QTest::newRow("typed code kept") << "#31#" << "*31#06" << true << "#31#*31#06";
-        QTest::newRow("plus") << "#31#" << "+33612" << true << "#31#+33612";
-        QTest::newRow("empty number") << "#31#" << "" << true << "#31#";
-        QTest::newRow("empty prefix") << "" << "0612" << true << "0612";
-        QTest::newRow("other prefix") << "*67*" << "0612" << true << "*67*0612";
+        QTest::newRow("private") << "#31#" << "0612345678" << true << true << "#31#0612345678";
+        QTest::newRow("normal") << "#31#" << "0612345678" << false << true << "0612345678";
+        QTest::newRow("written with spaces") << "#31#" << "+33 6 12 34 56 78" << true << true << "#31#+33 6 12 34 56 78";
+        QTest::newRow("written with brackets") << "*67" << "(555) 123-4567" << true << true << "*67(555) 123-4567";
+        QTest::newRow("digit prefix") << "141" << "0611 111 111" << true << true << "1410611 111 111";
+        QTest::newRow("typed code kept") << "#31#" << "*31#06" << true << true << "#31#*31#06";
+        QTest::newRow("empty prefix") << "" << "0612" << true << true << "0612";
+        QTest::newRow("empty number, private") << "#31#" << "" << true << true << "";
+        QTest::newRow("empty number, normal") << "#31#" << "" << false << true << "";
+        QTest::newRow("letters") << "#31#" << "0800FLOWERS" << true << true << "";
+        QTest::newRow("service code") << "#31#" << "**21*0999123#" << true << true << "";
+        QTest::newRow("USSD code") << "" << "*#06#" << false << true << "";
+        QTest::newRow("non-ASCII digits") << "" << "٠١٢" << false << true << "";
+        QTest::newRow("bad escape") << "" << "12%4" << false << true << "";
+        QTest::newRow("port that is no number") << "" << "12:ab" << false << false << "";
+        QTest::newRow("port out of range") << "" << "12:99999" << false << false << "";
+        QTest::newRow("unclosed bracket") << "" << "[12" << false << false << "";
+        QTest::newRow("bracket that is no address") << "" << "[12]" << false << false << "";
     }
-    void composesTheDialString()
+    void dialStrings()
     {
         QFETCH(QString, prefix);
         QFETCH(QString, number);
         QFETCH(bool, hidden);
+        QFETCH(bool, parses);
         QFETCH(QString, dialled);
         settings().setString(QStringLiteral("prefix"), prefix);
         StdoutCapture out;
         service().makeCall(number, hidden);
-        QCOMPARE(telephony->opened, QStringList{ dialled });
+        QCOMPARE(telephony->asked.size(), parses ? 1 : 0);
+        QCOMPARE(telephony->opened, dialled.isEmpty() ? QStringList() : QStringList{ dialled });
         // Printed exactly as composed, never normalised by the URL parser.
-        QCOMPARE(out.lines(), QStringList{ QStringLiteral("## User dial : tel://") + dialled });
+        QCOMPARE(out.lines(), dialled.isEmpty() ? QStringList() : QStringList{ QStringLiteral("## User dial : tel://") + dialled });
         QVERIFY(service().callStartedFromApp());
-        QVERIFY(!service().callFailed());
+        QCOMPARE(service().callFailed(), dialled.isEmpty());
     }
 
-    void addressesThatDoNotParseFail_data()
+    // A failure the telephony reports later is one notice in one well-formed
+    // sentence, and no dialling error.
+    void laterFailuresReadAsOneSentence_data()
     {
-        QTest::addColumn<QString>("number");
-        QTest::addColumn<bool>("fails");
-        QTest::newRow("spaces") << "+33 6 12" << true;
-        QTest::newRow("letters") << "0800FLOWERS" << false;
-        QTest::newRow("non-ASCII digits") << "٠١٢" << true;
-        QTest::newRow("bad escape") << "12%4" << true;
-        QTest::newRow("brace") << "12{3}" << true;
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<QString>("notice");
+        QTest::newRow("as sent") << "No modem is ready to place calls." << "No modem is ready to place calls.";
+        QTest::newRow("blank before the stop") << "The phone cannot dial ." << "The phone cannot dial.";
+        QTest::newRow("reason missing") << "The call could not be placed: " << "The call could not be placed.";
+        QTest::newRow("stray blanks, no stop") << "  network\n busy " << "Network busy.";
+        QTest::newRow("question") << "Is a SIM card in?" << "Is a SIM card in?";
+        QTest::newRow("empty") << "" << "The call could not be placed.";
+        QTest::newRow("marks only") << " : " << "The call could not be placed.";
     }
-    void addressesThatDoNotParseFail()
+    void laterFailuresReadAsOneSentence()
     {
-        QFETCH(QString, number);
-        QFETCH(bool, fails);
-        StdoutCapture out;
-        service().makeCall(number, true);
-        QCOMPARE(service().callFailed(), fails);
-        QCOMPARE(telephony->opened.isEmpty(), fails);
-        QCOMPARE(out.lines().isEmpty(), fails);
-    }
-
-    void aPhoneThatCannotCallFailsSilently()
-    {
-        telephony->callsPossible = false;
-        StdoutCapture out;
-        service().makeCall(QStringLiteral("0612"), true);
-        QVERIFY(service().callFailed());
-        QVERIFY(service().callStartedFromApp());
-        QVERIFY(telephony->opened.isEmpty());
-        QVERIFY(out.lines().isEmpty());
-
-        // The flag stays up through a later successful call until "OK" lowers it.
-        telephony->callsPossible = true;
-        service().makeCall(QStringLiteral("0612"), true);
-        QVERIFY(service().callFailed());
-        service().setCallFailed(false);
-        service().makeCall(QStringLiteral("0612"), true);
+        QFETCH(QString, message);
+        QFETCH(QString, notice);
+        QSignalSpy notices(&service(), &Service::notice);
+        emit telephony->requestFailed(message);
+        QCOMPARE(notices.size(), 1);
+        QCOMPARE(notices[0][0].toString(), notice);
         QVERIFY(!service().callFailed());
     }
 
@@ -159,6 +165,10 @@ private slots:
 
         app.handleOpenUrl(QUrl(link));
 
+        // Each call a link places waits for the user's "Call", on every telephony.
+        QCOMPARE(confirmation().isPending() ? QStringList{ confirmation().dialString() } : QStringList(), dialled);
+        QVERIFY(telephony->opened.isEmpty());
+        confirmation().call();
         QCOMPARE(telephony->opened, dialled);
         // The widget's choices are cleared in its file, whatever the link held.
         const auto onDisk = JsonFileKeyValueStore::open(TestHome::configDirectory() + QStringLiteral("/group.quieton.DataWidget.json"));
@@ -182,14 +192,15 @@ private slots:
         settings().setBool(QStringLiteral("hasCompletedFirstLaunch"), false);
         app.deliverLink(QUrl(QStringLiteral("quieton://w?number=1")));
         app.setMainViewShown(true);
-        QVERIFY(telephony->opened.isEmpty());
+        QVERIFY(!confirmation().isPending());
         app.setMainViewShown(false);
 
         UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
         QSignalSpy filled(&app, &QuietonApp::linkOpened);
         app.deliverLink(QUrl(QStringLiteral("quieton://w?number=2")));
-        QVERIFY(telephony->opened.isEmpty());
+        QVERIFY(!confirmation().isPending());
         app.setMainViewShown(true);
+        confirmation().call();
         QCOMPARE(telephony->opened, QStringList{ QStringLiteral("2") });
         QCOMPARE(filled.size(), 1);
     }

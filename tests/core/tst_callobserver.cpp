@@ -1,6 +1,7 @@
 // The outgoing-call observer: which reported call changes become history
 // records, against a telephony that reports calls on demand and a real
 // history file.
+#include "CallConfirmation.h"
 #include "CallObserver.h"
 #include "CallObserverDelegate.h"
 #include "HistoryCallDataService.h"
@@ -116,6 +117,7 @@ private slots:
         service().setPendingCall(QStringLiteral("Stale"), QStringLiteral("Name"), QStringLiteral("1"), false);
         QuietonApp app(nullptr);
         app.handleOpenUrl(QUrl(QStringLiteral("quieton://call?number=0612&hidden=TRUE&saveToHistory=true")));
+        CallConfirmation::shared().call();
         QCOMPARE(telephony->opened.constLast(), QStringLiteral("#31#0612"));
         telephony->report(QStringLiteral("c6"), true, false, false);
 

@@ -2,14 +2,46 @@
 
 #include <QDBusConnectionInterface>
 #include <QDeadlineTimer>
+#include <QFile>
 #include <QTest>
 #include <QUuid>
 
-PrivateBus::PrivateBus()
+namespace {
+
+// The bus listens in its own folder, where the test's things are.
+const char systemConfig[] = R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-BUS Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>system</type>
+  <listen>unix:dir=%1</listen>
+  <auth>EXTERNAL</auth>
+  <policy context="default">
+    <allow user="*"/>
+    <allow own="*"/>
+    <allow send_destination="*"/>
+    <allow receive_sender="*"/>
+  </policy>
+</busconfig>
+)";
+
+} // namespace
+
+PrivateBus::PrivateBus(Type type)
 {
+    QStringList arguments{ QStringLiteral("--session") };
+    if (type == Type::System) {
+        const QString config = m_directory.filePath(QStringLiteral("bus.conf"));
+        QFile file(config);
+        if (!file.open(QIODevice::WriteOnly)
+            || file.write(QString::fromLatin1(systemConfig).arg(m_directory.path()).toUtf8()) < 0)
+            return;
+        file.close();
+        arguments = QStringList{ QStringLiteral("--config-file=") + config };
+    }
     m_daemon.setProgram(QStringLiteral("dbus-daemon"));
-    m_daemon.setArguments({ QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
-                            QStringLiteral("--print-address=1") });
+    m_daemon.setArguments(arguments
+                          + QStringList{ QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
+                                         QStringLiteral("--print-address=1") });
     m_daemon.setProcessChannelMode(QProcess::SeparateChannels);
     m_daemon.start();
     if (!m_daemon.waitForStarted(5000))

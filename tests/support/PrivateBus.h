@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
 
 #include <memory>
 
@@ -13,7 +14,11 @@
 class PrivateBus
 {
 public:
-    PrivateBus();
+    // A System bus lets anyone own any name and send anything, and activates
+    // nothing: daemons that insist on a system bus (oFono) run on it.
+    enum class Type { Session, System };
+
+    explicit PrivateBus(Type type = Type::Session);
     ~PrivateBus();
     PrivateBus(const PrivateBus &) = delete;
     PrivateBus &operator=(const PrivateBus &) = delete;
@@ -34,6 +39,7 @@ public:
     bool waitForName(const QString &busName, bool owned, int timeoutMs = 10000);
 
 private:
+    QTemporaryDir m_directory;
     QProcess m_daemon;
     QString m_address;
     QString m_connectionName;

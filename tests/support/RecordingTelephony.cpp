@@ -1,9 +1,13 @@
 #include "RecordingTelephony.h"
 
+#include <QRegularExpression>
+
 bool RecordingTelephony::canOpen(const DialRequest &request)
 {
     asked.append(request.dialString());
-    return callsPossible;
+    static const QRegularExpression separators(QStringLiteral("[ ().\\-/]"));
+    static const QRegularExpression call(QStringLiteral("^(?![*#].*#$)[0-9+*#,;]*[0-9][0-9+*#,;]*$"));
+    return callsPossible && call.match(QString(request.number).remove(separators)).hasMatch();
 }
 
 void RecordingTelephony::open(const DialRequest &request)

@@ -3,7 +3,9 @@ import QtQuick.Controls
 import QtTest
 import Quieton
 
-// What the dialog does besides placing the call (the call road covers that).
+// The question before a call that the telephony dials by itself or that a
+// link places: what it shows, what each answer does, and that a second link
+// never takes the place of the question on screen.
 TestCase {
     id: testCase
     name: "CallConfirmationDialog"
@@ -11,6 +13,11 @@ TestCase {
     height: 800
     when: windowShown
     visible: true
+
+    Component {
+        id: mainViewComponent
+        MainView { anchors.fill: parent }
+    }
 
     CallConfirmationDialog { id: dialog }
 
@@ -20,20 +27,21 @@ TestCase {
         signalName: "notice"
     }
 
-    function placeCall(number, hidden) {
-        Service.makeCall(number, hidden)
-        tryCompare(dialog, "opened", true, 5000)
-    }
-
     function button(name) {
         const found = findChild(dialog.footer, name)
         verify(found, name)
         return found
     }
 
-    function initTestCase() {
-        verify(modemRunning)
+    function shown() {
+        tryCompare(dialog, "opened", true)
+        return findChild(dialog.contentItem, "dialString").text
+    }
+
+    function init() {
         UserDefaultsService.setString("prefix", "#31#")
+        Service.callFailed = false
+        notices.clear()
     }
 
     function cleanup() {
@@ -45,24 +53,55 @@ TestCase {
         return [{ tag: "button", escape: false }, { tag: "escape key", escape: true }]
     }
     function test_cancelPlacesNothing(data) {
-        const before = simulatedModem.createdNumbers().length
-        placeCall("0611111111", true)
+        const before = phone.openedCount()
+        Service.makeCall("0611111111", true)
+        compare(shown(), "#31#0611111111")
         if (data.escape)
             keyClick(Qt.Key_Escape)
         else
             mouseClick(button("cancelButton"))
         tryCompare(dialog, "visible", false)
         verify(!CallConfirmation.pending)
-        wait(600)
-        compare(simulatedModem.createdNumbers().length, before)
+        compare(phone.openedCount(), before)
+        verify(!Service.callFailed)
     }
 
-    function test_refusedCallShowsANotice() {
-        notices.clear()
-        placeCall("06!", false)
+    function test_typedCallIsConfirmedPlacedAndRecorded() {
+        UserDefaultsService.setBool("hiddenNumber", true)
+        UserDefaultsService.setBool("saveToHistory", true)
+        const main = createTemporaryObject(mainViewComponent, testCase)
+        const dialer = findChild(main, "dialerView")
+        waitForRendering(dialer)
+        const rowsBefore = phone.storedRows().length
+        const openedBefore = phone.openedCount()
+
+        for (const c of "0687654321")
+            mouseClick(findChild(dialer, "key" + c))
+        mouseClick(findChild(dialer, "callButton"))
+        compare(shown(), "#31#0687654321")
+        compare(phone.openedCount(), openedBefore)
         mouseClick(button("callButton"))
-        tryCompare(notices, "count", 1, 5000)
-        verify(notices.signalArguments[0][0].indexOf("could not be placed") >= 0, notices.signalArguments[0][0])
-        compare(Service.callFailed, false)
+        compare(phone.lastOpened(), "#31#0687654321")
+        verify(!dialer.showingErrorDialNumberAlert)
+
+        phone.report("confirmed-1", true, false, false)
+        const rows = phone.storedRows()
+        compare(rows.length, rowsBefore + 1)
+        compare(rows[rowsBefore].telephone, "0687654321")
+        compare(rows[rowsBefore].callHidden, true)
+    }
+
+    function test_aSecondLinkNeverTakesThePlaceOfTheFirst() {
+        const before = phone.openedCount()
+        QuietonApp.handleOpenUrl("quieton://call?number=0611&hidden=true")
+        compare(shown(), "#31#0611")
+        QuietonApp.handleOpenUrl("quieton://call?number=0622")
+        compare(notices.count, 1)
+        compare(notices.signalArguments[0][0], "0622 was not called: first answer the call waiting on screen.")
+        compare(shown(), "#31#0611")
+        mouseClick(button("callButton"))
+        tryCompare(dialog, "visible", false)
+        compare(phone.openedCount(), before + 1)
+        compare(phone.lastOpened(), "#31#0611")
     }
 }

@@ -22,6 +22,12 @@ TestCase {
         MainView { anchors.fill: parent }
     }
 
+    SignalSpy {
+        id: notices
+        target: Service
+        signalName: "notice"
+    }
+
     function init() {
         UserDefaultsService.setInteger("autoSortBy", 0)
         UserDefaultsService.setBool("comparator", true)
@@ -158,17 +164,25 @@ TestCase {
         compare(driver.lastAsked(), asked)
     }
 
-    function test_failedCallShowsTheErrorAlert() {
+    // The telephony refuses a call without a number at once, as the real
+    // ones do: the dialling-error alert, never a notice, never a request.
+    function test_contactWithoutANumberShowsTheErrorAlert_data() {
+        return [{ tag: "private", button: "privateDialingButton" }, { tag: "normal", button: "normalDialingButton" }]
+    }
+    function test_contactWithoutANumberShowsTheErrorAlert(data) {
+        UserDefaultsService.setString("prefix", "#31#")
         const view = shownView([["No", "Number"]])
-        driver.setCallsPossible(false)
+        const opened = driver.openedCount()
+        notices.clear()
         mouseClick(findChild(view, "contactRow0"))
         const dialog = findChild(view, "callPrivacyDialog")
         tryCompare(dialog, "opened", true)
-        mouseClick(findChild(dialog.footer, "normalDialingButton"))
-        compare(driver.lastAsked(), "")
+        mouseClick(findChild(dialog.footer, data.button))
         verify(Service.callFailed)
         const alert = findChild(view, "dialErrorAlert")
         tryCompare(alert, "opened", true)
+        compare(driver.openedCount(), opened)
+        compare(notices.count, 0)
         mouseClick(alert.footer.itemAt(0))
         tryCompare(alert, "visible", false)
         verify(!Service.callFailed)

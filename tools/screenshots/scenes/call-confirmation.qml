@@ -6,7 +6,7 @@ import Quieton
 Item {
     property int settleMs: 1500
     property var steps: [
-        [1500, function() { Service.makeCall("0612345678", true) }]
+        [1500, function() { QuietonApp.handleOpenUrl("quieton://call?number=%2B33%206%2012%2034%2056%2078&hidden=true") }]
     ]
 
     Component.onCompleted: {
