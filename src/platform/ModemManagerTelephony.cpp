@@ -46,7 +46,7 @@ ModemManagerTelephony::ModemManagerTelephony(const QDBusConnection &bus, QObject
 {
     m_manager->setTimeout(callTimeoutMs);
     // The object manager's signals are taken as messages: with Qt 6.4 a
-    // signal whose maps hold arrays never reached a typed slot.
+    // signal whose maps hold arrays did not reach a typed slot in our tests.
     this->bus().connect(serviceName, managerPath, m_manager->interface(), QStringLiteral("InterfacesAdded"), this,
                         SLOT(onInterfacesAdded(QDBusMessage)));
     this->bus().connect(serviceName, managerPath, m_manager->interface(), QStringLiteral("InterfacesRemoved"), this,

@@ -32,8 +32,8 @@ OfonoTelephony::OfonoTelephony(const QDBusConnection &bus, QObject *parent)
       m_manager(new OfonoManagerProxy(serviceName, QStringLiteral("/"), bus, this))
 {
     m_manager->setTimeout(callTimeoutMs);
-    // ModemAdded is taken as a message: with Qt 6.4 it never reached a typed
-    // slot, relayed or not (its properties hold arrays).
+    // ModemAdded is taken as a message: with Qt 6.4 it did not reach a typed
+    // slot in our tests, relayed or not (its properties hold arrays).
     this->bus().connect(serviceName, m_manager->path(), m_manager->interface(), QStringLiteral("ModemAdded"), this,
                         SLOT(onModemAdded(QDBusMessage)));
     connect(m_manager, &OfonoManagerProxy::ModemRemoved, this, [this](const QDBusObjectPath &path) {
