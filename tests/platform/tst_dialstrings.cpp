@@ -21,16 +21,16 @@ class TestDialStrings : public QObject
     static QString placed(Telephony &telephony, const DialRequest &request, const Recorded &recorded)
     {
         const qsizetype before = recorded().size();
+        QSignalSpy failed(&telephony, &Telephony::requestFailed);
         if (!telephony.canOpen(request)) {
             // Even when asked, it sends nothing and says so at once.
-            QSignalSpy failed(&telephony, &Telephony::requestFailed);
             telephony.open(request);
             return failed.size() == 1 ? QStringLiteral("refused") : QStringLiteral("(asked anyway)");
         }
         telephony.open(request);
-        if (!QTest::qWaitFor([&] { return recorded().size() > before; }, 10000))
+        if (!QTest::qWaitFor([&] { return recorded().size() > before || !failed.isEmpty(); }, 10000))
             return QStringLiteral("(nothing)");
-        return recorded().constLast();
+        return failed.isEmpty() ? recorded().constLast() : "(failed: " + failed.constFirst().constFirst().toString() + ')';
     }
 
     PrivateBus m_bus;
