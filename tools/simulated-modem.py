@@ -4,7 +4,8 @@
 Owns org.freedesktop.ModemManager1 on a bus (the system bus unless --bus
 gives an address) and offers what Quieton uses of ModemManager: the object
 manager, one modem with Modem.Voice (CreateCall, ListCalls, DeleteCall,
-HangupAll, CallAdded, CallDeleted) and call objects (Start, Hangup, Accept;
+HangupAll, CallAdded, CallDeleted), its SIM (EmergencyNumbers: 13373, which
+is no real emergency number) and call objects (Start, Hangup, Accept;
 State, StateReason, Direction, Number; StateChanged and PropertiesChanged).
 
 A started call walks through dialing (1), ringing-out (2), active (4) and
@@ -35,6 +36,7 @@ PROPERTIES = 'org.freedesktop.DBus.Properties'
 MODEM = 'org.freedesktop.ModemManager1.Modem'
 VOICE = 'org.freedesktop.ModemManager1.Modem.Voice'
 CALL = 'org.freedesktop.ModemManager1.Call'
+SIM = 'org.freedesktop.ModemManager1.Sim'
 ERROR_INVALID_ARGS = 'org.freedesktop.ModemManager1.Error.Core.InvalidArgs'
 ERROR_WRONG_STATE = 'org.freedesktop.ModemManager1.Error.Core.WrongState'
 ERROR_NOT_FOUND = 'org.freedesktop.ModemManager1.Error.Core.NotFound'
@@ -167,6 +169,7 @@ class Modem(PropertiesObject):
                 'Model': dbus.String('Simulated modem'),
                 'State': dbus.Int32(8 if network else 7),  # registered / enabled
                 'EquipmentIdentifier': dbus.String('000000000000000'),
+                'Sim': dbus.ObjectPath(f'{ROOT}/SIM/0'),
             },
             VOICE: {
                 'Calls': dbus.Array([], signature='o'),
@@ -274,6 +277,10 @@ def main():
     loop = GLib.MainLoop()
 
     manager = Manager(bus)
+    sim = PropertiesObject(bus, f'{ROOT}/SIM/0', {SIM: {  # noqa: F841 (kept alive)
+        'SimIdentifier': dbus.String('0000000000000000000'),
+        'EmergencyNumbers': dbus.Array(['13373'], signature='s'),
+    }})
     modem = Modem(bus, f'{ROOT}/Modem/0', args.step_ms, network=not args.no_network)
     if args.modem_after_ms > 0:
         GLib.timeout_add(args.modem_after_ms, manager.add_modem, modem)

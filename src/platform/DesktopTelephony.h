@@ -1,23 +1,50 @@
 #pragma once
 
+#include "DialTarget.h"
 #include "Telephony.h"
+
+#include <QTimer>
 
 #include <optional>
 
-// Hands call requests to the desktop's registered tel: handler. It reports
-// "cannot open" when no handler is registered, and sees no call events.
+class QProcess;
+
+// Hands call requests to the desktop's registered tel: handler, which asks
+// the user on its own; it sees no call events.
+//
+// Whether a handler is registered is asked of xdg-mime in the background,
+// from construction on, never on the UI thread. A handler once found is
+// remembered; an answer of "none" is asked again at the next request, and a
+// look-up that fails or takes too long is not remembered at all. While no
+// answer is known, a request waits for the look-up.
 class DesktopTelephony : public Telephony
 {
     Q_OBJECT
 public:
-    using Telephony::Telephony;
+    explicit DesktopTelephony(QObject *parent = nullptr);
+    ~DesktopTelephony() override;
 
-    // Whether the desktop has a tel: handler (asked once, then remembered).
-    static bool handlerRegistered();
-    // The tel: address handed to the handler: '#' and spaces percent-encoded.
+    // The tel: address handed to the handler: '#' and other reserved characters percent-encoded.
     static QString telAddress(const QString &dialString);
 
     QString backendName() const override { return QStringLiteral("desktop tel: handler"); }
+    // False for what is not a call, and once xdg-mime said that no handler is registered.
     bool canOpen(const DialRequest &request) override;
     void open(const DialRequest &request) override;
+
+signals:
+    // A look-up ended; `registered` tells whether a handler was found.
+    void handlerLookedUp(bool registered);
+
+private:
+    enum class Handler { Unknown, Registered, None };
+
+    void lookUp();
+    void answered(Handler handler);
+    void hand(const DialTarget &target);
+
+    Handler m_handler = Handler::Unknown;
+    QProcess *m_lookup = nullptr;
+    QTimer m_lookupLimit;
+    std::optional<DialTarget> m_waiting;
 };

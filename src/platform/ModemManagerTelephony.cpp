@@ -1,25 +1,20 @@
 #include "ModemManagerTelephony.h"
 
-#include "CallConfirmation.h"
+#include "modemmanagercallproxy.h"
+#include "modemmanagervoiceproxy.h"
+#include "objectmanagerproxy.h"
+#include "propertiesproxy.h"
 
-#include <QDBusArgument>
 #include <QDBusMessage>
-#include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QDBusServiceWatcher>
-
-#include <algorithm>
 
 const QString ModemManagerTelephony::serviceName = QStringLiteral("org.freedesktop.ModemManager1");
 
 namespace {
 
 const QString managerPath = QStringLiteral("/org/freedesktop/ModemManager1");
-const QString objectManagerInterface = QStringLiteral("org.freedesktop.DBus.ObjectManager");
-const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
-const QString voiceInterface = QStringLiteral("org.freedesktop.ModemManager1.Modem.Voice");
-const QString callInterface = QStringLiteral("org.freedesktop.ModemManager1.Call");
+const QString modemInterface = QStringLiteral("org.freedesktop.ModemManager1.Modem");
+const QString simInterface = QStringLiteral("org.freedesktop.ModemManager1.Sim");
 
 // MMCallDirection and MMCallState.
 constexpr int directionOutgoing = 2;
@@ -32,196 +27,124 @@ constexpr int stateTerminated = 7;
 // dialling and far from forever.
 constexpr int callTimeoutMs = 60000;
 
-// The interface names of an a{sa{sv}} value.
-QStringList interfaceNames(const QDBusArgument &interfaces)
+// Runs `then` with the finished call; the watcher goes with `context`.
+template<typename Reply, typename Then>
+void whenDone(const Reply &pending, QObject *context, Then then)
 {
-    QStringList names;
-    interfaces.beginMap();
-    while (!interfaces.atEnd()) {
-        QString name;
-        QVariantMap properties;
-        interfaces.beginMapEntry();
-        interfaces >> name >> properties;
-        interfaces.endMapEntry();
-        names.append(name);
-    }
-    interfaces.endMap();
-    return names;
-}
-
-QString errorText(const QDBusError &error)
-{
-    return error.message().isEmpty() ? error.name() : error.message();
+    auto *watcher = new QDBusPendingCallWatcher(pending, context);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context, [then, watcher] {
+        watcher->deleteLater();
+        then(Reply(*watcher));
+    });
 }
 
 } // namespace
 
-ModemManagerTelephony::ModemManagerTelephony(const QDBusConnection &bus, CallConfirmation &confirmation,
-                                             QObject *parent)
-    : Telephony(parent),
-      m_bus(bus),
-      m_confirmation(confirmation),
-      m_watcher(new QDBusServiceWatcher(serviceName, bus, QDBusServiceWatcher::WatchForOwnerChange, this))
+ModemManagerTelephony::ModemManagerTelephony(const QDBusConnection &bus, QObject *parent)
+    : ModemTelephony(bus, serviceName, parent),
+      m_manager(new ObjectManagerProxy(serviceName, managerPath, bus, this))
 {
-    connect(m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString &, const QString &, const QString &newOwner) {
-                serviceGone();
-                if (!newOwner.isEmpty())
-                    readModems();
-            });
-
-    // An empty path follows every object of the service: each call and modem.
-    m_bus.connect(serviceName, managerPath, objectManagerInterface, QStringLiteral("InterfacesAdded"), this,
-                  SLOT(onInterfacesAdded(QDBusMessage)));
-    m_bus.connect(serviceName, managerPath, objectManagerInterface, QStringLiteral("InterfacesRemoved"), this,
-                  SLOT(onInterfacesRemoved(QDBusMessage)));
-    m_bus.connect(serviceName, QString(), voiceInterface, QStringLiteral("CallAdded"), this,
-                  SLOT(onCallAdded(QDBusMessage)));
-    m_bus.connect(serviceName, QString(), voiceInterface, QStringLiteral("CallDeleted"), this,
-                  SLOT(onCallDeleted(QDBusMessage)));
-    m_bus.connect(serviceName, QString(), callInterface, QStringLiteral("StateChanged"), this,
-                  SLOT(onCallStateChanged(QDBusMessage)));
-    m_bus.connect(serviceName, QString(), propertiesInterface, QStringLiteral("PropertiesChanged"), this,
-                  SLOT(onPropertiesChanged(QDBusMessage)));
-    readModems();
+    m_manager->setTimeout(callTimeoutMs);
+    // The object manager's signals are taken as messages: with Qt 6.4 a
+    // signal whose maps hold arrays did not reach a typed slot in our tests.
+    this->bus().connect(serviceName, managerPath, m_manager->interface(), QStringLiteral("InterfacesAdded"), this,
+                        SLOT(onInterfacesAdded(QDBusMessage)));
+    this->bus().connect(serviceName, managerPath, m_manager->interface(), QStringLiteral("InterfacesRemoved"), this,
+                        SLOT(onInterfacesRemoved(QDBusMessage)));
+    start();
 }
 
-bool ModemManagerTelephony::canOpen(const DialRequest &)
-{
-    switch (m_inventory) {
-    case Inventory::Reading:
-        return true;
-    case Inventory::Known:
-        return !m_modems.isEmpty();
-    case Inventory::NoService:
-        return false;
-    }
-    return false;
-}
+ModemManagerTelephony::~ModemManagerTelephony() = default;
 
-void ModemManagerTelephony::open(const DialRequest &request)
+void ModemManagerTelephony::onInterfacesAdded(const QDBusMessage &message)
 {
-    const QString dialString = request.dialString();
-    if (m_inventory == Inventory::Reading) {
-        // Asked right at start-up (a widget link): go on once the modems are known.
-        m_waitingRequest = dialString;
-        return;
-    }
-    requestCall(dialString);
-}
-
-QStringList ModemManagerTelephony::voiceModems() const
-{
-    return m_modems;
-}
-
-void ModemManagerTelephony::readModems()
-{
-    m_inventory = Inventory::Reading;
-    const int generation = ++m_generation;
-    const QDBusMessage message = QDBusMessage::createMethodCall(serviceName, managerPath, objectManagerInterface,
-                                                                QStringLiteral("GetManagedObjects"));
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, callTimeoutMs), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, generation](QDBusPendingCallWatcher *call) {
-        call->deleteLater();
-        if (generation != m_generation)
-            return;
-        const QDBusMessage reply = call->reply();
-        if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) {
-            m_inventory = Inventory::NoService;
-        } else {
-            // a{oa{sa{sv}}}
-            const QDBusArgument objects = reply.arguments().constFirst().value<QDBusArgument>();
-            objects.beginMap();
-            while (!objects.atEnd()) {
-                QDBusObjectPath path;
-                objects.beginMapEntry();
-                objects >> path;
-                const bool voice = interfaceNames(objects).contains(voiceInterface);
-                objects.endMapEntry();
-                if (voice)
-                    addModem(path.path());
-            }
-            objects.endMap();
-            m_inventory = Inventory::Known;
-        }
+    const QString path = message.arguments().value(0).value<QDBusObjectPath>().path();
+    const auto interfaces = qdbus_cast<InterfaceProperties>(message.arguments().value(1));
+    if (!path.isEmpty() && !m_voices.contains(path) && interfaces.contains(ModemManagerVoiceProxy::staticInterfaceName())) {
+        foundInterfaces(path, interfaces);
         emit modemsChanged();
-        if (const std::optional<QString> waiting = std::exchange(m_waitingRequest, std::nullopt))
-            requestCall(*waiting);
+    }
+}
+
+void ModemManagerTelephony::readModems(int generation)
+{
+    whenDone(m_manager->GetManagedObjects(), this, [this, generation](const QDBusPendingReply<ManagedObjects> &reply) {
+        if (!isCurrent(generation))
+            return;
+        if (!reply.isError()) {
+            const ManagedObjects objects = reply.value();
+            for (auto it = objects.cbegin(); it != objects.cend(); ++it) {
+                if (it.value().contains(ModemManagerVoiceProxy::staticInterfaceName()))
+                    foundInterfaces(it.key().path(), it.value());
+            }
+        }
+        modemsRead(generation, !reply.isError());
     });
 }
 
-void ModemManagerTelephony::serviceGone()
+void ModemManagerTelephony::onInterfacesRemoved(const QDBusMessage &message)
 {
-    ++m_generation;
-    const QStringList modems = m_modems;
-    for (const QString &modem : modems)
-        removeModem(modem);
-    m_inventory = Inventory::NoService;
-    emit modemsChanged();
-}
-
-void ModemManagerTelephony::addModem(const QString &path)
-{
-    if (m_modems.contains(path))
-        return;
-    m_modems.append(path);
-    std::sort(m_modems.begin(), m_modems.end());
-    listCalls(path);
-}
-
-void ModemManagerTelephony::removeModem(const QString &path)
-{
-    m_modems.removeAll(path);
-    const QStringList calls = m_calls.keys();
-    for (const QString &call : calls) {
-        if (m_calls.value(call).modem == path)
-            endCall(call);
+    const QString path = message.arguments().value(0).value<QDBusObjectPath>().path();
+    if (m_voices.contains(path) && message.arguments().value(1).toStringList().contains(ModemManagerVoiceProxy::staticInterfaceName())) {
+        removeModem(path);
+        emit modemsChanged();
     }
+}
+
+void ModemManagerTelephony::foundInterfaces(const QString &path, const InterfaceProperties &interfaces)
+{
+    auto *voice = new ModemManagerVoiceProxy(serviceName, path, bus(), this);
+    voice->setTimeout(callTimeoutMs);
+    m_voices.insert(path, voice);
+    addModem(path);
+    connect(voice, &ModemManagerVoiceProxy::CallAdded, this,
+            [this, path](const QDBusObjectPath &call) { trackCall(call.path(), path, true); });
+    connect(voice, &ModemManagerVoiceProxy::CallDeleted, this,
+            [this](const QDBusObjectPath &call) { endCall(call.path()); });
+    listCalls(path);
+    const QString sim = interfaces.value(modemInterface).value(QStringLiteral("Sim")).value<QDBusObjectPath>().path();
+    if (!sim.isEmpty() && sim != QLatin1String("/"))
+        readEmergencyNumbers(path, sim);
+}
+
+void ModemManagerTelephony::readEmergencyNumbers(const QString &modem, const QString &simPath)
+{
+    auto *properties = new PropertiesProxy(serviceName, simPath, bus(), this);
+    whenDone(properties->GetAll(simInterface), this, [this, modem, properties](const QDBusPendingReply<QVariantMap> &reply) {
+        properties->deleteLater();
+        if (!reply.isError())
+            setEmergencyNumbers(modem, reply.value().value(QStringLiteral("EmergencyNumbers")).toStringList());
+    });
 }
 
 void ModemManagerTelephony::listCalls(const QString &modem)
 {
     // Calls that exist already are followed from now on, without reporting
     // how they stand: they were not started while we watched.
-    const QDBusMessage message = QDBusMessage::createMethodCall(serviceName, modem, voiceInterface,
-                                                                QStringLiteral("ListCalls"));
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, callTimeoutMs), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, modem](QDBusPendingCallWatcher *call) {
-        call->deleteLater();
-        const QDBusPendingReply<QList<QDBusObjectPath>> reply = *call;
-        if (reply.isError() || !m_modems.contains(modem))
+    whenDone(m_voices.value(modem)->ListCalls(), this, [this, modem](const QDBusPendingReply<QList<QDBusObjectPath>> &reply) {
+        if (reply.isError() || !m_voices.contains(modem))
             return;
         for (const QDBusObjectPath &path : reply.value())
             trackCall(path.path(), modem, false);
     });
 }
 
-void ModemManagerTelephony::requestCall(const QString &dialString)
+void ModemManagerTelephony::forgetModem(const QString &modem)
 {
-    if (m_modems.isEmpty()) {
-        emit requestFailed(tr("No modem is ready to place calls."));
-        return;
-    }
-    m_confirmation.ask(dialString, this, [this, dialString] { createCall(dialString); });
+    delete m_voices.take(modem);
 }
 
-void ModemManagerTelephony::createCall(const QString &dialString)
+bool ModemManagerTelephony::accepts(const DialTarget &target) const
 {
-    if (m_modems.isEmpty()) {
-        emit requestFailed(tr("No modem is ready to place calls."));
-        return;
-    }
-    const QString modem = m_modems.constFirst();
-    QDBusMessage message = QDBusMessage::createMethodCall(serviceName, modem, voiceInterface,
-                                                          QStringLiteral("CreateCall"));
-    message << QVariantMap{ { QStringLiteral("number"), dialString } };
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, callTimeoutMs), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, modem](QDBusPendingCallWatcher *call) {
-        call->deleteLater();
-        const QDBusPendingReply<QDBusObjectPath> reply = *call;
+    return !target.hasPause();
+}
+
+void ModemManagerTelephony::dial(const QString &modem, const DialTarget &target)
+{
+    const QVariantMap properties{ { QStringLiteral("number"), target.dialString() } };
+    whenDone(m_voices.value(modem)->CreateCall(properties), this, [this, modem](const QDBusPendingReply<QDBusObjectPath> &reply) {
         if (reply.isError()) {
-            fail(errorText(reply.error()));
+            failRequest(reply.error());
             return;
         }
         const QString path = reply.value().path();
@@ -232,166 +155,75 @@ void ModemManagerTelephony::createCall(const QString &dialString)
 
 void ModemManagerTelephony::startCall(const QString &modem, const QString &callPath)
 {
-    const QDBusMessage message = QDBusMessage::createMethodCall(serviceName, callPath, callInterface,
-                                                                QStringLiteral("Start"));
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, callTimeoutMs), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, modem, callPath](QDBusPendingCallWatcher *call) {
-        call->deleteLater();
-        const QDBusPendingReply<> reply = *call;
+    ModemManagerCallProxy call(serviceName, callPath, bus());
+    call.setTimeout(callTimeoutMs);
+    whenDone(call.Start(), this, [this, modem, callPath](const QDBusPendingReply<> &reply) {
         if (!reply.isError())
             return;
-        fail(errorText(reply.error()));
+        failRequest(reply.error());
         // The call that could not start is of no use to anyone.
-        QDBusMessage remove = QDBusMessage::createMethodCall(serviceName, modem, voiceInterface,
-                                                             QStringLiteral("DeleteCall"));
-        remove << QVariant::fromValue(QDBusObjectPath(callPath));
-        m_bus.asyncCall(remove, callTimeoutMs);
+        if (ModemManagerVoiceProxy *voice = m_voices.value(modem))
+            voice->DeleteCall(QDBusObjectPath(callPath));
     });
 }
 
 void ModemManagerTelephony::trackCall(const QString &path, const QString &modem, bool announce)
 {
-    if (path.isEmpty() || m_calls.contains(path))
+    bool added = false;
+    if (path.isEmpty())
         return;
-    Call &tracked = m_calls[path];
-    tracked.modem = modem;
-    tracked.announce = announce;
+    Call &call = followCall(path, modem, added);
+    if (!added)
+        return;
+    call.known = false;
+    call.started = false;
 
-    QDBusMessage message = QDBusMessage::createMethodCall(serviceName, path, propertiesInterface,
-                                                          QStringLiteral("GetAll"));
-    message << callInterface;
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, callTimeoutMs), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, path](QDBusPendingCallWatcher *call) {
-        call->deleteLater();
-        auto found = m_calls.find(path);
-        if (found == m_calls.end() || found->loaded)
-            return;
-        const QDBusPendingReply<QVariantMap> reply = *call;
-        if (reply.isError()) {
-            // The call went away before it could be read.
-            m_calls.erase(found);
-            return;
+    // A state that changes while the first reading is under way wins over it.
+    auto stateSeen = std::make_shared<bool>(false);
+    auto *proxy = new ModemManagerCallProxy(serviceName, path, bus(), this);
+    m_callProxies.insert(path, proxy);
+    connect(proxy, &ModemManagerCallProxy::StateChanged, this, [this, path, stateSeen](int, int state, uint) {
+        if (Call *call = findCall(path)) {
+            *stateSeen = true;
+            setState(*call, state);
+            report(path);
         }
-        const QVariantMap properties = reply.value();
-        if (!found->directionSeen)
-            found->direction = properties.value(QStringLiteral("Direction")).toInt();
-        if (!found->stateSeen)
-            setState(*found, properties.value(QStringLiteral("State")).toInt());
-        found->loaded = true;
-        if (!found->announce) {
-            found->reported = CallEvent{ path, found->direction == directionOutgoing, found->hasBeenActive,
-                                         found->state == stateTerminated };
-            return;
-        }
-        report(path);
     });
+
+    PropertiesProxy properties(serviceName, path, bus());
+    properties.setTimeout(callTimeoutMs);
+    whenDone(properties.GetAll(ModemManagerCallProxy::staticInterfaceName()), this,
+             [this, path, announce, stateSeen](const QDBusPendingReply<QVariantMap> &reply) {
+                 Call *call = findCall(path);
+                 if (!call || call->known)
+                     return;
+                 if (reply.isError()) {
+                     // The call went away before it could be read.
+                     forgetCall(path);
+                     return;
+                 }
+                 call->isOutgoing = reply.value().value(QStringLiteral("Direction")).toInt() == directionOutgoing;
+                 if (!*stateSeen)
+                     setState(*call, reply.value().value(QStringLiteral("State")).toInt());
+                 call->known = true;
+                 if (announce)
+                     report(path);
+                 else
+                     acceptAsReported(path);
+             });
 }
 
 void ModemManagerTelephony::setState(Call &call, int state)
 {
-    call.state = state;
+    call.started = state != stateUnknown;
     // A held call has been answered before it could be put on hold.
     if (state == stateActive || state == stateHeld)
-        call.hasBeenActive = true;
+        call.hasConnected = true;
+    call.hasEnded = state == stateTerminated;
 }
 
-void ModemManagerTelephony::report(const QString &path)
+void ModemManagerTelephony::forgetCall(const QString &path)
 {
-    auto found = m_calls.find(path);
-    if (found == m_calls.end() || !found->loaded)
-        return;
-    // A call is created in the unknown state and only becomes one once it
-    // starts: one that ends without having started is never reported.
-    if (!found->reported && (found->state == stateUnknown || found->state == stateTerminated || found->removed))
-        return;
-    const CallEvent event{ path, found->direction == directionOutgoing, found->hasBeenActive,
-                           found->removed || found->state == stateTerminated };
-    if (found->reported && found->reported->isOutgoing == event.isOutgoing
-        && found->reported->hasConnected == event.hasConnected && found->reported->hasEnded == event.hasEnded)
-        return;
-    found->reported = event;
-    emit callChanged(event);
-}
-
-void ModemManagerTelephony::endCall(const QString &path)
-{
-    auto found = m_calls.find(path);
-    if (found == m_calls.end())
-        return;
-    found->removed = true;
-    report(path);
-    m_calls.remove(path);
-}
-
-void ModemManagerTelephony::fail(const QString &reason)
-{
-    emit requestFailed(tr("The call could not be placed: %1").arg(reason));
-}
-
-void ModemManagerTelephony::onInterfacesAdded(const QDBusMessage &message)
-{
-    const QList<QVariant> args = message.arguments();
-    if (args.size() < 2)
-        return;
-    const QString path = args.at(0).value<QDBusObjectPath>().path();
-    if (interfaceNames(args.at(1).value<QDBusArgument>()).contains(voiceInterface)) {
-        addModem(path);
-        emit modemsChanged();
-    }
-}
-
-void ModemManagerTelephony::onInterfacesRemoved(const QDBusMessage &message)
-{
-    const QList<QVariant> args = message.arguments();
-    if (args.size() < 2)
-        return;
-    const QString path = args.at(0).value<QDBusObjectPath>().path();
-    if (m_modems.contains(path) && args.at(1).toStringList().contains(voiceInterface)) {
-        removeModem(path);
-        emit modemsChanged();
-    }
-}
-
-void ModemManagerTelephony::onCallAdded(const QDBusMessage &message)
-{
-    if (!m_modems.contains(message.path()) || message.arguments().isEmpty())
-        return;
-    trackCall(message.arguments().constFirst().value<QDBusObjectPath>().path(), message.path(), true);
-}
-
-void ModemManagerTelephony::onCallDeleted(const QDBusMessage &message)
-{
-    if (message.arguments().isEmpty())
-        return;
-    endCall(message.arguments().constFirst().value<QDBusObjectPath>().path());
-}
-
-void ModemManagerTelephony::onCallStateChanged(const QDBusMessage &message)
-{
-    auto found = m_calls.find(message.path());
-    if (found == m_calls.end() || message.arguments().size() < 2)
-        return;
-    setState(*found, message.arguments().at(1).toInt());
-    found->stateSeen = true;
-    report(message.path());
-}
-
-void ModemManagerTelephony::onPropertiesChanged(const QDBusMessage &message)
-{
-    const QList<QVariant> args = message.arguments();
-    if (args.size() < 2 || args.at(0).toString() != callInterface)
-        return;
-    auto found = m_calls.find(message.path());
-    if (found == m_calls.end())
-        return;
-    const QVariantMap changed = qdbus_cast<QVariantMap>(args.at(1));
-    if (changed.contains(QStringLiteral("Direction"))) {
-        found->direction = changed.value(QStringLiteral("Direction")).toInt();
-        found->directionSeen = true;
-    }
-    if (changed.contains(QStringLiteral("State"))) {
-        setState(*found, changed.value(QStringLiteral("State")).toInt());
-        found->stateSeen = true;
-    }
-    report(message.path());
+    delete m_callProxies.take(path);
+    ModemTelephony::forgetCall(path);
 }

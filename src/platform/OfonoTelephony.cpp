@@ -1,263 +1,199 @@
 #include "OfonoTelephony.h"
 
-#include "CallConfirmation.h"
+#include "ofonomanagerproxy.h"
+#include "ofonomodemproxy.h"
+#include "ofonovoicecallmanagerproxy.h"
+#include "ofonovoicecallproxy.h"
 
-#include <QDBusArgument>
 #include <QDBusMessage>
-#include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QDBusServiceWatcher>
-#include <QDBusVariant>
 #include <QRegularExpression>
-
-#include <algorithm>
 
 const QString OfonoTelephony::serviceName = QStringLiteral("org.ofono");
 
 namespace {
 
-const QString managerInterface = QStringLiteral("org.ofono.Manager");
-const QString modemInterface = QStringLiteral("org.ofono.Modem");
-const QString voiceCallManagerInterface = QStringLiteral("org.ofono.VoiceCallManager");
-const QString voiceCallInterface = QStringLiteral("org.ofono.VoiceCall");
-
 constexpr int callTimeoutMs = 60000;
 
-// One (object path, properties) entry of an a(oa{sv}) value per element.
-QList<std::pair<QString, QVariantMap>> objectsWithProperties(const QDBusArgument &array)
+template<typename Reply, typename Then>
+void whenDone(const Reply &pending, QObject *context, Then then)
 {
-    QList<std::pair<QString, QVariantMap>> objects;
-    array.beginArray();
-    while (!array.atEnd()) {
-        QDBusObjectPath path;
-        QVariantMap properties;
-        array.beginStructure();
-        array >> path >> properties;
-        array.endStructure();
-        objects.append({ path.path(), properties });
-    }
-    array.endArray();
-    return objects;
-}
-
-QString errorText(const QDBusError &error)
-{
-    return error.message().isEmpty() ? error.name() : error.message();
-}
-
-// A property value as it comes in a PropertyChanged signal (v).
-QVariant unwrapped(QVariant value)
-{
-    while (value.metaType() == QMetaType::fromType<QDBusVariant>())
-        value = value.value<QDBusVariant>().variant();
-    return value;
+    auto *watcher = new QDBusPendingCallWatcher(pending, context);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context, [then, watcher] {
+        watcher->deleteLater();
+        then(Reply(*watcher));
+    });
 }
 
 } // namespace
 
-OfonoTelephony::OfonoTelephony(const QDBusConnection &bus, CallConfirmation &confirmation, QObject *parent)
-    : Telephony(parent),
-      m_bus(bus),
-      m_confirmation(confirmation),
-      m_watcher(new QDBusServiceWatcher(serviceName, bus, QDBusServiceWatcher::WatchForOwnerChange, this))
+OfonoTelephony::OfonoTelephony(const QDBusConnection &bus, QObject *parent)
+    : ModemTelephony(bus, serviceName, parent),
+      m_manager(new OfonoManagerProxy(serviceName, QStringLiteral("/"), bus, this))
 {
-    connect(m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString &, const QString &, const QString &newOwner) {
-                serviceGone();
-                if (!newOwner.isEmpty())
-                    readModems();
-            });
-
-    // An empty path follows every object of the service: each modem and call.
-    m_bus.connect(serviceName, QStringLiteral("/"), managerInterface, QStringLiteral("ModemAdded"), this,
-                  SLOT(onModemAdded(QDBusMessage)));
-    m_bus.connect(serviceName, QStringLiteral("/"), managerInterface, QStringLiteral("ModemRemoved"), this,
-                  SLOT(onModemRemoved(QDBusMessage)));
-    m_bus.connect(serviceName, QString(), modemInterface, QStringLiteral("PropertyChanged"), this,
-                  SLOT(onModemPropertyChanged(QDBusMessage)));
-    m_bus.connect(serviceName, QString(), voiceCallManagerInterface, QStringLiteral("CallAdded"), this,
-                  SLOT(onCallAdded(QDBusMessage)));
-    m_bus.connect(serviceName, QString(), voiceCallManagerInterface, QStringLiteral("CallRemoved"), this,
-                  SLOT(onCallRemoved(QDBusMessage)));
-    m_bus.connect(serviceName, QString(), voiceCallInterface, QStringLiteral("PropertyChanged"), this,
-                  SLOT(onCallPropertyChanged(QDBusMessage)));
-    readModems();
+    m_manager->setTimeout(callTimeoutMs);
+    // ModemAdded is taken as a message: with Qt 6.4 it did not reach a typed
+    // slot in our tests, relayed or not (its properties hold arrays).
+    this->bus().connect(serviceName, m_manager->path(), m_manager->interface(), QStringLiteral("ModemAdded"), this,
+                        SLOT(onModemAdded(QDBusMessage)));
+    connect(m_manager, &OfonoManagerProxy::ModemRemoved, this, [this](const QDBusObjectPath &path) {
+        removeModem(path.path());
+        const Modem gone = m_modemProxies.take(path.path());
+        delete gone.calls;
+        delete gone.modem;
+        emit modemsChanged();
+    });
+    start();
 }
 
-bool OfonoTelephony::canOpen(const DialRequest &)
-{
-    switch (m_inventory) {
-    case Inventory::Reading:
-        return true;
-    case Inventory::Known:
-        return !m_modems.isEmpty();
-    case Inventory::NoService:
-        return false;
-    }
-    return false;
-}
+OfonoTelephony::~OfonoTelephony() = default;
 
-void OfonoTelephony::open(const DialRequest &request)
+void OfonoTelephony::onModemAdded(const QDBusMessage &message)
 {
-    const QString dialString = request.dialString();
-    // A number oFono would refuse fails at once, whatever the modems are doing.
-    if (!isDialableNumber(dialString)) {
-        emit requestFailed(tr("The phone cannot dial %1.").arg(dialString));
+    const QString path = message.arguments().value(0).value<QDBusObjectPath>().path();
+    const QVariantMap properties = qdbus_cast<QVariantMap>(message.arguments().value(1));
+    if (path.isEmpty())
         return;
-    }
-    if (m_inventory == Inventory::Reading) {
-        // Asked right at start-up (a widget link): go on once the modems are known.
-        m_waitingRequest = dialString;
-        return;
-    }
-    requestCall(dialString);
+    updateModem(path, properties.value(QStringLiteral("Interfaces")).toStringList());
+    emit modemsChanged();
 }
 
-bool OfonoTelephony::isDialableNumber(const QString &dialString)
+std::optional<std::pair<QString, QString>> OfonoTelephony::dialArguments(const DialTarget &target)
 {
     static const QRegularExpression number(QStringLiteral("^\\+?[0-9*#]{1,80}$"));
-    return number.match(dialString).hasMatch();
+    QString dialString = target.dialString();
+    QString hideCallerId = QStringLiteral("default");
+    if (dialString.startsWith(QLatin1String("#31#"))) {
+        dialString.remove(0, 4);
+        hideCallerId = QStringLiteral("enabled");
+    } else if (dialString.startsWith(QLatin1String("*31#"))) {
+        dialString.remove(0, 4);
+        hideCallerId = QStringLiteral("disabled");
+    }
+    if (!number.match(dialString).hasMatch())
+        return std::nullopt;
+    return std::pair{ dialString, hideCallerId };
 }
 
-QStringList OfonoTelephony::voiceModems() const
+void OfonoTelephony::readModems(int generation)
 {
-    return m_modems;
-}
-
-void OfonoTelephony::readModems()
-{
-    m_inventory = Inventory::Reading;
-    const int generation = ++m_generation;
-    const QDBusMessage message = QDBusMessage::createMethodCall(serviceName, QStringLiteral("/"), managerInterface,
-                                                                QStringLiteral("GetModems"));
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, callTimeoutMs), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, generation](QDBusPendingCallWatcher *call) {
-        call->deleteLater();
-        if (generation != m_generation)
+    // The voice modems of an earlier reading are gone already; the others go now.
+    for (const Modem &modem : std::as_const(m_modemProxies)) {
+        delete modem.calls;
+        delete modem.modem;
+    }
+    m_modemProxies.clear();
+    whenDone(m_manager->GetModems(), this, [this, generation](const QDBusPendingReply<ObjectPropertiesList> &reply) {
+        if (!isCurrent(generation))
             return;
-        const QDBusMessage reply = call->reply();
-        if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) {
-            m_inventory = Inventory::NoService;
-        } else {
-            const auto modems = objectsWithProperties(reply.arguments().constFirst().value<QDBusArgument>());
-            for (const auto &[path, properties] : modems)
-                updateModem(path, properties.value(QStringLiteral("Interfaces")).toStringList());
-            m_inventory = Inventory::Known;
+        if (!reply.isError()) {
+            for (const ObjectProperties &modem : reply.value())
+                updateModem(modem.path.path(), modem.properties.value(QStringLiteral("Interfaces")).toStringList());
         }
-        emit modemsChanged();
-        if (const std::optional<QString> waiting = std::exchange(m_waitingRequest, std::nullopt))
-            requestCall(*waiting);
+        modemsRead(generation, !reply.isError());
     });
-}
-
-void OfonoTelephony::serviceGone()
-{
-    ++m_generation;
-    const QStringList modems = m_modems;
-    for (const QString &modem : modems)
-        removeModem(modem);
-    m_inventory = Inventory::NoService;
-    emit modemsChanged();
 }
 
 void OfonoTelephony::updateModem(const QString &path, const QStringList &interfaces)
 {
-    const bool voice = interfaces.contains(voiceCallManagerInterface);
-    if (voice == m_modems.contains(path))
+    Modem &modem = m_modemProxies[path];
+    if (!modem.modem) {
+        modem.modem = new OfonoModemProxy(serviceName, path, bus(), this);
+        connect(modem.modem, &OfonoModemProxy::PropertyChanged, this, [this, path](const QString &name, const QDBusVariant &value) {
+            if (name != QLatin1String("Interfaces"))
+                return;
+            updateModem(path, value.variant().toStringList());
+            emit modemsChanged();
+        });
+    }
+    const bool voice = interfaces.contains(OfonoVoiceCallManagerProxy::staticInterfaceName());
+    if (voice == (modem.calls != nullptr))
         return;
-    if (!voice) {
+    if (voice) {
+        offerVoiceCalls(path);
+    } else {
         removeModem(path);
-        return;
-    }
-    m_modems.append(path);
-    std::sort(m_modems.begin(), m_modems.end());
-    readCalls(path);
-}
-
-void OfonoTelephony::removeModem(const QString &path)
-{
-    m_modems.removeAll(path);
-    const QStringList calls = m_calls.keys();
-    for (const QString &call : calls) {
-        if (m_calls.value(call).modem == path)
-            endCall(call);
     }
 }
 
-void OfonoTelephony::readCalls(const QString &modem)
+void OfonoTelephony::offerVoiceCalls(const QString &path)
 {
+    auto *calls = new OfonoVoiceCallManagerProxy(serviceName, path, bus(), this);
+    calls->setTimeout(callTimeoutMs);
+    m_modemProxies[path].calls = calls;
+    addModem(path);
+    connect(calls, &OfonoVoiceCallManagerProxy::CallAdded, this, [this, path](const QDBusObjectPath &call, const QVariantMap &properties) {
+        addCall(call.path(), path, properties.value(QStringLiteral("State")).toString(), true);
+    });
+    connect(calls, &OfonoVoiceCallManagerProxy::CallRemoved, this, [this](const QDBusObjectPath &call) { endCall(call.path()); });
+    connect(calls, &OfonoVoiceCallManagerProxy::PropertyChanged, this, [this, path](const QString &name, const QDBusVariant &value) {
+        if (name == QLatin1String("EmergencyNumbers"))
+            setEmergencyNumbers(path, value.variant().toStringList());
+    });
+    whenDone(calls->GetProperties(), this, [this, path](const QDBusPendingReply<QVariantMap> &reply) {
+        if (!reply.isError())
+            setEmergencyNumbers(path, reply.value().value(QStringLiteral("EmergencyNumbers")).toStringList());
+    });
     // Calls that exist already are followed from now on, without reporting
     // how they stand: they were not started while we watched.
-    const QDBusMessage message = QDBusMessage::createMethodCall(serviceName, modem, voiceCallManagerInterface,
-                                                                QStringLiteral("GetCalls"));
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, callTimeoutMs), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, modem](QDBusPendingCallWatcher *call) {
-        call->deleteLater();
-        const QDBusMessage reply = call->reply();
-        if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty() || !m_modems.contains(modem))
+    whenDone(calls->GetCalls(), this, [this, path](const QDBusPendingReply<ObjectPropertiesList> &reply) {
+        if (reply.isError() || !voiceModems().contains(path))
             return;
-        const auto calls = objectsWithProperties(reply.arguments().constFirst().value<QDBusArgument>());
-        for (const auto &[path, properties] : calls) {
-            if (m_calls.contains(path))
-                continue;
-            Call &known = addCall(path, modem, properties.value(QStringLiteral("State")).toString());
-            known.reported = CallEvent{ path, known.isOutgoing, known.hasConnected, known.hasEnded };
-        }
+        for (const ObjectProperties &call : reply.value())
+            addCall(call.path.path(), path, call.properties.value(QStringLiteral("State")).toString(), false);
     });
 }
 
-void OfonoTelephony::requestCall(const QString &dialString)
+void OfonoTelephony::forgetModem(const QString &modem)
 {
-    if (m_modems.isEmpty()) {
-        emit requestFailed(tr("No modem is ready to place calls."));
-        return;
-    }
-    if (!isDialableNumber(dialString)) {
-        emit requestFailed(tr("The phone cannot dial %1.").arg(dialString));
-        return;
-    }
-    m_confirmation.ask(dialString, this, [this, dialString] { dial(dialString); });
+    // The modem itself stays known, for its Interfaces property.
+    const auto found = m_modemProxies.find(modem);
+    if (found != m_modemProxies.end())
+        delete std::exchange(found->calls, nullptr);
 }
 
-void OfonoTelephony::dial(const QString &dialString)
+bool OfonoTelephony::accepts(const DialTarget &target) const
 {
-    if (m_modems.isEmpty()) {
-        emit requestFailed(tr("No modem is ready to place calls."));
+    return dialArguments(target).has_value();
+}
+
+void OfonoTelephony::dial(const QString &modem, const DialTarget &target)
+{
+    OfonoVoiceCallManagerProxy *calls = m_modemProxies.value(modem).calls;
+    const auto arguments = dialArguments(target);
+    if (!calls || !arguments)
         return;
-    }
-    const QString modem = m_modems.constFirst();
-    QDBusMessage message = QDBusMessage::createMethodCall(serviceName, modem, voiceCallManagerInterface,
-                                                          QStringLiteral("Dial"));
-    message << dialString << QStringLiteral("default");
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, callTimeoutMs), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, modem](QDBusPendingCallWatcher *call) {
-        call->deleteLater();
-        const QDBusMessage reply = call->reply();
-        if (reply.type() != QDBusMessage::ReplyMessage) {
-            emit requestFailed(tr("The call could not be placed: %1").arg(errorText(call->error())));
-            return;
-        }
-        // oFono answers with the call's object path; some implementations
-        // send it as a string.
-        const QVariant value = reply.arguments().value(0);
-        const QString path = value.canConvert<QDBusObjectPath>() ? value.value<QDBusObjectPath>().path()
-                                                                  : value.toString();
-        if (!path.isEmpty() && !m_calls.contains(path)) {
-            addCall(path, modem, QStringLiteral("dialing"));
-            report(path);
-        }
+    // The call itself is announced by CallAdded; only a failure matters here.
+    // An untyped reply also takes the string some oFono stand-ins answer with.
+    const QDBusPendingReply<> pending = calls->Dial(arguments->first, arguments->second);
+    whenDone(pending, this, [this](const QDBusPendingReply<> &reply) {
+        if (reply.isError())
+            failRequest(reply.error());
     });
 }
 
-OfonoTelephony::Call &OfonoTelephony::addCall(const QString &path, const QString &modem, const QString &state)
+void OfonoTelephony::addCall(const QString &path, const QString &modem, const QString &state, bool announce)
 {
-    Call &call = m_calls[path];
-    call.modem = modem;
+    bool added = false;
+    Call &call = followCall(path, modem, added);
+    if (!added)
+        return;
     // oFono has no direction: a call that is first seen dialling is ours.
     call.isOutgoing = state == QLatin1String("dialing") || state == QLatin1String("alerting");
     applyState(call, state);
-    return call;
+    auto *proxy = new OfonoVoiceCallProxy(serviceName, path, bus(), this);
+    m_callProxies.insert(path, proxy);
+    connect(proxy, &OfonoVoiceCallProxy::PropertyChanged, this, [this, path](const QString &name, const QDBusVariant &value) {
+        Call *call = findCall(path);
+        if (!call || name != QLatin1String("State"))
+            return;
+        applyState(*call, value.variant().toString());
+        report(path);
+    });
+    if (announce)
+        report(path);
+    else
+        acceptAsReported(path);
 }
 
 void OfonoTelephony::applyState(Call &call, const QString &state)
@@ -268,84 +204,8 @@ void OfonoTelephony::applyState(Call &call, const QString &state)
         call.hasEnded = true;
 }
 
-void OfonoTelephony::report(const QString &path)
+void OfonoTelephony::forgetCall(const QString &path)
 {
-    auto found = m_calls.find(path);
-    if (found == m_calls.end())
-        return;
-    const CallEvent event{ path, found->isOutgoing, found->hasConnected, found->hasEnded };
-    if (found->reported && found->reported->isOutgoing == event.isOutgoing
-        && found->reported->hasConnected == event.hasConnected && found->reported->hasEnded == event.hasEnded)
-        return;
-    found->reported = event;
-    emit callChanged(event);
-}
-
-void OfonoTelephony::endCall(const QString &path)
-{
-    auto found = m_calls.find(path);
-    if (found == m_calls.end())
-        return;
-    found->hasEnded = true;
-    report(path);
-    m_calls.erase(found);
-}
-
-void OfonoTelephony::onModemAdded(const QDBusMessage &message)
-{
-    const QList<QVariant> args = message.arguments();
-    if (args.size() < 2)
-        return;
-    const QVariantMap properties = qdbus_cast<QVariantMap>(args.at(1));
-    updateModem(args.at(0).value<QDBusObjectPath>().path(), properties.value(QStringLiteral("Interfaces")).toStringList());
-    emit modemsChanged();
-}
-
-void OfonoTelephony::onModemRemoved(const QDBusMessage &message)
-{
-    if (message.arguments().isEmpty())
-        return;
-    removeModem(message.arguments().constFirst().value<QDBusObjectPath>().path());
-    emit modemsChanged();
-}
-
-void OfonoTelephony::onModemPropertyChanged(const QDBusMessage &message)
-{
-    const QList<QVariant> args = message.arguments();
-    if (args.size() < 2 || args.at(0).toString() != QLatin1String("Interfaces"))
-        return;
-    updateModem(message.path(), unwrapped(args.at(1)).toStringList());
-    emit modemsChanged();
-}
-
-void OfonoTelephony::onCallAdded(const QDBusMessage &message)
-{
-    const QList<QVariant> args = message.arguments();
-    if (args.size() < 2 || !m_modems.contains(message.path()))
-        return;
-    const QString path = args.at(0).value<QDBusObjectPath>().path();
-    if (m_calls.contains(path))
-        return;
-    const QVariantMap properties = qdbus_cast<QVariantMap>(args.at(1));
-    addCall(path, message.path(), properties.value(QStringLiteral("State")).toString());
-    report(path);
-}
-
-void OfonoTelephony::onCallRemoved(const QDBusMessage &message)
-{
-    if (message.arguments().isEmpty())
-        return;
-    endCall(message.arguments().constFirst().value<QDBusObjectPath>().path());
-}
-
-void OfonoTelephony::onCallPropertyChanged(const QDBusMessage &message)
-{
-    const QList<QVariant> args = message.arguments();
-    if (args.size() < 2 || args.at(0).toString() != QLatin1String("State"))
-        return;
-    auto found = m_calls.find(message.path());
-    if (found == m_calls.end())
-        return;
-    applyState(*found, unwrapped(args.at(1)).toString());
-    report(message.path());
+    delete m_callProxies.take(path);
+    ModemTelephony::forgetCall(path);
 }

@@ -1,19 +1,13 @@
 #include "Platform.h"
 
-#include "CallConfirmation.h"
 #include "ClipboardSharer.h"
-#include "DesktopTelephony.h"
 #include "DesktopUrlOpener.h"
-#include "ModemManagerTelephony.h"
-#include "NoTelephony.h"
 #include "NoWidgetHost.h"
-#include "OfonoTelephony.h"
+#include "SystemTelephony.h"
 #include "VCardFolderAddressBook.h"
 
-#include <QDBusConnectionInterface>
 #include <QDir>
 #include <QStandardPaths>
-#include <QTextStream>
 
 namespace {
 
@@ -82,24 +76,7 @@ AddressBook &Platform::addressBook()
 
 std::unique_ptr<Telephony> Platform::chooseTelephony(const QDBusConnection &systemBus)
 {
-    // Only the bus names are asked here, so that start-up stays cheap; the
-    // modems themselves are read asynchronously by the backend. Whether a
-    // tel: handler is registered is asked only when a call is requested.
-    const auto running = [&systemBus](const QString &service) {
-        QDBusConnectionInterface *bus = systemBus.isConnected() ? systemBus.interface() : nullptr;
-        return bus && bus->isServiceRegistered(service).value();
-    };
-    std::unique_ptr<Telephony> chosen;
-    if (running(ModemManagerTelephony::serviceName))
-        chosen = std::make_unique<ModemManagerTelephony>(systemBus, CallConfirmation::shared());
-    else if (running(OfonoTelephony::serviceName))
-        chosen = std::make_unique<OfonoTelephony>(systemBus, CallConfirmation::shared());
-    else if (!QStandardPaths::findExecutable(QStringLiteral("xdg-mime")).isEmpty())
-        chosen = std::make_unique<DesktopTelephony>();
-    else
-        chosen = std::make_unique<NoTelephony>();
-    QTextStream(stdout) << "Telephony: " << chosen->backendName() << Qt::endl;
-    return chosen;
+    return std::make_unique<SystemTelephony>(systemBus);
 }
 
 void Platform::setTelephony(std::unique_ptr<Telephony> telephony) { backends().telephony = std::move(telephony); }

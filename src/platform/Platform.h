@@ -24,9 +24,9 @@ public:
     // Safe to use from a worker thread once it has been asked for on the main thread.
     static AddressBook &addressBook();
 
-    // The telephony of this machine, by the services running on
+    // The telephony of this machine, following the services running on
     // `systemBus`: ModemManager, else oFono, else the desktop's tel: handler,
-    // else none. Announces the choice with a "Telephony: " line.
+    // else none (SystemTelephony). Announces each choice with a "Telephony: " line.
     static std::unique_ptr<Telephony> chooseTelephony(const QDBusConnection &systemBus);
 
     static void setTelephony(std::unique_ptr<Telephony> telephony);

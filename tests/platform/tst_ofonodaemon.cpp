@@ -1,7 +1,6 @@
 // The oFono backend against the real oFono daemon, whose phonesim driver
 // talks AT commands to the test's modem: what the modem receives is what a
 // real modem would.
-#include "CallConfirmation.h"
 #include "OfonoDaemon.h"
 #include "OfonoTelephony.h"
 
@@ -12,14 +11,10 @@
 
 namespace {
 
-// The app's oFono backend on the rig's bus, its calls confirmed as the user would.
+// The app's oFono backend on the rig's bus.
 std::unique_ptr<OfonoTelephony> makeTelephony(OfonoDaemon &ofono)
 {
-    CallConfirmation &confirmation = CallConfirmation::shared();
-    auto telephony = std::make_unique<OfonoTelephony>(ofono.connection(), confirmation);
-    QObject::connect(&confirmation, &CallConfirmation::requested, telephony.get(),
-                     [&confirmation] { confirmation.call(); }, Qt::QueuedConnection);
-    return telephony;
+    return std::make_unique<OfonoTelephony>(ofono.connection());
 }
 
 // What a telephony reports, as text ("outgoing", "incoming connected ended").
@@ -58,25 +53,6 @@ private slots:
         // The far end hangs up whatever a case left.
         m_ofono->hangUp();
         QVERIFY(m_ofono->waitForCalls(0));
-    }
-
-    void modemReceivesWhatOfonoDials_data()
-    {
-        QTest::addColumn<QString>("number");
-        QTest::addColumn<QString>("hideCallerId");
-        QTest::addColumn<QString>("dialled");
-        QTest::newRow("network's choice") << "0612" << "default" << "0612";
-        QTest::newRow("withheld") << "+33612345678" << "enabled" << "+33612345678I";
-        QTest::newRow("shown") << "+33612345678" << "disabled" << "+33612345678i";
-    }
-    void modemReceivesWhatOfonoDials()
-    {
-        QFETCH(QString, number);
-        QFETCH(QString, hideCallerId);
-        const QDBusMessage reply = m_ofono->call(QStringLiteral("org.ofono.VoiceCallManager"), QStringLiteral("Dial"),
-                                                 { number, hideCallerId });
-        QVERIFY2(reply.type() == QDBusMessage::ReplyMessage, qPrintable(reply.errorMessage()));
-        QTEST(m_ofono->takeDial(), "dialled");
     }
 
     void backendPlacesAndFollowsCalls()

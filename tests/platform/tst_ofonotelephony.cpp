@@ -1,11 +1,9 @@
 // The oFono backend against python3-dbusmock's oFono template on a private
-// bus. The mock's calls stay in the state they are put in: the test moves
-// them on with Mock.UpdateProperties and Mock.EmitSignal.
-#include "CallConfirmation.h"
+// bus, for what the real daemon (tst_ofonodaemon) cannot easily be made to
+// do: modems that come, change their interfaces, and a Dial that fails.
 #include "OfonoTelephony.h"
 #include "PrivateBus.h"
 
-#include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QtTest>
@@ -24,17 +22,13 @@ QProcess *startMock(PrivateBus &bus, const QString &parameters)
     return bus.startService(QStringLiteral("/usr/bin/python3"), arguments, ofono);
 }
 
-// The backend on a mock started first, with what it reports as text ("outgoing connected ended").
+// The backend on a mock started first, with what it reports.
 struct Rig
 {
     explicit Rig(const QString &parameters = QString()) : process(startMock(bus, parameters))
     {
-        QObject::connect(&telephony, &Telephony::callChanged, &context, [this](const CallEvent &e) {
-            events.append(QStringLiteral("%1%2%3")
-                              .arg(e.isOutgoing ? "outgoing" : "incoming", e.hasConnected ? " connected" : "",
-                                   e.hasEnded ? " ended" : ""));
-            callIds.append(e.callId);
-        });
+        QObject::connect(&telephony, &Telephony::callChanged, &context,
+                         [this](const CallEvent &e) { events.append(e.callId); });
         QObject::connect(&telephony, &Telephony::requestFailed, &context,
                          [this](const QString &message) { failures.append(message); });
     }
@@ -51,55 +45,16 @@ struct Rig
         const QDBusMessage reply = call(path, mockInterface, QStringLiteral("EmitSignal"), { interface, name, signature, args });
         QVERIFY2(reply.type() == QDBusMessage::ReplyMessage, qPrintable(reply.errorMessage()));
     }
-    // Moves a call to `state` the way oFono announces it.
-    void setState(const QString &callPath, const QString &state)
-    {
-        call(callPath, mockInterface, QStringLiteral("UpdateProperties"),
-             { QStringLiteral("org.ofono.VoiceCall"), QVariantMap{ { QStringLiteral("State"), state } } });
-        emitSignal(callPath, QStringLiteral("org.ofono.VoiceCall"), QStringLiteral("PropertyChanged"), "sv",
-                   { QStringLiteral("State"), state });
-    }
-    void removeCall(const QString &callPath)
-    {
-        emitSignal(QStringLiteral("/ril_0"), manager, QStringLiteral("CallRemoved"), "o",
-                   { QVariant::fromValue(QDBusObjectPath(callPath)) });
-    }
-    bool waitForEvents(int count) { return QTest::qWaitFor([&] { return events.size() == count; }, 10000); }
     bool waitForModems(int count)
     {
         return QTest::qWaitFor([&] { return telephony.voiceModems().size() == count; }, 10000);
     }
 
-    // The arguments of every Dial the mock received.
-    QList<QStringList> dials()
-    {
-        const QDBusMessage reply = call(QStringLiteral("/"), mockInterface, QStringLiteral("GetMethodCalls"), { "Dial" });
-        QList<QStringList> result;
-        if (reply.type() != QDBusMessage::ReplyMessage)
-            return result;
-        const QDBusArgument calls = reply.arguments().constFirst().value<QDBusArgument>();
-        calls.beginArray();
-        while (!calls.atEnd()) {
-            qulonglong time = 0;
-            QVariantList args;
-            calls.beginStructure();
-            calls >> time >> args;
-            calls.endStructure();
-            QStringList strings;
-            for (const QVariant &arg : args)
-                strings.append(arg.toString());
-            result.append(strings);
-        }
-        calls.endArray();
-        return result;
-    }
-
     PrivateBus bus;
     QProcess *process = nullptr;
-    CallConfirmation confirmation;
-    OfonoTelephony telephony{ bus.connection(), confirmation };
+    OfonoTelephony telephony{ bus.connection() };
     QObject context;
-    QStringList events, callIds, failures;
+    QStringList events, failures;
 };
 
 } // namespace
@@ -138,82 +93,19 @@ private slots:
         rig.telephony.open(DialRequest{ QString(), QStringLiteral("0612") });
         QVERIFY(QTest::qWaitFor([&] { return !rig.failures.isEmpty(); }, 10000));
         QVERIFY(!rig.telephony.canOpen(DialRequest{ QString(), QStringLiteral("0612") }));
-        QVERIFY(!rig.confirmation.isPending());
     }
 
-    void dialAndFollowTheCall()
+    void refusedDialBecomesAFailureNotice()
     {
         Rig rig;
         QVERIFY(rig.waitForModems(1));
-        rig.telephony.open(DialRequest{ QString(), QStringLiteral("#31#0612345678") });
-        QCOMPARE(rig.confirmation.dialString(), QStringLiteral("#31#0612345678"));
-        rig.confirmation.call();
-        QVERIFY(rig.waitForEvents(1));
-        QCOMPARE(rig.dials(), (QList<QStringList>{ { "#31#0612345678", "default" } }));
-        const QString callPath = QStringLiteral("/ril_0/voicecall01");
-        QCOMPARE(rig.callIds.first(), callPath);
-
-        rig.setState(callPath, QStringLiteral("alerting"));
-        rig.setState(callPath, QStringLiteral("active"));
-        QVERIFY(rig.waitForEvents(2));
-        rig.setState(callPath, QStringLiteral("held"));
-        rig.setState(callPath, QStringLiteral("active"));
-        rig.setState(callPath, QStringLiteral("disconnected"));
-        QVERIFY(rig.waitForEvents(3));
-        rig.removeCall(callPath);
-        // A round trip to the mock after the signal: anything it caused has arrived.
-        QTest::qWait(200);
-        rig.dials();
-        QCoreApplication::processEvents();
-        QCOMPARE(rig.events, (QStringList{ "outgoing", "outgoing connected", "outgoing connected ended" }));
-        QVERIFY(rig.failures.isEmpty());
-    }
-
-    void removedCallsEnd()
-    {
-        Rig rig;
-        QVERIFY(rig.waitForModems(1));
-        // Hung up before the other side answered.
-        rig.telephony.open(DialRequest{ QString(), QStringLiteral("*31#0612345678") });
-        rig.confirmation.call();
-        QVERIFY(rig.waitForEvents(1));
-        rig.removeCall(QStringLiteral("/ril_0/voicecall01"));
-        QVERIFY(rig.waitForEvents(2));
-
-        // A call that came in is not outgoing.
-        const QString incoming = QStringLiteral("/ril_0/voicecall07");
-        rig.emitSignal(QStringLiteral("/ril_0"), manager, QStringLiteral("CallAdded"), "oa{sv}",
-                       { QVariant::fromValue(QDBusObjectPath(incoming)),
-                         QVariantMap{ { QStringLiteral("State"), QStringLiteral("incoming") } } });
-        QVERIFY(rig.waitForEvents(3));
-        rig.removeCall(incoming);
-        QVERIFY(rig.waitForEvents(4));
-        QCOMPARE(rig.events, (QStringList{ "outgoing", "outgoing ended", "incoming", "incoming ended" }));
-        QCOMPARE(rig.dials().size(), 1);
-    }
-
-    void numbersOfonoWouldRejectFailAsNotices()
-    {
-        Rig rig;
-        QVERIFY(rig.waitForModems(1));
-        const QStringList rejected{ QString(), "06 12 34", "#31#06abc", "#31#+3361", QString(81, u'1') };
-        for (const QString &dialString : rejected)
-            rig.telephony.open(DialRequest{ QString(), dialString });
-        QCOMPARE(rig.failures.size(), rejected.size());
-        QVERIFY(!rig.confirmation.isPending());
-        QVERIFY(rig.dials().isEmpty());
-        QVERIFY(OfonoTelephony::isDialableNumber(QString(80, u'1')));
-        QVERIFY(OfonoTelephony::isDialableNumber(QStringLiteral("+*#0")));
-
-        // A Dial that oFono refuses becomes a notice too.
         const QDBusMessage added = rig.call(
             QStringLiteral("/ril_0"), mockInterface, QStringLiteral("AddMethod"),
             { manager, QStringLiteral("Dial"), QStringLiteral("ss"), QStringLiteral("o"),
               QStringLiteral("raise dbus.exceptions.DBusException('No network', name='org.ofono.Error.Failed')") });
         QVERIFY2(added.type() == QDBusMessage::ReplyMessage, qPrintable(added.errorMessage()));
-        rig.telephony.open(DialRequest{ QString(), QStringLiteral("#31#0612345678") });
-        rig.confirmation.call();
-        QVERIFY(QTest::qWaitFor([&] { return rig.failures.size() > rejected.size(); }, 10000));
+        rig.telephony.open(DialRequest{ QStringLiteral("#31#"), QStringLiteral("0612345678") });
+        QVERIFY(QTest::qWaitFor([&] { return !rig.failures.isEmpty(); }, 10000));
         QVERIFY2(rig.failures.constLast().contains(QStringLiteral("No network")), qPrintable(rig.failures.constLast()));
         QVERIFY(rig.events.isEmpty());
     }

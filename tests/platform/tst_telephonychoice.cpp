@@ -1,58 +1,60 @@
-// Which telephony the app takes, by the services on the system bus.
-#include "ModemManagerTelephony.h"
+// Which telephony the app takes, by the services on the system bus as they
+// come and go, and how the desktop's tel: handler is found.
+#include "DesktopTelephony.h"
 #include "OfonoTelephony.h"
 #include "Platform.h"
 #include "PrivateBus.h"
 #include "SimulatedModem.h"
 #include "StdoutCapture.h"
+#include "SystemTelephony.h"
+#include "TestHome.h"
 
 #include <QDBusConnection>
+#include <QSignalSpy>
 #include <QStandardPaths>
 #include <QtTest>
-
-namespace {
-
-// The backend chosen on `bus`, checked against the line it prints.
-QString chosenWith(const QDBusConnection &bus)
-{
-    StdoutCapture capture;
-    const QString name = Platform::chooseTelephony(bus)->backendName();
-    return capture.lines() == QStringList{ QStringLiteral("Telephony: ") + name } ? name : QStringLiteral("(unsaid)");
-}
-
-bool startOfonoMock(PrivateBus &bus)
-{
-    return bus.startService(QStringLiteral("/usr/bin/python3"), { "-m", "dbusmock", "--template", "ofono" },
-                            OfonoTelephony::serviceName);
-}
-
-} // namespace
 
 class TestTelephonyChoice : public QObject
 {
     Q_OBJECT
 
+    const QString withoutModem = QStandardPaths::findExecutable(QStringLiteral("xdg-mime")).isEmpty()
+                                     ? QStringLiteral("none")
+                                     : QStringLiteral("desktop tel: handler");
+
 private slots:
-    void choosesByTheServicesPresent()
+    void followsTheServicesWhileTheAppRuns()
     {
-        const QString desktopOrNone = QStandardPaths::findExecutable(QStringLiteral("xdg-mime")).isEmpty()
-                                          ? QStringLiteral("none")
-                                          : QStringLiteral("desktop tel: handler");
-        {
-            PrivateBus bus;
-            QCOMPARE(chosenWith(bus.connection()), desktopOrNone);
-            QVERIFY(startOfonoMock(bus));
-            QCOMPARE(chosenWith(bus.connection()), QStringLiteral("oFono"));
-            SimulatedModem modem(bus);
-            QVERIFY(modem.isRunning());
-            QCOMPARE(chosenWith(bus.connection()), QStringLiteral("ModemManager")); // comes first
-        }
+        PrivateBus bus;
+        StdoutCapture capture;
+        SystemTelephony telephony(bus.connection());
+        QStringList events;
+        connect(&telephony, &Telephony::callChanged, this,
+                [&](const CallEvent &e) { events.append(e.hasEnded ? "ended" : e.hasConnected ? "connected" : "placed"); });
+        QCOMPARE(telephony.backendName(), withoutModem);
+        QVERIFY(bus.startService(QStringLiteral("/usr/bin/python3"), { "-m", "dbusmock", "--template", "ofono" },
+                                 OfonoTelephony::serviceName));
+        QTRY_COMPARE(telephony.backendName(), QStringLiteral("oFono"));
+
+        // A modem service started after the telephony exists takes the next call.
+        SimulatedModem modem(bus, 100);
+        QTRY_COMPARE(telephony.backendName(), QStringLiteral("ModemManager")); // comes first
+        telephony.open(DialRequest{ QStringLiteral("#31#"), QStringLiteral("0611 111 111") });
+        QVERIFY(modem.waitForLine(QStringLiteral("Deleted ")));
+        QCOMPARE(modem.createdNumbers(), QStringList{ QStringLiteral("#31#0611111111") });
+        QTRY_COMPARE(events, (QStringList{ "placed", "connected", "ended" }));
+
+        modem.stop();
+        QTRY_COMPARE(telephony.backendName(), QStringLiteral("oFono"));
+        QCOMPARE(capture.lines(), (QStringList{ "Telephony: " + withoutModem, "Telephony: oFono",
+                                                "Telephony: ModemManager", "Telephony: oFono" }));
+
         // No system bus at all, and no desktop handler either.
         const QDBusConnection noBus(QStringLiteral("never-connected"));
-        QCOMPARE(chosenWith(noBus), desktopOrNone);
+        QCOMPARE(SystemTelephony(noBus).backendName(), withoutModem);
         const QByteArray path = qgetenv("PATH");
         qputenv("PATH", "/nonexistent");
-        const QString chosen = chosenWith(noBus);
+        const QString chosen = SystemTelephony(noBus).backendName();
         qputenv("PATH", path);
         QCOMPARE(chosen, QStringLiteral("none"));
     }
@@ -65,10 +67,47 @@ private slots:
         QVERIFY(modem.isRunning());
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", bus.address().toUtf8());
         QCOMPARE(Platform::telephony().backendName(), QStringLiteral("ModemManager"));
-        auto &telephony = static_cast<ModemManagerTelephony &>(Platform::telephony());
-        QVERIFY(QTest::qWaitFor([&] { return telephony.voiceModems().size() == 1; }, 10000));
         Platform::setTelephony(nullptr);
         QDBusConnection::disconnectFromBus(QDBusConnection::systemBus().name());
+    }
+
+    void desktopAsksForItsHandlerInTheBackground()
+    {
+        const QDir home(TestHome::use());
+        qunsetenv("XDG_CURRENT_DESKTOP");
+        const DialRequest call{ QStringLiteral("#31#"), QStringLiteral("0611 111 111") };
+        DesktopTelephony desktop;
+        QSignalSpy lookedUp(&desktop, &DesktopTelephony::handlerLookedUp);
+        QSignalSpy failed(&desktop, &Telephony::requestFailed);
+        // Asked before xdg-mime answered: the request waits for the answer.
+        QVERIFY(desktop.canOpen(call));
+        desktop.open(call);
+        QVERIFY(failed.wait(10000));
+        QCOMPARE(failed.constFirst().constFirst().toString(), QStringLiteral("No application on this computer places phone calls."));
+        QVERIFY(!desktop.canOpen(DialRequest{ {}, QStringLiteral("*#06#") }));
+
+        // A handler installed since is found by the next look-up.
+        QVERIFY(home.mkpath(QStringLiteral("data/applications")));
+        QFile entry(home.filePath(QStringLiteral("data/applications/test-dialer.desktop")));
+        QVERIFY(entry.open(QIODevice::WriteOnly));
+        entry.write("[Desktop Entry]\nType=Application\nName=Dialer\nExec=true %u\nMimeType=x-scheme-handler/tel;\n");
+        entry.close();
+        QFile list(home.filePath(QStringLiteral("config/mimeapps.list")));
+        QVERIFY(list.open(QIODevice::WriteOnly));
+        list.write("[Default Applications]\nx-scheme-handler/tel=test-dialer.desktop\n");
+        list.close();
+        lookedUp.clear();
+        QVERIFY(!desktop.canOpen(call));
+        QVERIFY(lookedUp.wait(10000));
+        QVERIFY(desktop.canOpen(call));
+
+        // A look-up that fails is no answer: the request is not refused for it.
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", "/nonexistent");
+        DesktopTelephony lost;
+        qputenv("PATH", path);
+        QTRY_COMPARE(lost.findChildren<QProcess *>().size(), 0);
+        QVERIFY(lost.canOpen(call));
     }
 };
 

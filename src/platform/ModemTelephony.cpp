@@ -1,0 +1,186 @@
+#include "ModemTelephony.h"
+
+#include "DBusTypes.h"
+
+#include <QDBusError>
+#include <QDBusServiceWatcher>
+
+#include <algorithm>
+
+ModemTelephony::ModemTelephony(const QDBusConnection &bus, const QString &serviceName, QObject *parent)
+    : Telephony(parent),
+      m_bus(bus),
+      m_watcher(new QDBusServiceWatcher(serviceName, bus, QDBusServiceWatcher::WatchForOwnerChange, this))
+{
+    registerTelephonyDBusTypes();
+    connect(m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString &, const QString &, const QString &newOwner) { restart(!newOwner.isEmpty()); });
+}
+
+std::optional<DialTarget> ModemTelephony::targetOf(const DialRequest &request) const
+{
+    QStringList emergency;
+    for (const QStringList &numbers : m_emergencyNumbers)
+        emergency += numbers;
+    std::optional<DialTarget> target = DialTarget::of(request, emergency);
+    if (target && !accepts(*target))
+        return std::nullopt;
+    return target;
+}
+
+bool ModemTelephony::canOpen(const DialRequest &request)
+{
+    if (!targetOf(request))
+        return false;
+    switch (m_inventory) {
+    case Inventory::Reading:
+        return true;
+    case Inventory::Known:
+        return !m_modems.isEmpty();
+    case Inventory::NoService:
+        return false;
+    }
+    return false;
+}
+
+void ModemTelephony::open(const DialRequest &request)
+{
+    if (m_inventory == Inventory::Reading) {
+        // Asked right at start-up (a widget link): go on once the modems are known.
+        m_waitingRequest = request;
+        return;
+    }
+    this->request(request);
+}
+
+void ModemTelephony::request(const DialRequest &request)
+{
+    const std::optional<DialTarget> target = targetOf(request);
+    if (!target) {
+        failRequest(tr("The phone cannot call this number."));
+        return;
+    }
+    if (m_modems.isEmpty()) {
+        failRequest(tr("No modem is ready to place calls."));
+        return;
+    }
+    dial(m_modems.constFirst(), *target);
+}
+
+void ModemTelephony::start()
+{
+    readModems(m_generation);
+}
+
+void ModemTelephony::restart(bool serviceRunning)
+{
+    ++m_generation;
+    const QStringList modems = m_modems;
+    for (const QString &modem : modems)
+        removeModem(modem);
+    m_inventory = serviceRunning ? Inventory::Reading : Inventory::NoService;
+    if (serviceRunning)
+        readModems(m_generation);
+    // Once read, the new modems are announced.
+    if (!serviceRunning || !modems.isEmpty())
+        emit modemsChanged();
+}
+
+void ModemTelephony::modemsRead(int generation, bool serviceAnswered)
+{
+    if (!isCurrent(generation))
+        return;
+    m_inventory = serviceAnswered ? Inventory::Known : Inventory::NoService;
+    emit modemsChanged();
+    if (std::optional<DialRequest> waiting = std::exchange(m_waitingRequest, std::nullopt))
+        request(*waiting);
+}
+
+void ModemTelephony::addModem(const QString &path)
+{
+    if (m_modems.contains(path))
+        return;
+    m_modems.append(path);
+    std::sort(m_modems.begin(), m_modems.end());
+}
+
+void ModemTelephony::removeModem(const QString &path)
+{
+    if (!m_modems.removeAll(path))
+        return;
+    m_emergencyNumbers.remove(path);
+    const QStringList calls = m_calls.keys();
+    for (const QString &call : calls) {
+        if (m_calls.value(call).modem == path)
+            endCall(call);
+    }
+    forgetModem(path);
+}
+
+void ModemTelephony::setEmergencyNumbers(const QString &modem, const QStringList &numbers)
+{
+    if (m_modems.contains(modem))
+        m_emergencyNumbers.insert(modem, numbers);
+}
+
+ModemTelephony::Call *ModemTelephony::findCall(const QString &path)
+{
+    const auto found = m_calls.find(path);
+    return found == m_calls.end() ? nullptr : &*found;
+}
+
+ModemTelephony::Call &ModemTelephony::followCall(const QString &path, const QString &modem, bool &added)
+{
+    added = !m_calls.contains(path);
+    Call &call = m_calls[path];
+    if (added)
+        call.modem = modem;
+    return call;
+}
+
+void ModemTelephony::acceptAsReported(const QString &path)
+{
+    if (Call *call = findCall(path))
+        call->reported = CallEvent{ path, call->isOutgoing, call->hasConnected, call->hasEnded };
+}
+
+void ModemTelephony::report(const QString &path)
+{
+    Call *call = findCall(path);
+    if (!call || !call->known)
+        return;
+    if (!call->reported && (!call->started || call->hasEnded))
+        return;
+    const CallEvent event{ path, call->isOutgoing, call->hasConnected, call->hasEnded };
+    if (call->reported && call->reported->isOutgoing == event.isOutgoing
+        && call->reported->hasConnected == event.hasConnected && call->reported->hasEnded == event.hasEnded)
+        return;
+    call->reported = event;
+    emit callChanged(event);
+}
+
+void ModemTelephony::endCall(const QString &path)
+{
+    Call *call = findCall(path);
+    if (!call)
+        return;
+    call->hasEnded = true;
+    report(path);
+    forgetCall(path);
+}
+
+void ModemTelephony::forgetCall(const QString &path)
+{
+    m_calls.remove(path);
+}
+
+void ModemTelephony::failRequest(const QDBusError &error)
+{
+    const QString reason = error.message().isEmpty() ? error.name() : error.message();
+    failRequest(tr("The call could not be placed: %1").arg(reason));
+}
+
+void ModemTelephony::failRequest(const QString &message)
+{
+    emit requestFailed(message);
+}

@@ -1,0 +1,110 @@
+#pragma once
+
+#include "DialTarget.h"
+#include "Telephony.h"
+
+#include <QDBusConnection>
+#include <QHash>
+#include <QStringList>
+
+#include <optional>
+
+class QDBusError;
+class QDBusServiceWatcher;
+
+// What the telephonies that drive a modem service on the system bus share:
+// the list of voice modems (read when the service appears, followed while it
+// runs, emptied when it goes), a guard against replies meant for an earlier
+// reading, the request that waits while the modems are read, the emergency
+// numbers the modems know, and the calls being followed, reported as one
+// CallEvent per change.
+//
+// The user confirms a call before it is requested: open() dials at once.
+class ModemTelephony : public Telephony
+{
+    Q_OBJECT
+    enum class Inventory { Reading, Known, NoService };
+
+public:
+    // True when the request is a call this service can place and a voice
+    // modem is known, or while the modems are still being read (the request
+    // then waits for them).
+    bool canOpen(const DialRequest &request) override;
+    void open(const DialRequest &request) override;
+    bool placesCallsItself() const override { return true; }
+
+    // Whether a voice modem is known, or the modems are still being read.
+    bool mayPlaceCalls() const { return m_inventory == Inventory::Reading || !m_modems.isEmpty(); }
+    // The object paths of the voice-capable modems, sorted.
+    QStringList voiceModems() const { return m_modems; }
+    // What the modem is given for `request`: nothing when it is not a call
+    // or the service cannot place it.
+    std::optional<DialTarget> targetOf(const DialRequest &request) const;
+
+signals:
+    // The list of voice modems was read or changed.
+    void modemsChanged();
+
+protected:
+    ModemTelephony(const QDBusConnection &bus, const QString &serviceName, QObject *parent);
+
+    // One call being followed.
+    struct Call
+    {
+        QString modem;
+        bool known = true;         // direction and state read
+        bool started = true;       // placed or ringing, not only created
+        bool isOutgoing = false;
+        bool hasConnected = false;
+        bool hasEnded = false;
+        std::optional<CallEvent> reported;
+    };
+
+    // Reads the modems for the first time: the last step of a constructor.
+    void start();
+    // Reads the modems anew; answers with modemsRead(generation, ...).
+    virtual void readModems(int generation) = 0;
+    // Whether the service takes `target` as it is.
+    virtual bool accepts(const DialTarget &target) const = 0;
+    // Places the call on `modem`.
+    virtual void dial(const QString &modem, const DialTarget &target) = 0;
+    // The modem is no longer used: what was kept for it goes.
+    virtual void forgetModem(const QString &modem) = 0;
+
+    QDBusConnection &bus() { return m_bus; }
+    // Whether a reply started in `generation` is still wanted.
+    bool isCurrent(int generation) const { return generation == m_generation; }
+    void modemsRead(int generation, bool serviceAnswered);
+    void addModem(const QString &path);
+    void removeModem(const QString &path);
+    void setEmergencyNumbers(const QString &modem, const QStringList &numbers);
+
+    Call *findCall(const QString &path);
+    // Starts following a call of `modem` (unless already followed).
+    Call &followCall(const QString &path, const QString &modem, bool &added);
+    // Takes the call's present state as already reported (a call that existed
+    // before it was watched).
+    void acceptAsReported(const QString &path);
+    // Reports the call if it changed; a call that ends without ever having
+    // started is never reported.
+    void report(const QString &path);
+    void endCall(const QString &path);
+    // Stops following the call; a backend drops what it kept for it too.
+    virtual void forgetCall(const QString &path);
+
+    void failRequest(const QDBusError &error);
+    void failRequest(const QString &message);
+
+private:
+    void restart(bool serviceRunning);
+    void request(const DialRequest &request);
+
+    QDBusConnection m_bus;
+    QDBusServiceWatcher *m_watcher;
+    Inventory m_inventory = Inventory::Reading;
+    int m_generation = 0;
+    QStringList m_modems;
+    QHash<QString, QStringList> m_emergencyNumbers;
+    QHash<QString, Call> m_calls;
+    std::optional<DialRequest> m_waitingRequest;
+};

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Telephony.h"
+
+#include <QDBusConnection>
+#include <QSet>
+
+#include <memory>
+
+class ModemManagerTelephony;
+class OfonoTelephony;
+
+// The telephony of the moment on this machine: ModemManager when it runs,
+// else oFono, else the desktop's tel: handler (when xdg-mime is there), else
+// none. A modem service that has voice modems is preferred to one that has
+// none. It follows the two services on the system bus: when one appears,
+// goes or changes its modems, the next request uses what is there now. Each
+// change is announced with a "Telephony: " line.
+//
+// The modem telephonies live as long as this one, so that a call that ends
+// when its service goes is still reported.
+class SystemTelephony : public Telephony
+{
+    Q_OBJECT
+public:
+    explicit SystemTelephony(const QDBusConnection &systemBus, QObject *parent = nullptr);
+    ~SystemTelephony() override;
+
+    QString backendName() const override { return m_current->backendName(); }
+    bool canOpen(const DialRequest &request) override { return m_current->canOpen(request); }
+    void open(const DialRequest &request) override { m_current->open(request); }
+    bool placesCallsItself() const override { return m_current->placesCallsItself(); }
+
+    // The telephony requests go to now.
+    Telephony &current() const { return *m_current; }
+
+signals:
+    // Requests go to another telephony from now on.
+    void currentChanged();
+
+private:
+    void choose();
+    void forward(Telephony &telephony);
+
+    QSet<QString> m_running;
+    std::unique_ptr<ModemManagerTelephony> m_modemManager;
+    std::unique_ptr<OfonoTelephony> m_ofono;
+    std::unique_ptr<Telephony> m_withoutModem;
+    Telephony *m_current = nullptr;
+};

@@ -1,0 +1,113 @@
+// What each modem service gets for a call request: ModemManager (the
+// simulated service's CreateCall) and the real oFono daemon (the ATD command
+// its modem receives), one row per request, printed as a table line. A
+// refused request never reaches either service.
+#include "ModemManagerTelephony.h"
+#include "OfonoDaemon.h"
+#include "OfonoTelephony.h"
+#include "PrivateBus.h"
+#include "SimulatedModem.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+using Recorded = std::function<QStringList()>;
+
+class TestDialStrings : public QObject
+{
+    Q_OBJECT
+
+    // What `telephony` handed its service for `request`, or "refused".
+    static QString placed(Telephony &telephony, const DialRequest &request, const Recorded &recorded)
+    {
+        const qsizetype before = recorded().size();
+        QSignalSpy failed(&telephony, &Telephony::requestFailed);
+        if (!telephony.canOpen(request)) {
+            // Even when asked, it sends nothing and says so at once.
+            telephony.open(request);
+            return failed.size() == 1 ? QStringLiteral("refused") : QStringLiteral("(asked anyway)");
+        }
+        telephony.open(request);
+        if (!QTest::qWaitFor([&] { return recorded().size() > before || !failed.isEmpty(); }, 10000))
+            return QStringLiteral("(nothing)");
+        return failed.isEmpty() ? recorded().constLast() : "(failed: " + failed.constFirst().constFirst().toString() + ')';
+    }
+
+    PrivateBus m_bus;
+    std::unique_ptr<SimulatedModem> m_modem;
+    std::unique_ptr<ModemManagerTelephony> m_modemManager;
+    std::unique_ptr<OfonoDaemon> m_ofono;
+    std::unique_ptr<OfonoTelephony> m_byOfono;
+
+private slots:
+    void initTestCase()
+    {
+        m_modem = std::make_unique<SimulatedModem>(m_bus, 50);
+        QVERIFY(m_modem->isRunning());
+        m_modemManager = std::make_unique<ModemManagerTelephony>(m_bus.connection());
+        // It has read the SIM's emergency numbers.
+        QTRY_VERIFY_WITH_TIMEOUT(m_modemManager->targetOf(DialRequest{ "#31#", "13373" }).value_or(DialTarget{}).isEmergency,
+                                 10000);
+        if (!OfonoDaemon::isInstalled())
+            return;
+        m_ofono = std::make_unique<OfonoDaemon>();
+        QVERIFY2(m_ofono->isReady(), qPrintable(m_ofono->error()));
+        m_byOfono = std::make_unique<OfonoTelephony>(m_ofono->connection());
+        QTRY_COMPARE(m_byOfono->voiceModems().size(), 1);
+    }
+
+    void reachesTheModemAs_data()
+    {
+        QTest::addColumn<QString>("prefix");
+        QTest::addColumn<QString>("number");
+        QTest::addColumn<QString>("modemManager");
+        QTest::addColumn<QString>("ofono"); // what followed ATD
+        const auto row = [](const char *prefix, const char *number, const char *modemManager, const char *ofono) {
+            QTest::addRow("\"%s\" + \"%s\"", prefix, number) << prefix << number << modemManager << ofono;
+        };
+        row("", "+33 6 12 34 56 78", "+33612345678", "+33612345678");
+        row("#31#", "+33 6 12 34 56 78", "#31#+33612345678", "+33612345678I");
+        row("*31#", "+33 6 12 34 56 78", "*31#+33612345678", "+33612345678i");
+        row("*67", "+33 6 12 34 56 78", "*67+33612345678", "refused");
+        row("141", "+33 6 12 34 56 78", "141+33612345678", "refused");
+        row("#31#", "(555) 123-4567", "#31#5551234567", "5551234567I");
+        row("*67", "(555) 123-4567", "*675551234567", "*675551234567");
+        row("141", "0611 111 111", "1410611111111", "1410611111111");
+        row("#31#", "0611 111 111", "#31#0611111111", "0611111111I");
+        row("#31#", "06.11/11-11.11", "#31#0611111111", "0611111111I");
+        row("#31#", "", "refused", "refused");
+        row("", "", "refused", "refused");
+        row("#31#", "0611 ABC 111", "refused", "refused");
+        row("", "06 12 é", "refused", "refused");
+        row("#31#", "112", "112", "112");
+        row("*67", "911", "911", "911");
+        row("141", "13373", "13373", "14113373"); // on the simulated SIM's list only
+        row("", "*#06#", "refused", "refused");
+        row("#31#", "**21*0999123#", "refused", "refused");
+        row("", "0611 111 111,12", "refused", "refused");
+    }
+
+    void reachesTheModemAs()
+    {
+        QFETCH(QString, prefix);
+        QFETCH(QString, number);
+        QFETCH(QString, modemManager);
+        QFETCH(QString, ofono);
+        const DialRequest request{ prefix, number };
+        const QString byModemManager = placed(*m_modemManager, request, [this] { return m_modem->createdNumbers(); });
+        if (!m_ofono) {
+            QCOMPARE(byModemManager, modemManager);
+            QSKIP("ofonod is not installed (Debian package ofono)");
+        }
+        const QString byOfono = placed(*m_byOfono, request, [this] { return m_ofono->dials(); });
+        m_ofono->hangUp();
+        QVERIFY(m_ofono->waitForCalls(0));
+        qInfo().noquote() << "ModemManager CreateCall:" << byModemManager << "| oFono's modem got:"
+                          << (byOfono == QLatin1String("refused") ? byOfono : "ATD" + byOfono + ';');
+        QCOMPARE(byModemManager, modemManager);
+        QCOMPARE(byOfono, ofono);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestDialStrings)
+#include "tst_dialstrings.moc"
