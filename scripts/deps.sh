@@ -30,3 +30,10 @@ sudo=""
 export DEBIAN_FRONTEND=noninteractive
 $sudo apt-get update -qq
 $sudo apt-get install -y --no-install-recommends "${missing[@]}"
+
+# ofono is here only for the tests, which run their own ofonod on a private
+# bus: a machine that did not have it keeps its system oFono service off, so
+# that it never competes with ModemManager for the phone's modem.
+if [[ " ${missing[*]} " == *" ofono "* ]] && [ -d /run/systemd/system ]; then
+    $sudo systemctl disable --now ofono.service >/dev/null 2>&1 || true
+fi
