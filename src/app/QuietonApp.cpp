@@ -117,9 +117,10 @@ void QuietonApp::handleOpenUrl(const QUrl &url)
     if (!number.isEmpty() && url.scheme() == QLatin1StringView("quieton")) {
         const bool hidden = linkFlag(url, QStringLiteral("hidden"));
         const bool save = linkFlag(url, QStringLiteral("saveToHistory"));
-        m_service->makeCall(number, hidden, true);
-        m_service->setPendingCall(QString(), QString(), number, hidden);
-        m_service->setPendingCallSaveToHistory(save);
+        if (m_service->makeCall(number, hidden, true)) {
+            m_service->setPendingCall(QString(), QString(), number, hidden);
+            m_service->setPendingCallSaveToHistory(save);
+        }
         m_service->resetWidgetData();
     }
     m_service->resetWidgetData();

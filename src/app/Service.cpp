@@ -45,7 +45,7 @@ Service::Service(UserDefaultsService *defaultsService, Telephony &telephony, Cal
             [this](const QString &message) { emit notice(failureNotice(message)); });
 }
 
-void Service::makeCall(const QString &number, bool hidden, bool fromLink)
+bool Service::makeCall(const QString &number, bool hidden, bool fromLink)
 {
     setCallStartedFromApp(true);
 
@@ -55,11 +55,11 @@ void Service::makeCall(const QString &number, bool hidden, bool fromLink)
 
     if (!isCallAddress(address)) {
         setCallFailed(true);
-        return;
+        return true;
     }
     if (!m_telephony.canOpen(request)) {
         setCallFailed(true);
-        return;
+        return true;
     }
     // A link may arrive while the user is reading the dial string of another
     // call: it never takes that question's place, and is not kept for later,
@@ -67,16 +67,17 @@ void Service::makeCall(const QString &number, bool hidden, bool fromLink)
     const bool confirm = fromLink || m_telephony.placesCallsItself();
     if (confirm && m_confirmation.isPending()) {
         emit notice(tr("%1 was not called: first answer the call waiting on screen.").arg(request.dialString()));
-        return;
+        return false;
     }
     // The address as composed: the URL's own rendering would rewrite a bare
     // number such as 0612 as if it were a host address.
     QTextStream(stdout) << "## User dial : " << address << Qt::endl;
     if (!confirm) {
         m_telephony.open(request);
-        return;
+        return true;
     }
     m_confirmation.ask(request.dialString(), this, [this, request] { m_telephony.open(request); });
+    return true;
 }
 
 bool Service::isCallAddress(const QString &address)

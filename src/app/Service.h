@@ -47,7 +47,10 @@ public:
     // first when the telephony dials by itself or the call comes from a
     // link; while one confirmation is open, such a call is refused with a
     // notice, so that no tap meant for one number can place another.
-    Q_INVOKABLE void makeCall(const QString &number, bool hidden, bool fromLink = false);
+    // Returns false only for a request refused because another call is still
+    // waiting for the user's answer: its caller then leaves the pending-call
+    // record to that call.
+    Q_INVOKABLE bool makeCall(const QString &number, bool hidden, bool fromLink = false);
     // Clears the three values the widget shares with the app, then asks the
     // widgets to redraw.
     Q_INVOKABLE void resetWidgetData();

@@ -92,10 +92,11 @@ TestCase {
     }
 
     function test_aSecondLinkNeverTakesThePlaceOfTheFirst() {
+        waitForRendering(createTemporaryObject(mainViewComponent, testCase)) // the call observer
         const before = phone.openedCount()
-        QuietonApp.handleOpenUrl("quieton://call?number=0611&hidden=true")
+        QuietonApp.handleOpenUrl("quieton://call?number=0611&hidden=true&saveToHistory=true")
         compare(shown(), "#31#0611")
-        QuietonApp.handleOpenUrl("quieton://call?number=0622")
+        QuietonApp.handleOpenUrl("quieton://call?number=0622&saveToHistory=false")
         compare(notices.count, 1)
         compare(notices.signalArguments[0][0], "0622 was not called: first answer the call waiting on screen.")
         compare(shown(), "#31#0611")
@@ -103,5 +104,12 @@ TestCase {
         tryCompare(dialog, "visible", false)
         compare(phone.openedCount(), before + 1)
         compare(phone.lastOpened(), "#31#0611")
+        // The refused link left the waiting call's record alone.
+        const rowsBefore = phone.storedRows().length
+        phone.report("link-1", true, false, false)
+        const rows = phone.storedRows()
+        compare(rows.length, rowsBefore + 1)
+        compare(rows[rowsBefore].telephone, "0611")
+        compare(rows[rowsBefore].callHidden, true)
     }
 }
