@@ -6,7 +6,6 @@
 #include "propertiesproxy.h"
 
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 
 const QString ModemManagerTelephony::serviceName = QStringLiteral("org.freedesktop.ModemManager1");
 
@@ -22,21 +21,6 @@ constexpr int stateUnknown = 0;
 constexpr int stateActive = 4;
 constexpr int stateHeld = 5;
 constexpr int stateTerminated = 7;
-
-// Replies of a modem that has gone quiet still end; a minute is plenty for
-// dialling and far from forever.
-constexpr int callTimeoutMs = 60000;
-
-// Runs `then` with the finished call; the watcher goes with `context`.
-template<typename Reply, typename Then>
-void whenDone(const Reply &pending, QObject *context, Then then)
-{
-    auto *watcher = new QDBusPendingCallWatcher(pending, context);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context, [then, watcher] {
-        watcher->deleteLater();
-        then(Reply(*watcher));
-    });
-}
 
 } // namespace
 

@@ -4,6 +4,7 @@
 #include "Telephony.h"
 
 #include <QDBusConnection>
+#include <QDBusPendingCallWatcher>
 #include <QHash>
 #include <QStringList>
 
@@ -46,6 +47,21 @@ signals:
     void modemsChanged();
 
 protected:
+    // Replies of a modem that has gone quiet still end; a minute is plenty
+    // for dialling and far from forever.
+    static constexpr int callTimeoutMs = 60000;
+
+    // Runs `then` with the finished call; the watcher goes with `context`.
+    template<typename Reply, typename Then>
+    static void whenDone(const Reply &pending, QObject *context, Then then)
+    {
+        auto *watcher = new QDBusPendingCallWatcher(pending, context);
+        QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context, [then, watcher] {
+            watcher->deleteLater();
+            then(Reply(*watcher));
+        });
+    }
+
     ModemTelephony(const QDBusConnection &bus, const QString &serviceName, QObject *parent);
 
     // One call being followed.

@@ -6,26 +6,9 @@
 #include "ofonovoicecallproxy.h"
 
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QRegularExpression>
 
 const QString OfonoTelephony::serviceName = QStringLiteral("org.ofono");
-
-namespace {
-
-constexpr int callTimeoutMs = 60000;
-
-template<typename Reply, typename Then>
-void whenDone(const Reply &pending, QObject *context, Then then)
-{
-    auto *watcher = new QDBusPendingCallWatcher(pending, context);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context, [then, watcher] {
-        watcher->deleteLater();
-        then(Reply(*watcher));
-    });
-}
-
-} // namespace
 
 OfonoTelephony::OfonoTelephony(const QDBusConnection &bus, QObject *parent)
     : ModemTelephony(bus, serviceName, parent),
