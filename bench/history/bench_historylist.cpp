@@ -21,11 +21,9 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QtQml/qqmlextensionplugin.h>
 
 #include <optional>
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 using namespace bench;
 

@@ -19,9 +19,7 @@
 #include <QQuickStyle>
 #include <QQuickWindow>
 #include <QTest>
-#include <QtQml/qqmlextensionplugin.h>
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 using namespace bench;
 

@@ -16,14 +16,12 @@
 #include <QQuickItem>
 #include <QQuickView>
 #include <QTest>
-#include <QtQml/qqmlextensionplugin.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 using namespace bench;
 

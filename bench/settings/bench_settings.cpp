@@ -16,11 +16,9 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickStyle>
-#include <QtQml/qqmlextensionplugin.h>
 
 #include <functional>
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 using namespace bench;
 

@@ -39,7 +39,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <QtQml/qqmlextensionplugin.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -51,7 +50,6 @@
 #include <malloc.h>
 #endif
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 namespace {
 

@@ -1,11 +1,15 @@
 import QtQuick
 import QtQuick.Controls
-import Quieton
+import Quieton.Core
+import Quieton.Settings
+import Quieton.App
 
 // The app's single window: onboarding until it has been completed once, the
 // main screen afterwards.
 ApplicationWindow {
     id: window
+
+    required property QuietonApp app
 
     width: 400
     height: 820
@@ -15,21 +19,21 @@ ApplicationWindow {
     Loader {
         id: scene
         anchors.fill: parent
-        sourceComponent: QuietonApp.hasCompletedFirstLaunch ? mainComponent : welcomeComponent
+        sourceComponent: window.app.hasCompletedFirstLaunch ? mainComponent : welcomeComponent
     }
 
     Component {
         id: welcomeComponent
-        WelcomeView { }
+        WelcomeView { id: welcome; vm: window.app.createWelcomeViewModel(welcome) }
     }
 
     Component {
         id: mainComponent
-        MainView { }
+        MainView { app: window.app }
     }
 
     // The question before a call is placed in the user's name.
-    CallConfirmationDialog { }
+    CallConfirmationDialog { confirmation: window.app.confirmation }
 
     // Short notices: what sharing did, a call that failed after it was
     // requested. A longer sentence wraps and stays long enough to be read.
@@ -43,7 +47,7 @@ ApplicationWindow {
     }
 
     Connections {
-        target: Service
+        target: window.app.service
         function onNotice(message) {
             notice.text = message
             notice.open()
@@ -51,7 +55,7 @@ ApplicationWindow {
     }
 
     Connections {
-        target: QuietonApp
+        target: window.app
         function onActivationRequested() {
             window.show()
             window.raise()

@@ -1,19 +1,22 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
-import Quieton
+import Quieton.Core
+import Quieton.App
 
 // Asks before a call is placed in the user's name, as a phone's own dialler
 // does: the full dial string (prefix included), "Call" and "Cancel". Shown
-// while CallConfirmation has a question pending.
+// while `confirmation` has a question pending.
 Dialog {
     id: dialog
+
+    required property CallConfirmation confirmation
 
     anchors.centerIn: Overlay.overlay
     width: Math.min(parent ? parent.width - 48 : 320, 340)
     modal: true
     closePolicy: Popup.NoAutoClose
-    visible: CallConfirmation.pending
+    visible: dialog.confirmation.pending
 
     header: Label {
         text: qsTr("Place this call?")
@@ -30,12 +33,12 @@ Dialog {
         Label {
             objectName: "dialString"
             Layout.fillWidth: true
-            text: CallConfirmation.dialString
+            text: dialog.confirmation.dialString
             font.pixelSize: 28
             font.bold: true
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.WrapAnywhere
-            Accessible.name: qsTr("Number to call: %1").arg(CallConfirmation.dialString)
+            Accessible.name: qsTr("Number to call: %1").arg(dialog.confirmation.dialString)
         }
 
         Label {
@@ -58,7 +61,7 @@ Dialog {
             flat: true
             Accessible.name: qsTr("Cancel")
             Accessible.description: qsTr("Do not place the call")
-            onClicked: CallConfirmation.cancel()
+            onClicked: dialog.confirmation.cancel()
         }
 
         Button {
@@ -70,8 +73,8 @@ Dialog {
             Layout.rightMargin: 16
             Layout.bottomMargin: 8
             Accessible.name: qsTr("Call")
-            Accessible.description: qsTr("Place the call to %1").arg(CallConfirmation.dialString)
-            onClicked: CallConfirmation.call()
+            Accessible.description: qsTr("Place the call to %1").arg(dialog.confirmation.dialString)
+            onClicked: dialog.confirmation.call()
         }
     }
 
@@ -79,6 +82,6 @@ Dialog {
     Shortcut {
         sequences: ["Esc", "Back"]
         enabled: dialog.visible
-        onActivated: CallConfirmation.cancel()
+        onActivated: dialog.confirmation.cancel()
     }
 }

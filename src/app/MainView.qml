@@ -1,26 +1,28 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
-import Quieton
+import Quieton.Core
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // The main screen: four tabs, each screen loaded the first time its tab is shown.
 Page {
     id: mainView
 
-    readonly property MainViewModel vm: MainViewModel { }
+    required property QuietonApp app
+    readonly property MainViewModel vm: app.createMainViewModel(mainView)
     property bool shouldShowBannerAd: false
-    readonly property CallObserver callObserver: CallObserver { }
-    readonly property CallObserverDelegate callObserverDelegate: CallObserverDelegate { }
 
     Component.onCompleted: {
         vm.recordMainViewBuilt()
         // Calls are recorded while the main screen is shown.
-        callObserver.setDelegate(callObserverDelegate)
-        QuietonApp.setMainViewShown(true)
+        vm.callObserver.setDelegate(vm.callObserverDelegate)
+        app.setMainViewShown(true)
     }
     Component.onDestruction: {
-        callObserver.setDelegate(null)
-        QuietonApp.setMainViewShown(false)
+        vm.callObserver.setDelegate(null)
+        app.setMainViewShown(false)
     }
 
     StackLayout {
@@ -28,10 +30,22 @@ Page {
         anchors.fill: parent
         currentIndex: mainView.vm.selectedTab
 
-        TabPage { current: tabs.currentIndex === 0; component: Component { DialerView { } } }
-        TabPage { current: tabs.currentIndex === 1; component: Component { ContactsView { } } }
-        TabPage { current: tabs.currentIndex === 2; component: Component { HistoryView { } } }
-        TabPage { current: tabs.currentIndex === 3; component: Component { SettingView { } } }
+        TabPage {
+            current: tabs.currentIndex === 0
+            component: Component { DialerView { id: dialer; vm: mainView.app.createDialerViewModel(dialer) } }
+        }
+        TabPage {
+            current: tabs.currentIndex === 1
+            component: Component { ContactsView { id: contacts; vm: mainView.app.createContactsViewModel(contacts) } }
+        }
+        TabPage {
+            current: tabs.currentIndex === 2
+            component: Component { HistoryView { id: history; vm: mainView.app.createHistoryViewModel(history) } }
+        }
+        TabPage {
+            current: tabs.currentIndex === 3
+            component: Component { SettingView { id: settings; vm: mainView.app.createSettingViewModel(settings) } }
+        }
     }
 
     footer: TabBar {

@@ -8,8 +8,13 @@
 
 #include <limits>
 
-MainViewModel::MainViewModel(QObject *parent)
-    : QObject(parent), m_defaultsService(UserDefaultsService::shared()), m_service(Service::shared())
+MainViewModel::MainViewModel(UserDefaultsService &defaultsService, Service &service, Telephony &telephony,
+                             HistoryCallDataService &historyDataService, QObject *parent)
+    : QObject(parent),
+      m_defaultsService(&defaultsService),
+      m_service(&service),
+      m_callObserver(telephony),
+      m_callObserverDelegate(&historyDataService, &defaultsService, &service)
 {
 }
 

@@ -3,22 +3,34 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
+#include "CallObserver.h"
+#include "CallObserverDelegate.h"
+
+class HistoryCallDataService;
 class Service;
+class Telephony;
 class UserDefaultsService;
 
-// The main screen's model: the selected tab, and the bookkeeping done each
-// time the main screen is built.
+// The main screen's model: the selected tab, the bookkeeping done each time
+// the main screen is built, and the call observer with its delegate, made
+// with the model; the screen attaches the delegate while it is shown.
 class MainViewModel : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("Made by the app's start-up")
     Q_PROPERTY(int selectedTab READ selectedTab WRITE setSelectedTab NOTIFY selectedTabChanged)
+    Q_PROPERTY(CallObserver *callObserver READ callObserver CONSTANT)
+    Q_PROPERTY(CallObserverDelegate *callObserverDelegate READ callObserverDelegate CONSTANT)
 
 public:
-    explicit MainViewModel(QObject *parent = nullptr);
+    MainViewModel(UserDefaultsService &defaultsService, Service &service, Telephony &telephony,
+                  HistoryCallDataService &historyDataService, QObject *parent = nullptr);
 
     UserDefaultsService *defaultsService() const { return m_defaultsService; }
     Service *service() const { return m_service; }
+    CallObserver *callObserver() { return &m_callObserver; }
+    CallObserverDelegate *callObserverDelegate() { return &m_callObserverDelegate; }
 
     int selectedTab() const { return m_selectedTab; }
     void setSelectedTab(int tab);
@@ -33,4 +45,6 @@ private:
     UserDefaultsService *m_defaultsService;
     Service *m_service;
     int m_selectedTab = 0;
+    CallObserver m_callObserver;
+    CallObserverDelegate m_callObserverDelegate;
 };

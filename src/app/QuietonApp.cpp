@@ -1,88 +1,92 @@
 #include "QuietonApp.h"
 
-#include "CheckUpdate.h"
-#include "Service.h"
-#include "UserDefaultsService.h"
+#include "ContactsViewModel.h"
+#include "DialerViewModel.h"
+#include "HistoryViewModel.h"
+#include "MainViewModel.h"
+#include "SettingViewModel.h"
+#include "WelcomeViewModel.h"
 #include "WidgetLink.h"
 
+#include <QQuickWindow>
 #include <QTextStream>
 
-#include <QGuiApplication>
-#include <QJSEngine>
-#include <QQuickWindow>
-#include <QTimer>
-
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
-
 namespace {
-QuietonApp *theApp = nullptr;
-}
 
-void QuietonApp::limitHeaps()
+PlatformParts filled(PlatformParts parts)
 {
-#ifdef __GLIBC__
-    mallopt(M_ARENA_MAX, 2);
-#endif
+    Platform::fillMissing(parts);
+    return parts;
 }
 
-QuietonApp::QuietonApp(QObject *parent)
-    : QObject(parent), m_defaultsService(UserDefaultsService::shared()), m_service(Service::shared())
+} // namespace
+
+QuietonApp::QuietonApp(PlatformParts parts, QObject *parent)
+    : QObject(parent),
+      m_platform(filled(std::move(parts))),
+      m_defaultsService(std::move(m_platform.standardSettings), std::move(m_platform.sharedSettings)),
+      m_service(&m_defaultsService, *m_platform.telephony, m_confirmation, *m_platform.widgets, *m_platform.sharer),
+      m_historyDataService(m_platform.historyDatabasePath, HistoryCallDataService::FirstFetch::InBackground),
+      m_checkNewVersionService(CheckUpdate::Config::fromBuild(), *m_platform.urlOpener)
 {
     m_appDelegate.didFinishLaunching();
-    theApp = this;
-    connect(m_defaultsService, &UserDefaultsService::valueChanged, this, [this](const QString &key) {
+    connect(&m_defaultsService, &UserDefaultsService::valueChanged, this, [this](const QString &key) {
         if (key == QLatin1StringView("hasCompletedFirstLaunch"))
             emit hasCompletedFirstLaunchChanged();
     });
-    // The update check runs off the UI thread, and starts only once the
-    // window has shown its first frame so that start-up never shares its time
-    // with it.
-    QTimer::singleShot(0, this, &QuietonApp::startUpdateCheckAfterFirstFrame);
 }
 
-QuietonApp::~QuietonApp()
-{
-    if (theApp == this)
-        theApp = nullptr;
-}
+QuietonApp::~QuietonApp() = default;
 
-QuietonApp *QuietonApp::instance()
+void QuietonApp::checkForUpdateAfterFirstFrame(QWindow *window)
 {
-    return theApp;
-}
-
-QuietonApp *QuietonApp::create(QQmlEngine *, QJSEngine *)
-{
-    if (!theApp)
-        theApp = new QuietonApp(nullptr);
-    QJSEngine::setObjectOwnership(theApp, QJSEngine::CppOwnership);
-    return theApp;
-}
-
-void QuietonApp::startUpdateCheckAfterFirstFrame()
-{
-    if (!m_updateCheckWanted)
+    auto *quickWindow = qobject_cast<QQuickWindow *>(window);
+    if (!quickWindow)
         return;
-    // The app's window is its ApplicationWindow; views that merely host some
-    // of its screens (tests, tools) start no check.
-    for (QWindow *window : QGuiApplication::topLevelWindows()) {
-        auto *quickWindow = qobject_cast<QQuickWindow *>(window);
-        if (!quickWindow || !quickWindow->inherits("QQuickApplicationWindow"))
-            continue;
-        connect(quickWindow, &QQuickWindow::frameSwapped, this,
-                [] { CheckUpdate::shared()->checkForUpdate(true, false); },
-                Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
-        // In case the first frame is already up: one more to hear about.
-        quickWindow->update();
-        return;
-    }
+    connect(quickWindow, &QQuickWindow::frameSwapped, this,
+            [this] { m_checkNewVersionService.checkForUpdate(true, false); },
+            Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+    // In case the first frame is already up: one more to hear about.
+    quickWindow->update();
+}
+
+WelcomeViewModel *QuietonApp::createWelcomeViewModel(QObject *owner)
+{
+    return new WelcomeViewModel(m_defaultsService, owner);
+}
+
+MainViewModel *QuietonApp::createMainViewModel(QObject *owner)
+{
+    return new MainViewModel(m_defaultsService, m_service, *m_platform.telephony, m_historyDataService, owner);
+}
+
+DialerViewModel *QuietonApp::createDialerViewModel(QObject *owner)
+{
+    auto *model = new DialerViewModel(m_defaultsService, m_service, m_crashManager, owner);
+    connect(this, &QuietonApp::linkOpened, model, &DialerViewModel::fillFromLink);
+    return model;
+}
+
+ContactsViewModel *QuietonApp::createContactsViewModel(QObject *owner)
+{
+    return new ContactsViewModel(m_defaultsService, m_service, *m_platform.addressBook, *m_platform.urlOpener,
+                                 m_crashManager, owner);
+}
+
+HistoryViewModel *QuietonApp::createHistoryViewModel(QObject *owner)
+{
+    return new HistoryViewModel(m_historyDataService, m_defaultsService, m_service, owner);
+}
+
+SettingViewModel *QuietonApp::createSettingViewModel(QObject *owner)
+{
+    return new SettingViewModel(m_defaultsService, m_service, m_historyDataService, m_checkNewVersionService,
+                                *m_platform.urlOpener, owner);
 }
 
 bool QuietonApp::hasCompletedFirstLaunch() const
 {
-    return m_defaultsService->userDefaults().boolValue(QStringLiteral("hasCompletedFirstLaunch"));
+    return m_defaultsService.userDefaults().boolValue(QStringLiteral("hasCompletedFirstLaunch"));
 }
 
 void QuietonApp::deliverLink(const QUrl &url)
@@ -115,23 +119,10 @@ void QuietonApp::handleOpenUrl(const QUrl &url)
 {
     const QString number = WidgetLink::queryValue(url, QStringLiteral("number"));
     if (!number.isEmpty() && url.scheme() == QLatin1StringView("quieton")) {
-        const bool hidden = linkFlag(url, QStringLiteral("hidden"));
-        const bool save = linkFlag(url, QStringLiteral("saveToHistory"));
-        if (m_service->makeCall(number, hidden, true)) {
-            m_service->setPendingCall(QString(), QString(), number, hidden);
-            m_service->setPendingCallSaveToHistory(save);
-        }
-        m_service->resetWidgetData();
+        const bool hidden = WidgetLink::isTrue(WidgetLink::queryValue(url, QStringLiteral("hidden")));
+        const bool save = WidgetLink::isTrue(WidgetLink::queryValue(url, QStringLiteral("saveToHistory")));
+        m_service.placeCall({ QString(), QString(), number, hidden, save }, true);
+        m_service.resetWidgetData();
     }
-    m_service->resetWidgetData();
-}
-
-QString QuietonApp::linkValue(const QUrl &url, const QString &key)
-{
-    return WidgetLink::queryValue(url, key);
-}
-
-bool QuietonApp::linkFlag(const QUrl &url, const QString &key)
-{
-    return WidgetLink::isTrue(WidgetLink::queryValue(url, key));
+    m_service.resetWidgetData();
 }

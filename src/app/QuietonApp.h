@@ -1,43 +1,77 @@
 #pragma once
 
 #include "AppDelegate.h"
+#include "CallConfirmation.h"
+#include "CheckUpdate.h"
+#include "CrashManager.h"
+#include "HistoryCallDataService.h"
+#include "Platform.h"
+#include "Service.h"
+#include "UserDefaultsService.h"
 
 #include <QList>
 #include <QObject>
 #include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
-class QJSEngine;
-class QQmlEngine;
-class Service;
-class UserDefaultsService;
+#include <memory>
 
-// The application root: start-up of the shared objects, the choice between
-// onboarding and the main screen, and the links opened from the widget.
+class QWindow;
+class ContactsViewModel;
+class DialerViewModel;
+class HistoryViewModel;
+class MainViewModel;
+class SettingViewModel;
+class WelcomeViewModel;
+
+// The application root and the one place where the shared objects are made:
+// the platform parts, the settings store (whose creation writes the
+// first-launch defaults), the service, the history store, the crash manager
+// and the update checker, in that order. Every model gets what it uses from
+// here, through its constructor; the window gets this object as its `app`.
+//
+// It also chooses between onboarding and the main screen and handles the
+// links opened from the widget.
 class QuietonApp : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    QML_SINGLETON
+    QML_UNCREATABLE("Made by main()")
+    Q_MOC_INCLUDE("ContactsViewModel.h")
+    Q_MOC_INCLUDE("DialerViewModel.h")
+    Q_MOC_INCLUDE("HistoryViewModel.h")
+    Q_MOC_INCLUDE("MainViewModel.h")
+    Q_MOC_INCLUDE("SettingViewModel.h")
+    Q_MOC_INCLUDE("WelcomeViewModel.h")
     Q_PROPERTY(bool hasCompletedFirstLaunch READ hasCompletedFirstLaunch NOTIFY hasCompletedFirstLaunchChanged)
+    Q_PROPERTY(Service *service READ service CONSTANT)
+    Q_PROPERTY(CallConfirmation *confirmation READ confirmation CONSTANT)
 
 public:
-    // Call first in main(): every thread that allocates would otherwise get
-    // a heap of its own, which keeps freed memory long after a burst of
-    // work (reading the address book) is over.
-    static void limitHeaps();
-
-    // Leaves out the store lookup of this run (a run that quits at once).
-    void skipUpdateCheck() { m_updateCheckWanted = false; }
-
-    // Runs the start-up in order; the instance is the one QML sees.
-    explicit QuietonApp(QObject *parent);
+    // Starts with `parts`, whose empty fields get the Linux backends.
+    explicit QuietonApp(PlatformParts parts = {}, QObject *parent = nullptr);
     ~QuietonApp() override;
-    static QuietonApp *instance();
-    static QuietonApp *create(QQmlEngine *, QJSEngine *);
 
-    UserDefaultsService *defaultsService() const { return m_defaultsService; }
-    Service *service() const { return m_service; }
+    UserDefaultsService *defaultsService() { return &m_defaultsService; }
+    Service *service() { return &m_service; }
+    HistoryCallDataService *historyDataService() { return &m_historyDataService; }
+    CheckUpdate *checkNewVersionService() { return &m_checkNewVersionService; }
+    CrashManager &crashManager() { return m_crashManager; }
+    CallConfirmation *confirmation() { return &m_confirmation; }
+    const PlatformParts &platform() const { return m_platform; }
+
+    // Asks the store for a newer version once the app's window shows its
+    // first frame (so that start-up never shares its time with it).
+    void checkForUpdateAfterFirstFrame(QWindow *window);
+
+    // The screens' models, each made for the screen `owner` and living as
+    // long as it does.
+    Q_INVOKABLE WelcomeViewModel *createWelcomeViewModel(QObject *owner);
+    Q_INVOKABLE MainViewModel *createMainViewModel(QObject *owner);
+    Q_INVOKABLE DialerViewModel *createDialerViewModel(QObject *owner);
+    Q_INVOKABLE ContactsViewModel *createContactsViewModel(QObject *owner);
+    Q_INVOKABLE HistoryViewModel *createHistoryViewModel(QObject *owner);
+    Q_INVOKABLE SettingViewModel *createSettingViewModel(QObject *owner);
 
     // Read afresh from the settings on every evaluation.
     bool hasCompletedFirstLaunch() const;
@@ -49,10 +83,7 @@ public:
     // The main screen tells when it is shown and hidden.
     Q_INVOKABLE void setMainViewShown(bool shown);
     // The main screen's handler of a widget link: places the call it carries.
-    Q_INVOKABLE void handleOpenUrl(const QUrl &url);
-
-    Q_INVOKABLE static QString linkValue(const QUrl &url, const QString &key);
-    Q_INVOKABLE static bool linkFlag(const QUrl &url, const QString &key);
+    void handleOpenUrl(const QUrl &url);
 
 signals:
     void hasCompletedFirstLaunchChanged();
@@ -62,14 +93,14 @@ signals:
     void activationRequested();
 
 private:
-    // Starts the update check after the first frame of the app's window; an
-    // app without its window does not check.
-    void startUpdateCheckAfterFirstFrame();
-    bool m_updateCheckWanted = true;
-
     AppDelegate m_appDelegate;
-    UserDefaultsService *m_defaultsService;
-    Service *m_service;
+    PlatformParts m_platform;
+    UserDefaultsService m_defaultsService;
+    CallConfirmation m_confirmation;
+    Service m_service;
+    HistoryCallDataService m_historyDataService;
+    CrashManager m_crashManager;
+    CheckUpdate m_checkNewVersionService;
     bool m_mainViewShown = false;
     QList<QUrl> m_waitingLinks;
 };

@@ -1,12 +1,6 @@
 #include "CallObserver.h"
 
 #include "CallObserverDelegate.h"
-#include "Platform.h"
-
-CallObserver::CallObserver(QObject *parent)
-    : CallObserver(Platform::telephony(), parent)
-{
-}
 
 CallObserver::CallObserver(Telephony &telephony, QObject *parent)
     : QObject(parent)

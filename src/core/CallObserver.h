@@ -14,11 +14,10 @@ class CallObserver : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("Made by the main screen's model")
     Q_PROPERTY(CallObserverDelegate *delegate READ delegate NOTIFY delegateChanged)
 
 public:
-    // On the app's telephony.
-    explicit CallObserver(QObject *parent = nullptr);
     explicit CallObserver(Telephony &telephony, QObject *parent = nullptr);
 
     CallObserverDelegate *delegate() const { return m_delegate; }

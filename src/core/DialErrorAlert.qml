@@ -1,10 +1,12 @@
 import QtQuick
 import QtQuick.Controls
-import Quieton
+import Quieton.Core
 
 // Shown after a call that could not be placed. "OK" lowers the failure flag.
 Dialog {
     id: alert
+
+    required property Service service
 
     anchors.centerIn: Overlay.overlay
     width: Math.min(parent ? parent.width - 48 : 320, 340)
@@ -31,5 +33,5 @@ Dialog {
         }
     }
 
-    onAccepted: Service.callFailed = false
+    onAccepted: service.acknowledgeCallFailure()
 }

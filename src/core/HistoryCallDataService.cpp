@@ -1,11 +1,9 @@
 #include "HistoryCallDataService.h"
 
-#include "Platform.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QJSEngine>
 #include <QThreadPool>
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -91,21 +89,6 @@ void log(const QString &line)
 }
 
 } // namespace
-
-HistoryCallDataService *HistoryCallDataService::shared()
-{
-    static HistoryCallDataService *const instance = new HistoryCallDataService(
-        Platform::dataDirectory() + QLatin1Char('/') + QLatin1StringView(containerName) + QStringLiteral(".sqlite"),
-        FirstFetch::InBackground);
-    return instance;
-}
-
-HistoryCallDataService *HistoryCallDataService::create(QQmlEngine *, QJSEngine *)
-{
-    HistoryCallDataService *instance = shared();
-    QJSEngine::setObjectOwnership(instance, QJSEngine::CppOwnership);
-    return instance;
-}
 
 HistoryCallDataService::HistoryCallDataService(const QString &databasePath, FirstFetch firstFetch, QObject *parent)
     : QObject(parent),

@@ -34,16 +34,12 @@ class HistoryCallDataService : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    QML_SINGLETON
+    QML_UNCREATABLE("Made at start-up")
     Q_PROPERTY(int count READ count NOTIFY savedEntitiesChanged)
 
 public:
     static constexpr auto containerName = "CallHistoryData";
     static constexpr auto entityName = "HistoryData";
-
-    // The process-wide store in the app's data folder, created on first use.
-    static HistoryCallDataService *shared();
-    static HistoryCallDataService *create(QQmlEngine *, QJSEngine *);
 
     enum class FirstFetch {
         Immediate,   // the constructor reads the records

@@ -1,35 +1,5 @@
 #include "UserDefaultsService.h"
 
-#include "JsonFileKeyValueStore.h"
-#include "Platform.h"
-
-#include <QDir>
-#include <QJSEngine>
-#include <QQmlEngine>
-
-UserDefaultsService *UserDefaultsService::shared()
-{
-    static UserDefaultsService *const instance = [] {
-        const QDir folder(Platform::configDirectory());
-        std::unique_ptr<KeyValueStore> standard = JsonFileKeyValueStore::open(folder.filePath(QStringLiteral("quieton.json")));
-        if (!standard) {
-            // Without a usable settings file the app still runs on defaults it
-            // keeps in memory for this session.
-            standard = JsonFileKeyValueStore::inMemory();
-        }
-        std::unique_ptr<KeyValueStore> widgetSuite =
-                JsonFileKeyValueStore::open(folder.filePath(QString::fromLatin1(sharedSuiteName) + QStringLiteral(".json")));
-        return new UserDefaultsService(std::move(standard), std::move(widgetSuite));
-    }();
-    return instance;
-}
-
-UserDefaultsService *UserDefaultsService::create(QQmlEngine *, QJSEngine *)
-{
-    UserDefaultsService *instance = shared();
-    QJSEngine::setObjectOwnership(instance, QJSEngine::CppOwnership);
-    return instance;
-}
 
 UserDefaultsService::UserDefaultsService(std::unique_ptr<KeyValueStore> standard,
                                          std::unique_ptr<KeyValueStore> sharedSuite, QObject *parent)

@@ -8,24 +8,17 @@
 
 #include <memory>
 
-class QJSEngine;
-class QQmlEngine;
-
 // The app's settings: the standard suite and the suite shared with the
 // home-screen widget. Creating the store writes the first-launch defaults.
 class UserDefaultsService : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    QML_SINGLETON
+    QML_UNCREATABLE("Made at start-up")
     Q_PROPERTY(QString defaultPrefix READ defaultPrefix CONSTANT)
 
 public:
     static constexpr auto sharedSuiteName = "group.quieton.DataWidget";
-
-    // The process-wide store on the user's settings files, created on first use.
-    static UserDefaultsService *shared();
-    static UserDefaultsService *create(QQmlEngine *, QJSEngine *);
 
     // A store over the given suites; `sharedSuite` may be null when the
     // widget's suite cannot be opened. Runs the first-launch initialisation.

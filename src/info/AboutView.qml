@@ -3,7 +3,8 @@ import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
 import QtQml.Models
-import Quieton
+import Quieton.Core
+import Quieton.Info
 
 // About: the two legal pages of the product's web site. Created without
 // arguments; its back control asks the presenter to close it.
@@ -15,7 +16,9 @@ Page {
 
     property bool isShowingWebViewTermsOfUse: false
     property bool isShowingWebViewPrivacy: false
-    readonly property Service service: Service
+    required property Service service
+    // What opens the product's web pages.
+    required property UrlOpener urlOpener
 
     // Right-to-left languages read the screen mirrored.
     LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
@@ -85,6 +88,7 @@ Page {
         active: aboutView.isShowingWebViewPrivacy
         delegate: SafariWebView {
             page: "privacy"
+            opener: aboutView.urlOpener
             onDismissed: aboutView.isShowingWebViewPrivacy = false
         }
     }
@@ -92,6 +96,7 @@ Page {
         active: aboutView.isShowingWebViewTermsOfUse
         delegate: SafariWebView {
             page: "termsOfUs"
+            opener: aboutView.urlOpener
             onDismissed: aboutView.isShowingWebViewTermsOfUse = false
         }
     }

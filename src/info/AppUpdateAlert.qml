@@ -1,14 +1,16 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
-import Quieton
+import Quieton.Info
 
 // "A newer version is out": made by UpdateAlertPresenter over a window's
-// content, removes itself once closed. A forced update offers no "Not now".
+// content, removes itself once closed. A forced update offers no "Not now";
+// "Update Now" goes through the checker that found the update.
 Dialog {
     id: alert
     objectName: "appUpdateAlert"
 
+    required property CheckUpdate checker
     property string version
     property bool force: false
     property string appURL
@@ -45,7 +47,7 @@ Dialog {
             font.capitalization: Font.MixedCase
             flat: true
             onClicked: {
-                UpdateAlertPresenter.openAppURL(alert.appURL)
+                alert.checker.openAppURL(alert.appURL)
                 alert.close()
             }
         }

@@ -3,16 +3,16 @@
 #include "BuildConfig.h"
 #include "InfoBuildConfig.h"
 #include "UpdateAlertPresenter.h"
+#include "UrlOpener.h"
 
 #include <QFile>
 #include <QGuiApplication>
-#include <QJSEngine>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QQuickWindow>
 #include <QTextStream>
-#include <QThread>
+#include <QtConcurrent/QtConcurrentRun>
 #include <QTimer>
 #include <QUrl>
 #include <QXmlStreamReader>
@@ -72,83 +72,55 @@ CheckUpdate::Config CheckUpdate::Config::fromBuild()
         QStringLiteral(QUIETON_STORE_APP_ID),
         QStringLiteral(QUIETON_STORE_API_TOKEN),
         QStringLiteral(QUIETON_STORE_PAGE_URL),
-        QStringLiteral(":/Quieton/info/Info.plist"),
+        QStringLiteral(":/Quieton/Info/Info.plist"),
     };
 }
 
-namespace {
-CheckUpdate *&sharedSlot()
-{
-    static CheckUpdate *instance = nullptr;
-    return instance;
-}
-} // namespace
-
-CheckUpdate *CheckUpdate::shared()
-{
-    CheckUpdate *&instance = sharedSlot();
-    if (!instance)
-        instance = new CheckUpdate(Config::fromBuild());
-    return instance;
-}
-
-void CheckUpdate::setShared(CheckUpdate *checker)
-{
-    sharedSlot() = checker;
-}
-
-CheckUpdate *CheckUpdate::create(QQmlEngine *, QJSEngine *)
-{
-    CheckUpdate *instance = shared();
-    QJSEngine::setObjectOwnership(instance, QJSEngine::CppOwnership);
-    return instance;
-}
-
-CheckUpdate::CheckUpdate(Config config, QObject *parent)
-    : QObject(parent), m_config(std::move(config)), m_urlAppStore(m_config.storePageUrl)
+CheckUpdate::CheckUpdate(Config config, UrlOpener &opener, QObject *parent)
+    : QObject(parent), m_config(std::move(config)), m_opener(opener), m_urlAppStore(m_config.storePageUrl)
 {
 }
 
 CheckUpdate::~CheckUpdate()
 {
-    if (m_queue) {
-        m_queue->quit();
-        m_queue->wait();
-        delete m_queue;
-    }
-}
-
-void CheckUpdate::ensureQueue()
-{
-    if (m_queue)
-        return;
-    m_queue = new QThread;
-    m_queue->setObjectName(QStringLiteral("update check"));
-    m_queueContext = new QObject;
-    m_queueContext->moveToThread(m_queue);
-    connect(m_queue, &QThread::finished, m_queueContext, &QObject::deleteLater);
-    // A check still under way when the app quits is dropped, not waited for.
-    if (QCoreApplication *application = QCoreApplication::instance()) {
-        connect(application, &QCoreApplication::aboutToQuit, this, [this] {
-            m_queue->quit();
-            m_queue->wait();
-        });
-    }
-    m_queue->start();
+    m_work.waitForFinished();
 }
 
 void CheckUpdate::checkForUpdate(bool isOptional, bool isTestFlight)
 {
-    if (m_isTestFlight.exchange(isTestFlight) != isTestFlight)
+    if (std::exchange(m_isTestFlight, isTestFlight) != isTestFlight)
         emit isTestFlightChanged();
-    ensureQueue();
     const bool force = !isOptional;
-    QMetaObject::invokeMethod(m_queueContext, [this, force, isTestFlight] { startCheck(force, isTestFlight); });
+    struct Start
+    {
+        std::optional<QString> currentVersion;
+        std::optional<QString> bundleId;
+    };
+    // The information file is read off the UI thread; the request starts back on it.
+    m_work = QtConcurrent::run([path = m_config.infoPlistPath] {
+        Start start{ infoPlistValue(path, QStringLiteral("CFBundleShortVersionString")), std::nullopt };
+        if (start.currentVersion)
+            start.bundleId = infoPlistValue(path, QStringLiteral("CFBundleIdentifier"));
+        return start;
+    }).then(this, [this, force, isTestFlight](const Start &start) {
+        if (!start.currentVersion) {
+            print({ QStringLiteral("Erro to decode app current version") });
+            return;
+        }
+        const QUrl address(isTestFlight ? buildsAddress() : lookupAddress(start.bundleId.value_or(QString())),
+                           QUrl::StrictMode);
+        if (!start.bundleId || !address.isValid() || address.scheme().isEmpty() || address.host().isEmpty()) {
+            decide({ std::nullopt, std::nullopt, Failure(VersionError::invalidBundleInfo) }, *start.currentVersion,
+                   force, isTestFlight);
+            return;
+        }
+        startRequest(address, *start.currentVersion, force, isTestFlight);
+    });
 }
 
-std::optional<QString> CheckUpdate::infoPlistValue(const QString &key) const
+std::optional<QString> CheckUpdate::infoPlistValue(const QString &path, const QString &key)
 {
-    QFile file(m_config.infoPlistPath);
+    QFile file(path);
     if (!file.exists()) {
         print({ QStringLiteral("Couldn't find file 'Info.plist'.") });
         return std::nullopt;
@@ -193,35 +165,8 @@ bool CheckUpdate::isVersionLess(const QString &current, const QString &store)
     return QString::compare(current, store, Qt::CaseSensitive) < 0;
 }
 
-// On the background thread: the current version, then the request.
-void CheckUpdate::startCheck(bool force, bool isTestFlight)
+void CheckUpdate::startRequest(const QUrl &address, const QString &currentVersion, bool force, bool isTestFlight)
 {
-    const std::optional<QString> currentVersion = infoPlistValue(QStringLiteral("CFBundleShortVersionString"));
-    if (!currentVersion) {
-        print({ QStringLiteral("Erro to decode app current version") });
-        return;
-    }
-    const QString current = *currentVersion;
-
-    auto failBundleInfo = [this, current, force, isTestFlight] {
-        QMetaObject::invokeMethod(this, [this, current, force, isTestFlight] {
-            decide(std::nullopt, std::nullopt, Failure(VersionError::invalidBundleInfo), current, force, isTestFlight);
-        }, Qt::QueuedConnection);
-    };
-
-    const std::optional<QString> bundleId = infoPlistValue(QStringLiteral("CFBundleIdentifier"));
-    if (!bundleId) {
-        failBundleInfo();
-        return;
-    }
-    const QString lookup = lookupAddress(*bundleId);
-    const QString builds = buildsAddress();
-    const QUrl address(isTestFlight ? builds : lookup, QUrl::StrictMode);
-    if (!address.isValid() || address.scheme().isEmpty() || address.host().isEmpty()) {
-        failBundleInfo();
-        return;
-    }
-
     QNetworkRequest request(address);
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::PreferNetwork);
     request.setTransferTimeout(m_config.deadlineMs);
@@ -229,7 +174,7 @@ void CheckUpdate::startCheck(bool force, bool isTestFlight)
         request.setRawHeader("Authorization", "Bearer " + m_config.apiToken.toUtf8());
 
     if (!m_session)
-        m_session = new QNetworkAccessManager(m_queueContext);
+        m_session = new QNetworkAccessManager(this);
     QNetworkReply *reply = m_session->get(request);
     // An answer that grows past its bound, or is not complete in time, is cut off.
     const auto cutOff = [reply](const QString &why) {
@@ -247,51 +192,47 @@ void CheckUpdate::startCheck(bool force, bool isTestFlight)
     QTimer::singleShot(m_config.deadlineMs, reply, [cutOff, deadline = m_config.deadlineMs] {
         cutOff(QStringLiteral("no complete answer within %1 ms").arg(deadline));
     });
-    connect(reply, &QNetworkReply::finished, m_queueContext, [this, reply, current, force, isTestFlight] {
+    // The HTTP status is not looked at: whatever body came back is judged on
+    // its own, off the UI thread.
+    connect(reply, &QNetworkReply::finished, this, [this, reply, currentVersion, force, isTestFlight] {
         reply->deleteLater();
-        handleReply(reply, current, force, isTestFlight);
+        if (const QVariant why = reply->property("cutOff"); why.isValid()) {
+            decide({ std::nullopt, std::nullopt, Failure(why.toString()) }, currentVersion, force, isTestFlight);
+            return;
+        }
+        const bool answered = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
+        if (reply->error() != QNetworkReply::NoError && !answered) {
+            decide({ std::nullopt, std::nullopt, Failure(reply->errorString()) }, currentVersion, force, isTestFlight);
+            return;
+        }
+        m_work = QtConcurrent::run(&CheckUpdate::judge, reply->readAll(), isTestFlight)
+                         .then(this, [this, currentVersion, force, isTestFlight](const Outcome &outcome) {
+                             decide(outcome, currentVersion, force, isTestFlight);
+                         });
     });
 }
 
-// On the background thread, once the answer (or the failure) is in. The HTTP
-// status is not looked at: whatever body came back is judged on its own.
-void CheckUpdate::handleReply(QNetworkReply *reply, const QString &currentVersion, bool force, bool isTestFlight)
+CheckUpdate::Outcome CheckUpdate::judge(const QByteArray &body, bool isTestFlight)
 {
-    if (const QVariant why = reply->property("cutOff"); why.isValid()) {
-        decide(std::nullopt, std::nullopt, Failure(why.toString()), currentVersion, force, isTestFlight);
-        return;
-    }
-    const bool answered = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
-    if (reply->error() != QNetworkReply::NoError && !answered) {
-        decide(std::nullopt, std::nullopt, Failure(reply->errorString()), currentVersion, force, isTestFlight);
-        return;
-    }
-    const QByteArray body = reply->readAll();
-    if (body.isEmpty()) {
-        decide(std::nullopt, std::nullopt, Failure(VersionError::invalidResponse), currentVersion, force, isTestFlight);
-        return;
-    }
+    if (body.isEmpty())
+        return { std::nullopt, std::nullopt, Failure(VersionError::invalidResponse) };
     QString decodingError;
     const std::optional<LookupResult> result = LookupResult::decode(body, &decodingError);
-    if (!result) {
-        decide(std::nullopt, std::nullopt, Failure(decodingError), currentVersion, force, isTestFlight);
-        return;
-    }
-    std::optional<TestFlightInfo> beta;
-    std::optional<AppInfo> store;
+    if (!result)
+        return { std::nullopt, std::nullopt, Failure(decodingError) };
+    Outcome outcome;
     if (!isTestFlight) {
         if (result->results && !result->results->isEmpty())
-            store = result->results->constFirst();
+            outcome.store = result->results->constFirst();
     } else if (result->data && !result->data->isEmpty()) {
-        beta = result->data->constFirst();
+        outcome.beta = result->data->constFirst();
     }
-    decide(beta, store, std::nullopt, currentVersion, force, isTestFlight);
+    return outcome;
 }
 
-void CheckUpdate::decide(const std::optional<TestFlightInfo> &beta, const std::optional<AppInfo> &store,
-                         const std::optional<Failure> &error, const QString &currentVersion, bool force,
-                         bool isTestFlight)
+void CheckUpdate::decide(const Outcome &outcome, const QString &currentVersion, bool force, bool isTestFlight)
 {
+    const auto &[beta, store, error] = outcome;
     const QString label = isTestFlight ? QStringLiteral("TestFlight") : QStringLiteral("AppStore");
     if (error) {
         const QString description = std::holds_alternative<VersionError>(*error)
@@ -309,21 +250,17 @@ void CheckUpdate::decide(const std::optional<TestFlightInfo> &beta, const std::o
 
     if (store) {
         if (isVersionLess(currentVersion, store->version)) {
-            if (!m_isNeedUpdate.exchange(true))
-                QMetaObject::invokeMethod(this, &CheckUpdate::isNeedUpdateChanged, Qt::QueuedConnection);
+            if (!std::exchange(m_isNeedUpdate, true))
+                emit isNeedUpdateChanged();
             needsUpdate(store->version);
-            QMetaObject::invokeMethod(this, [this, version = store->version, force, link = store->trackViewUrl] {
-                presentAlert(version, force, link);
-            }, Qt::QueuedConnection);
+            presentAlert(store->version, force, store->trackViewUrl);
         } else {
             upToDate();
         }
     } else if (beta) {
         if (isVersionLess(currentVersion, beta->attributes.version)) {
             needsUpdate(beta->attributes.version);
-            QMetaObject::invokeMethod(this, [this, version = beta->attributes.version, force] {
-                presentAlert(version, force, std::nullopt);
-            }, Qt::QueuedConnection);
+            presentAlert(beta->attributes.version, force, std::nullopt);
         } else {
             upToDate();
         }
@@ -332,7 +269,7 @@ void CheckUpdate::decide(const std::optional<TestFlightInfo> &beta, const std::o
     }
 }
 
-// On the UI thread: the alert goes to the app's first window, if it has one.
+// The alert goes to the app's first visible window, if it has one.
 void CheckUpdate::presentAlert(const QString &version, bool force, const std::optional<QString> &recordLink)
 {
     QQuickWindow *window = nullptr;
@@ -344,6 +281,13 @@ void CheckUpdate::presentAlert(const QString &version, bool force, const std::op
     }
     if (!window)
         return;
-    UpdateAlertPresenter::showAppUpdateAlert(window, version, force, followableLink(recordLink.value_or(m_urlAppStore)),
-                                             m_isTestFlight);
+    UpdateAlertPresenter::showAppUpdateAlert(window, this, version, force,
+                                             followableLink(recordLink.value_or(m_urlAppStore)), m_isTestFlight);
+}
+
+void CheckUpdate::openAppURL(const QString &appURL)
+{
+    const QUrl url(appURL, QUrl::StrictMode);
+    if (url.isValid() && !url.scheme().isEmpty())
+        m_opener.open(url);
 }

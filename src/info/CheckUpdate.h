@@ -4,9 +4,10 @@
 
 #include <QObject>
 #include <QString>
+#include <QVariant>
 #include <QtQml/qqmlregistration.h>
 
-#include <atomic>
+#include <QFuture>
 #include <optional>
 #include <variant>
 
@@ -14,20 +15,19 @@ class QJSEngine;
 class QNetworkAccessManager;
 class QNetworkReply;
 class QQmlEngine;
-class QThread;
+class UrlOpener;
 
 // Asks the store which version of the app is current and, when it is newer
 // than this one, offers the update in an alert on the app's main window.
 //
-// The work leaves the UI thread: reading the information file and starting
-// the request happen on the checker's own background thread, the answer is
-// decoded and judged on that thread as well, and only the alert comes back to
-// the UI thread. Every failure ends as a line on standard output.
+// Reading the information file and decoding the answer run off the UI thread
+// (QtConcurrent); the request itself is asynchronous. Every failure ends as a
+// line on standard output.
 class CheckUpdate : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    QML_SINGLETON
+    QML_UNCREATABLE("Made at start-up")
     Q_PROPERTY(bool isNeedUpdate READ isNeedUpdate NOTIFY isNeedUpdateChanged)
     Q_PROPERTY(QString urlAppStore READ urlAppStore NOTIFY urlAppStoreChanged)
     Q_PROPERTY(bool isTestFlight READ isTestFlight NOTIFY isTestFlightChanged)
@@ -54,12 +54,8 @@ public:
         static Config fromBuild();
     };
 
-    static CheckUpdate *shared();
-    // Test programs may install their own checker before first use.
-    static void setShared(CheckUpdate *checker);
-    static CheckUpdate *create(QQmlEngine *, QJSEngine *);
-
-    explicit CheckUpdate(Config config, QObject *parent = nullptr);
+    // "Update Now" opens the store through `opener`.
+    CheckUpdate(Config config, UrlOpener &opener, QObject *parent = nullptr);
     ~CheckUpdate() override;
 
     bool isNeedUpdate() const { return m_isNeedUpdate; }
@@ -72,7 +68,8 @@ public:
     Q_INVOKABLE void checkForUpdate(bool isOptional, bool isTestFlight);
 
     // One text entry of the information file, read afresh on every call.
-    std::optional<QString> infoPlistValue(const QString &key) const;
+    std::optional<QString> infoPlistValue(const QString &key) const { return infoPlistValue(m_config.infoPlistPath, key); }
+    static std::optional<QString> infoPlistValue(const QString &path, const QString &key);
     // The same for QML: undefined when there is no such text.
     Q_INVOKABLE QVariant infoPlistText(const QString &key) const;
 
@@ -91,6 +88,9 @@ public:
     // before "1.9", equal texts are never less.
     static bool isVersionLess(const QString &current, const QString &store);
 
+    // "Update Now": opens `appURL` when it is an address; anything else does nothing.
+    Q_INVOKABLE void openAppURL(const QString &appURL);
+
 signals:
     void isNeedUpdateChanged();
     void urlAppStoreChanged();
@@ -99,20 +99,23 @@ signals:
 private:
     using Failure = std::variant<VersionError, QString>;
 
-    void startCheck(bool force, bool isTestFlight);
-    void handleReply(QNetworkReply *reply, const QString &currentVersion, bool force, bool isTestFlight);
-    void decide(const std::optional<TestFlightInfo> &beta, const std::optional<AppInfo> &store,
-                const std::optional<Failure> &error, const QString &currentVersion, bool force, bool isTestFlight);
+    struct Outcome
+    {
+        std::optional<TestFlightInfo> beta;
+        std::optional<AppInfo> store;
+        std::optional<Failure> error;
+    };
+    void startRequest(const QUrl &address, const QString &currentVersion, bool force, bool isTestFlight);
+    static Outcome judge(const QByteArray &body, bool isTestFlight);
+    void decide(const Outcome &outcome, const QString &currentVersion, bool force, bool isTestFlight);
     void presentAlert(const QString &version, bool force, const std::optional<QString> &recordLink);
-    void ensureQueue();
 
     Config m_config;
-    std::atomic<bool> m_isNeedUpdate = false;
-    std::atomic<bool> m_isTestFlight = false;
+    UrlOpener &m_opener;
+    bool m_isNeedUpdate = false;
+    bool m_isTestFlight = false;
     const QString m_urlAppStore;
-
-    // The background thread and what lives on it.
-    QThread *m_queue = nullptr;
-    QObject *m_queueContext = nullptr;
     QNetworkAccessManager *m_session = nullptr;
+    // The work under way off the UI thread; waited for when the checker goes.
+    QFuture<void> m_work;
 };

@@ -2,6 +2,7 @@ import QtQuick
 import QtQuick.Controls
 import QtQuick.Controls.impl
 import QtQuick.Layouts
+import Quieton.Info
 
 // One row of the about and feedback screens: a caption and a chevron that
 // points the way the layout reads.

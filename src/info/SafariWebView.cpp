@@ -1,7 +1,6 @@
 #include "SafariWebView.h"
 
 #include "InfoBuildConfig.h"
-#include "Platform.h"
 #include "UrlOpener.h"
 
 #include <QMetaEnum>
@@ -56,7 +55,7 @@ void SafariWebView::setPage(const QString &name)
 void SafariWebView::componentComplete()
 {
     const QUrl page = address(m_url);
-    if (!Platform::urlOpener().open(page))
+    if (!m_opener || !m_opener->open(page))
         QTextStream(stdout) << "## Could not open " << page.toString() << Qt::endl;
     // Closed on the next turn of the event loop, not while its holder is still
     // busy creating it.

@@ -4,6 +4,8 @@
 #include <QQmlParserStatus>
 #include <QString>
 #include <QUrl>
+
+#include "UrlOpener.h"
 #include <QtQml/qqmlregistration.h>
 
 // A page of the product's web site, shown when the element is created. On
@@ -20,6 +22,8 @@ class SafariWebView : public QObject, public QQmlParserStatus
     Q_PROPERTY(urls url READ url WRITE setUrl NOTIFY urlChanged)
     Q_PROPERTY(QString page READ page WRITE setPage NOTIFY urlChanged)
     Q_PROPERTY(QString address READ addressText NOTIFY urlChanged)
+    // What opens the page.
+    Q_PROPERTY(UrlOpener *opener MEMBER m_opener REQUIRED)
 
 public:
     // The product's pages, each one absolute address on the web site.
@@ -50,4 +54,5 @@ signals:
 
 private:
     urls m_url = privacy;
+    UrlOpener *m_opener = nullptr;
 };

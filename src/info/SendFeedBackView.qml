@@ -3,7 +3,8 @@ import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
 import QtQml.Models
-import Quieton
+import Quieton.Core
+import Quieton.Info
 
 // Feedback: three pages of the product's web site and sharing the app.
 // Created without arguments; its back control asks the presenter to close it.
@@ -13,9 +14,9 @@ Page {
 
     signal dismissRequested()
 
-    readonly property SendFeedBackViewModel vm: SendFeedBackViewModel { }
-    readonly property UserDefaultsService defaultsService: UserDefaultsService
-    readonly property Service service: Service
+    required property SendFeedBackViewModel vm
+    readonly property UserDefaultsService defaultsService: vm.defaultsService
+    readonly property Service service: vm.service
     // Kept for a vote button and a rating alert this screen does not have.
     property bool isClickedVoteButton: false
     property bool showingChooseRateAlert: false
@@ -101,6 +102,7 @@ Page {
         active: sendFeedBackView.isLeaveAFeedBackSheetPresented
         delegate: SafariWebView {
             page: "leaveAFeedBack"
+            opener: sendFeedBackView.vm.urlOpener
             onDismissed: sendFeedBackView.isLeaveAFeedBackSheetPresented = false
         }
     }
@@ -108,6 +110,7 @@ Page {
         active: sendFeedBackView.isSuggestAFeaturePresented
         delegate: SafariWebView {
             page: "suggestAFeature"
+            opener: sendFeedBackView.vm.urlOpener
             onDismissed: sendFeedBackView.isSuggestAFeaturePresented = false
         }
     }
@@ -115,6 +118,7 @@ Page {
         active: sendFeedBackView.isReportAProblemSheetPresented
         delegate: SafariWebView {
             page: "reportAProblem"
+            opener: sendFeedBackView.vm.urlOpener
             onDismissed: sendFeedBackView.isReportAProblemSheetPresented = false
         }
     }

@@ -3,7 +3,8 @@
 #include "Service.h"
 #include "UserDefaultsService.h"
 
-SendFeedBackViewModel::SendFeedBackViewModel(QObject *parent)
-    : QObject(parent), m_defaultsService(UserDefaultsService::shared()), m_service(Service::shared())
+SendFeedBackViewModel::SendFeedBackViewModel(UserDefaultsService &defaultsService, Service &service,
+                                             UrlOpener &urlOpener, QObject *parent)
+    : QObject(parent), m_defaultsService(&defaultsService), m_service(&service), m_urlOpener(&urlOpener)
 {
 }

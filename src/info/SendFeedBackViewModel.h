@@ -3,6 +3,8 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
+#include "UrlOpener.h"
+
 class Service;
 class UserDefaultsService;
 
@@ -11,18 +13,24 @@ class SendFeedBackViewModel : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("Made by the settings screen's model")
     Q_MOC_INCLUDE("Service.h")
     Q_MOC_INCLUDE("UserDefaultsService.h")
     Q_PROPERTY(UserDefaultsService *defaultsService READ defaultsService CONSTANT)
     Q_PROPERTY(Service *service READ service CONSTANT)
+    // What opens the product's web pages.
+    Q_PROPERTY(UrlOpener *urlOpener READ urlOpener CONSTANT)
 
 public:
-    explicit SendFeedBackViewModel(QObject *parent = nullptr);
+    SendFeedBackViewModel(UserDefaultsService &defaultsService, Service &service, UrlOpener &urlOpener,
+                          QObject *parent = nullptr);
 
     UserDefaultsService *defaultsService() const { return m_defaultsService; }
     Service *service() const { return m_service; }
+    UrlOpener *urlOpener() const { return m_urlOpener; }
 
 private:
     UserDefaultsService *m_defaultsService;
     Service *m_service;
+    UrlOpener *m_urlOpener;
 };

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Controls.impl
+import Quieton.Info
 
 // The round back arrow of the about and feedback screens; it points the way
 // back in right-to-left layouts as well.

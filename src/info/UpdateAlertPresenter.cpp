@@ -1,22 +1,15 @@
 #include "UpdateAlertPresenter.h"
 
-#include "Platform.h"
-#include "UrlOpener.h"
+#include "CheckUpdate.h"
 
-#include <QJSEngine>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QUrl>
 
-UpdateAlertPresenter *UpdateAlertPresenter::create(QQmlEngine *engine, QJSEngine *)
-{
-    return new UpdateAlertPresenter(engine);
-}
-
-QObject *UpdateAlertPresenter::showAppUpdateAlert(QQuickWindow *window, const QString &version, bool force,
-                                              const QString &appURL, bool isTestFlight)
+QObject *UpdateAlertPresenter::showAppUpdateAlert(QQuickWindow *window, CheckUpdate *checker, const QString &version,
+                                                  bool force, const QString &appURL, bool isTestFlight)
 {
     if (!window || !window->contentItem())
         return nullptr;
@@ -27,10 +20,10 @@ QObject *UpdateAlertPresenter::showAppUpdateAlert(QQuickWindow *window, const QS
         engine = qmlEngine(content.at(i));
     if (!engine)
         return nullptr;
-
-    QQmlComponent component(engine, QUrl(QStringLiteral("qrc:/Quieton/info/AppUpdateAlert.qml")));
+    QQmlComponent component(engine, QUrl(QStringLiteral("qrc:/Quieton/Info/AppUpdateAlert.qml")));
     QObject *alert = component.createWithInitialProperties({
         { QStringLiteral("parent"), QVariant::fromValue(window->contentItem()) },
+        { QStringLiteral("checker"), QVariant::fromValue(checker) },
         { QStringLiteral("version"), version },
         { QStringLiteral("force"), force },
         { QStringLiteral("appURL"), appURL },
@@ -44,17 +37,4 @@ QObject *UpdateAlertPresenter::showAppUpdateAlert(QQuickWindow *window, const QS
     QQmlEngine::setObjectOwnership(alert, QQmlEngine::JavaScriptOwnership);
     QMetaObject::invokeMethod(alert, "open");
     return alert;
-}
-
-QObject *UpdateAlertPresenter::showAppUpdateAlertWithVersion(QQuickItem *screen, const QString &version, bool force,
-                                                         const QString &appURL, bool isTestFlight)
-{
-    return screen ? showAppUpdateAlert(screen->window(), version, force, appURL, isTestFlight) : nullptr;
-}
-
-void UpdateAlertPresenter::openAppURL(const QString &appURL)
-{
-    const QUrl url(appURL, QUrl::StrictMode);
-    if (url.isValid() && !url.scheme().isEmpty())
-        Platform::urlOpener().open(url);
 }

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Quieton.Lists
 
 // "Choose Call Privacy": asked before calling someone from the contacts or
 // the history list. The screen decides what each answer does.

@@ -4,7 +4,8 @@ import QtQuick
 import QtQuick.Controls
 import QtQuick.Controls.impl
 import QtQuick.Layouts
-import Quieton
+import Quieton.Core
+import Quieton.Lists
 
 // The contacts tab: the address book with a search field, the sort key and
 // direction, and a tap on a person to call them privately or not.
@@ -13,11 +14,11 @@ Page {
     objectName: "contactsView"
 
     property int sizeCategory: ContentSizeCategory.current
-    readonly property ContactsViewModel vm: ContactsViewModel { }
+    required property ContactsViewModel vm
     property bool showingCallAlert: false
     property bool showingErrorDialNumberAlert: false
     readonly property bool isInputContactsActive: searchField.activeFocus
-    readonly property Service service: Service
+    readonly property Service service: vm.service
 
     readonly property int searchInset: ContentSizeCategory.searchBarInset(sizeCategory)
     readonly property int segmentFontSize: ContentSizeCategory.sortSegmentFontSize(sizeCategory)
@@ -317,6 +318,7 @@ Page {
     DialErrorAlert {
         id: errorAlert
         objectName: "dialErrorAlert"
+        service: contactsView.service
         onClosed: contactsView.showingErrorDialNumberAlert = false
     }
 }

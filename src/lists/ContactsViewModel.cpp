@@ -4,7 +4,6 @@
 #include "ContactsListModel.h"
 #include "CrashManager.h"
 #include "KeyValueStore.h"
-#include "Platform.h"
 #include "Service.h"
 #include "UrlOpener.h"
 #include "UserDefaultsService.h"
@@ -76,10 +75,14 @@ QString searchForm(const QString &text)
 
 } // namespace
 
-ContactsViewModel::ContactsViewModel(QObject *parent)
+ContactsViewModel::ContactsViewModel(UserDefaultsService &defaultsService, Service &service, AddressBook &addressBook,
+                                     UrlOpener &urlOpener, CrashManager &crashManager, QObject *parent)
     : QObject(parent),
-      m_defaultsService(UserDefaultsService::shared()),
-      m_crashManager(CrashManager::shared()),
+      m_defaultsService(&defaultsService),
+      m_service(&service),
+      m_addressBook(addressBook),
+      m_urlOpener(urlOpener),
+      m_crashManager(crashManager),
       m_comparator(m_defaultsService->userDefaults().boolValue(QStringLiteral("comparator"))),
       m_sortIndexSelected(m_defaultsService->userDefaults().integerValue(QStringLiteral("autoSortBy"))),
       m_visibleContacts(new ContactsListModel(this, this))
@@ -157,7 +160,7 @@ void ContactsViewModel::updateContacts()
 
 void ContactsViewModel::requestContactsAccess()
 {
-    AddressBook *book = &Platform::addressBook();
+    AddressBook *book = &m_addressBook;
     QThreadPool::globalInstance()->start([book, self = QPointer<ContactsViewModel>(this)] {
         const AddressBook::AccessAnswer answer = book->requestAccess();
         onMainThread([self, answer] {
@@ -176,7 +179,7 @@ void ContactsViewModel::requestContactsAccess()
 
 void ContactsViewModel::fetchContacts()
 {
-    AddressBook *book = &Platform::addressBook();
+    AddressBook *book = &m_addressBook;
     // Quitting waits for the reading thread: it is told to stop first.
     if (QCoreApplication *application = QCoreApplication::instance())
         connect(application, &QCoreApplication::aboutToQuit, this, [book] { book->stop(); });
@@ -450,17 +453,14 @@ void ContactsViewModel::selectVisibleContact(int row)
 
 bool ContactsViewModel::callSelectedContact(bool hidden)
 {
-    Service *service = Service::shared();
-    service->setPendingCallSaveToHistory(m_defaultsService->userDefaults().boolValue(QStringLiteral("saveToHistory")));
+    const bool save = m_defaultsService->userDefaults().boolValue(QStringLiteral("saveToHistory"));
     const FetchedContact contact = m_selectedContact.value_or(FetchedContact());
-    service->makeCall(contact.telephone, hidden);
-    service->setPendingCall(contact.firstName, contact.lastName, contact.telephone, hidden);
-    return service->callFailed();
+    return m_service->placeCall({ contact.firstName, contact.lastName, contact.telephone, hidden, save });
 }
 
 void ContactsViewModel::openSettings()
 {
-    Platform::urlOpener().open(Platform::addressBook().accessSettingsUrl());
+    m_urlOpener.open(m_addressBook.accessSettingsUrl());
 }
 
 QVariantList ContactsViewModel::contactsArrayValue() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FetchedContact.h"
+#include "Service.h"
 
 #include <QList>
 #include <QObject>
@@ -13,6 +14,7 @@
 class AddressBook;
 class ContactsListModel;
 class CrashManager;
+class UrlOpener;
 class UserDefaultsService;
 struct AddressBookContact;
 
@@ -25,6 +27,8 @@ class ContactsViewModel : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("Made for its screen by the app's start-up")
+    Q_PROPERTY(Service *service READ service CONSTANT)
     Q_PROPERTY(bool accessDenied READ accessDenied NOTIFY accessDeniedChanged)
     Q_PROPERTY(bool contactsPermissionRequested READ contactsPermissionRequested NOTIFY contactsPermissionRequestedChanged)
     Q_PROPERTY(bool comparator READ comparator WRITE setComparator NOTIFY comparatorChanged)
@@ -40,7 +44,10 @@ class ContactsViewModel : public QObject
     Q_PROPERTY(ContactsListModel *visibleContacts READ visibleContactsModel CONSTANT)
 
 public:
-    explicit ContactsViewModel(QObject *parent = nullptr);
+    ContactsViewModel(UserDefaultsService &defaultsService, Service &service, AddressBook &addressBook,
+                      UrlOpener &urlOpener, CrashManager &crashManager, QObject *parent = nullptr);
+
+    Service *service() const { return m_service; }
     ~ContactsViewModel() override;
 
     bool accessDenied() const { return m_accessDenied; }
@@ -126,6 +133,9 @@ private:
     void refilter();
 
     UserDefaultsService *m_defaultsService;
+    Service *m_service;
+    AddressBook &m_addressBook;
+    UrlOpener &m_urlOpener;
     CrashManager &m_crashManager;
     bool m_accessDenied = false;
     bool m_contactsPermissionRequested = false;

@@ -3,7 +3,8 @@ import QtQuick
 import QtQuick.Controls
 import QtQuick.Controls.impl
 import QtQuick.Layouts
-import Quieton
+import Quieton.Core
+import Quieton.Lists
 
 // The history tab: the recorded calls with a search field, an edit mode for
 // deleting them, and the call-privacy question for calling a number again.
@@ -14,8 +15,8 @@ Page {
     objectName: "historyView"
 
     // Created with the screen, i.e. the first time the tab is shown.
-    readonly property HistoryViewModel vm: HistoryViewModel { }
-    readonly property Service service: Service
+    required property HistoryViewModel vm
+    readonly property Service service: vm.service
     property bool editMode: false
     property bool showingCallAlert: false
     readonly property bool isInputActive: searchField.activeFocus

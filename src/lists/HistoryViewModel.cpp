@@ -23,17 +23,12 @@ QString textOrEmpty(const QString &text)
 
 } // namespace
 
-HistoryViewModel::HistoryViewModel(QObject *parent)
-    : HistoryViewModel(HistoryCallDataService::shared(), UserDefaultsService::shared(), Service::shared(), parent)
-{
-}
-
-HistoryViewModel::HistoryViewModel(HistoryCallDataService *historyDataService, UserDefaultsService *defaultsService,
-                                   Service *service, QObject *parent)
+HistoryViewModel::HistoryViewModel(HistoryCallDataService &historyDataService, UserDefaultsService &defaultsService,
+                                   Service &service, QObject *parent)
     : QObject(parent),
-      m_historyDataService(historyDataService),
-      m_defaultsService(defaultsService),
-      m_service(service)
+      m_historyDataService(&historyDataService),
+      m_defaultsService(&defaultsService),
+      m_service(&service)
 {
     using Store = HistoryCallDataService;
     connect(m_historyDataService, &Store::entitiesAboutToBeRemoved, this, [this](int first, int last) {
@@ -252,11 +247,10 @@ void HistoryViewModel::deleteRows(const QList<int> &rows)
 
 void HistoryViewModel::callSelectedContact(bool hidden)
 {
-    m_service->setPendingCallSaveToHistory(m_defaultsService->userDefaults().boolValue(QStringLiteral("saveToHistory")));
+    const bool save = m_defaultsService->userDefaults().boolValue(QStringLiteral("saveToHistory"));
     const HistoryData record = m_selectedContact.value_or(HistoryData());
-    m_service->makeCall(textOrEmpty(record.telephone), hidden);
-    m_service->setPendingCall(textOrEmpty(record.firstName), textOrEmpty(record.lastName),
-                              textOrEmpty(record.telephone), hidden);
+    m_service->placeCall({ textOrEmpty(record.firstName), textOrEmpty(record.lastName), textOrEmpty(record.telephone),
+                           hidden, save });
 }
 
 QVariant HistoryViewModel::selectedContactValue() const

@@ -3,6 +3,7 @@
 #include "FilteredHistoryModel.h"
 #include "HistoryData.h"
 #include "HistorySearchIndex.h"
+#include "Service.h"
 
 #include <QList>
 #include <QObject>
@@ -24,16 +25,18 @@ class HistoryViewModel : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("Made for its screen by the app's start-up")
+    Q_PROPERTY(Service *service READ service CONSTANT)
     Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
     Q_PROPERTY(FilteredHistoryModel *filteredContacts READ filteredContacts CONSTANT)
     Q_PROPERTY(int historyCount READ historyCount NOTIFY historyListArrayChanged)
     Q_PROPERTY(QVariant selectedContact READ selectedContactValue NOTIFY selectedContactChanged)
 
 public:
-    // Over the shared store, settings and dialling service.
-    explicit HistoryViewModel(QObject *parent = nullptr);
-    HistoryViewModel(HistoryCallDataService *historyDataService, UserDefaultsService *defaultsService,
-                     Service *service, QObject *parent = nullptr);
+    HistoryViewModel(HistoryCallDataService &historyDataService, UserDefaultsService &defaultsService,
+                     Service &service, QObject *parent = nullptr);
+
+    Service *service() const { return m_service; }
     ~HistoryViewModel() override;
 
     QString searchText() const { return m_searchText; }

@@ -1,11 +1,5 @@
 #include "CallConfirmation.h"
 
-CallConfirmation &CallConfirmation::shared()
-{
-    static CallConfirmation *const instance = new CallConfirmation;
-    return *instance;
-}
-
 void CallConfirmation::ask(const QString &dialString, QObject *context, std::function<void()> placeCall)
 {
     if (m_pending)

@@ -24,9 +24,6 @@ class CallConfirmation : public QObject
 public:
     using QObject::QObject;
 
-    // The instance the app's window answers.
-    static CallConfirmation &shared();
-
     bool isPending() const { return m_pending; }
     QString dialString() const { return m_dialString; }
 

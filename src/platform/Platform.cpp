@@ -2,6 +2,7 @@
 
 #include "ClipboardSharer.h"
 #include "DesktopUrlOpener.h"
+#include "JsonFileKeyValueStore.h"
 #include "NoWidgetHost.h"
 #include "SystemTelephony.h"
 #include "VCardFolderAddressBook.h"
@@ -11,21 +12,6 @@
 
 namespace {
 
-struct Backends
-{
-    std::unique_ptr<Telephony> telephony;
-    std::unique_ptr<UrlOpener> urlOpener;
-    std::unique_ptr<WidgetRefresher> widgets;
-    std::unique_ptr<TextSharer> sharer;
-    std::unique_ptr<AddressBook> addressBook;
-};
-
-Backends &backends()
-{
-    static Backends instance;
-    return instance;
-}
-
 QString appFolder(QStandardPaths::StandardLocation location)
 {
     // GenericConfig/GenericData honour XDG_CONFIG_HOME and XDG_DATA_HOME.
@@ -34,44 +20,30 @@ QString appFolder(QStandardPaths::StandardLocation location)
 
 } // namespace
 
-Telephony &Platform::telephony()
+void Platform::fillMissing(PlatformParts &parts)
 {
-    auto &slot = backends().telephony;
-    if (!slot)
-        slot = chooseTelephony(QDBusConnection::systemBus());
-    return *slot;
-}
-
-UrlOpener &Platform::urlOpener()
-{
-    auto &slot = backends().urlOpener;
-    if (!slot)
-        slot = std::make_unique<DesktopUrlOpener>();
-    return *slot;
-}
-
-WidgetRefresher &Platform::widgets()
-{
-    auto &slot = backends().widgets;
-    if (!slot)
-        slot = std::make_unique<NoWidgetHost>();
-    return *slot;
-}
-
-TextSharer &Platform::sharer()
-{
-    auto &slot = backends().sharer;
-    if (!slot)
-        slot = std::make_unique<ClipboardSharer>();
-    return *slot;
-}
-
-AddressBook &Platform::addressBook()
-{
-    auto &slot = backends().addressBook;
-    if (!slot)
-        slot = std::make_unique<VCardFolderAddressBook>();
-    return *slot;
+    if (!parts.telephony)
+        parts.telephony = chooseTelephony(QDBusConnection::systemBus());
+    if (!parts.urlOpener)
+        parts.urlOpener = std::make_unique<DesktopUrlOpener>();
+    if (!parts.widgets)
+        parts.widgets = std::make_unique<NoWidgetHost>();
+    if (!parts.sharer)
+        parts.sharer = std::make_unique<ClipboardSharer>();
+    if (!parts.addressBook)
+        parts.addressBook = std::make_unique<VCardFolderAddressBook>();
+    const QDir config(configDirectory());
+    if (!parts.standardSettings) {
+        parts.standardSettings = openSettings(config.filePath(QStringLiteral("quieton.json")));
+        // Without a usable settings file the app still runs on defaults it
+        // keeps in memory for this session.
+        if (!parts.standardSettings)
+            parts.standardSettings = settingsInMemory();
+    }
+    if (!parts.sharedSettings)
+        parts.sharedSettings = openSettings(config.filePath(QStringLiteral("group.quieton.DataWidget.json")));
+    if (parts.historyDatabasePath.isEmpty())
+        parts.historyDatabasePath = QDir(dataDirectory()).filePath(QStringLiteral("CallHistoryData.sqlite"));
 }
 
 std::unique_ptr<Telephony> Platform::chooseTelephony(const QDBusConnection &systemBus)
@@ -79,11 +51,15 @@ std::unique_ptr<Telephony> Platform::chooseTelephony(const QDBusConnection &syst
     return std::make_unique<SystemTelephony>(systemBus);
 }
 
-void Platform::setTelephony(std::unique_ptr<Telephony> telephony) { backends().telephony = std::move(telephony); }
-void Platform::setUrlOpener(std::unique_ptr<UrlOpener> opener) { backends().urlOpener = std::move(opener); }
-void Platform::setWidgets(std::unique_ptr<WidgetRefresher> widgets) { backends().widgets = std::move(widgets); }
-void Platform::setSharer(std::unique_ptr<TextSharer> sharer) { backends().sharer = std::move(sharer); }
-void Platform::setAddressBook(std::unique_ptr<AddressBook> book) { backends().addressBook = std::move(book); }
+std::unique_ptr<KeyValueStore> Platform::openSettings(const QString &path)
+{
+    return JsonFileKeyValueStore::open(path);
+}
+
+std::unique_ptr<KeyValueStore> Platform::settingsInMemory()
+{
+    return JsonFileKeyValueStore::inMemory();
+}
 
 QString Platform::configDirectory()
 {

@@ -1,41 +1,54 @@
 #pragma once
 
+#include "AddressBook.h"
+#include "KeyValueStore.h"
+#include "Telephony.h"
+#include "TextSharer.h"
+#include "UrlOpener.h"
+#include "WidgetRefresher.h"
+
 #include <QString>
 
 #include <memory>
 
-class AddressBook;
-class KeyValueStore;
 class QDBusConnection;
-class Telephony;
-class TextSharer;
-class UrlOpener;
-class WidgetRefresher;
 
-// The platform services the app runs on, each created on first use with the
-// real Linux backend. Test programs install their own before first use.
-class Platform
+// The platform services the app runs on. The app's start-up takes one set of
+// them and hands each to whoever uses it; a test fills some fields with its
+// own parts and lets fillMissing() give the Linux backends for the rest.
+struct PlatformParts
 {
-public:
-    static Telephony &telephony();
-    static UrlOpener &urlOpener();
-    static WidgetRefresher &widgets();
-    static TextSharer &sharer();
-    // Safe to use from a worker thread once it has been asked for on the main thread.
-    static AddressBook &addressBook();
-
-    // The telephony of this machine, following the services running on
-    // `systemBus`: ModemManager, else oFono, else the desktop's tel: handler,
-    // else none (SystemTelephony). Announces each choice with a "Telephony: " line.
-    static std::unique_ptr<Telephony> chooseTelephony(const QDBusConnection &systemBus);
-
-    static void setTelephony(std::unique_ptr<Telephony> telephony);
-    static void setUrlOpener(std::unique_ptr<UrlOpener> opener);
-    static void setWidgets(std::unique_ptr<WidgetRefresher> widgets);
-    static void setSharer(std::unique_ptr<TextSharer> sharer);
-    static void setAddressBook(std::unique_ptr<AddressBook> book);
-
-    // Folders of the app's own files (XDG config and data homes + "quieton").
-    static QString configDirectory();
-    static QString dataDirectory();
+    std::unique_ptr<Telephony> telephony;
+    std::unique_ptr<UrlOpener> urlOpener;
+    std::unique_ptr<WidgetRefresher> widgets;
+    std::unique_ptr<TextSharer> sharer;
+    std::unique_ptr<AddressBook> addressBook;
+    // The settings suites: the app's own and the one shared with the widget
+    // (null when it cannot be opened).
+    std::unique_ptr<KeyValueStore> standardSettings;
+    std::unique_ptr<KeyValueStore> sharedSettings;
+    // The call history's database file.
+    QString historyDatabasePath;
 };
+
+namespace Platform {
+
+// Gives every empty field of `parts` its Linux backend, with the app's files
+// in the user's folders.
+void fillMissing(PlatformParts &parts);
+
+// The telephony of this machine, following the services running on
+// `systemBus`: ModemManager, else oFono, else the desktop's tel: handler,
+// else none. Announces each choice with a "Telephony: " line.
+std::unique_ptr<Telephony> chooseTelephony(const QDBusConnection &systemBus);
+
+// A settings suite on the JSON file at `path`; null when it cannot be opened.
+std::unique_ptr<KeyValueStore> openSettings(const QString &path);
+// A suite kept in memory for this session only.
+std::unique_ptr<KeyValueStore> settingsInMemory();
+
+// Folders of the app's own files (XDG config and data homes + "quieton").
+QString configDirectory();
+QString dataDirectory();
+
+} // namespace Platform

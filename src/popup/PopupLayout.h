@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QPointF>
 #include <QSizeF>
+#include <QVariant>
 #include <QtQml/qqmlregistration.h>
 
 // Where a popup rests, where it comes from and how a drag moves and dismisses

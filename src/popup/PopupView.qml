@@ -1,5 +1,5 @@
 import QtQuick
-import Quieton
+import Quieton.Popup
 
 // Shows one content item above the whole window, as a floating card, a toast
 // or a full-screen page, sliding in from one edge of the window.

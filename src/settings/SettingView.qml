@@ -4,7 +4,10 @@ import QtQuick.Controls
 import QtQuick.Controls.impl
 import QtQuick.Controls.Material
 import QtQuick.Layouts
-import Quieton
+import Quieton.Core
+import Quieton.Info
+import Quieton.Popup
+import Quieton.Settings
 
 // The settings tab: the prefix (typed by hand or picked by country), the
 // options every call starts with, help and information, and the two
@@ -14,10 +17,9 @@ Page {
     id: settingView
     objectName: "settingView"
 
-    readonly property SettingViewModel vm: SettingViewModel { }
-    // The shared update checker; tests hand in one of their own.
-    property CheckUpdate checkNewVersionService: CheckUpdate
-    readonly property Service service: Service
+    required property SettingViewModel vm
+    readonly property CheckUpdate checkNewVersionService: vm.checkNewVersionService
+    readonly property Service service: vm.service
 
     property bool showingPrefixEditManually: false
     property bool showingPrefixByCountry: false
@@ -29,7 +31,7 @@ Page {
     property bool isUserGuideForQuietonPresented: false
     property bool isAboutPresented: false
     property string editingPrefixNumber: ""
-    property bool isReadUserGuide: UserDefaultsService.boolForKey("isReadUserGuide")
+    property bool isReadUserGuide: vm.defaultsService.boolForKey("isReadUserGuide")
 
     readonly property color groupedBackground: "#F2F2F7"
     readonly property color separatorColor: "#D1D1D6"
@@ -469,23 +471,29 @@ Page {
     Cover {
         objectName: "userGuideCover"
         presented: settingView.isUserGuideForQuietonPresented
-        sourceComponent: Component { UserGuideForQuietonView { } }
+        sourceComponent: Component {
+            UserGuideForQuietonView { id: guide; vm: settingView.vm.createUserGuideModel(guide) }
+        }
         // The guide may have counted itself as read while it was open.
         onDismiss: {
             settingView.isUserGuideForQuietonPresented = false
-            settingView.isReadUserGuide = UserDefaultsService.boolForKey("isReadUserGuide")
+            settingView.isReadUserGuide = settingView.vm.defaultsService.boolForKey("isReadUserGuide")
         }
     }
     Cover {
         objectName: "feedbackCover"
         presented: settingView.isSendFeedBackPresented
-        sourceComponent: Component { SendFeedBackView { } }
+        sourceComponent: Component {
+            SendFeedBackView { id: feedback; vm: settingView.vm.createSendFeedBackModel(feedback) }
+        }
         onDismiss: settingView.isSendFeedBackPresented = false
     }
     Cover {
         objectName: "aboutCover"
         presented: settingView.isAboutPresented
-        sourceComponent: Component { AboutView { } }
+        sourceComponent: Component {
+            AboutView { service: settingView.service; urlOpener: settingView.vm.urlOpener }
+        }
         onDismiss: settingView.isAboutPresented = false
     }
 

@@ -2,7 +2,8 @@
 
 #include "HistoryCallDataService.h"
 #include "KeyValueStore.h"
-#include "Platform.h"
+#include "SendFeedBackViewModel.h"
+#include "UserGuideForQuietonViewModel.h"
 #include "UrlOpener.h"
 #include "UserDefaultsService.h"
 
@@ -72,10 +73,15 @@ bool isList(const QVariant &value)
 
 } // namespace
 
-SettingViewModel::SettingViewModel(QObject *parent)
+SettingViewModel::SettingViewModel(UserDefaultsService &defaultsService, Service &service,
+                                   HistoryCallDataService &historyDataService, CheckUpdate &checkNewVersionService,
+                                   UrlOpener &urlOpener, QObject *parent)
     : QObject(parent),
-      m_defaultsService(UserDefaultsService::shared()),
-      m_historyDataService(HistoryCallDataService::shared()),
+      m_defaultsService(&defaultsService),
+      m_service(&service),
+      m_historyDataService(&historyDataService),
+      m_checkNewVersionService(&checkNewVersionService),
+      m_urlOpener(&urlOpener),
       m_sortByFirstName(0),
       m_sortByLastName(1),
       m_sortByTelephone(2)
@@ -288,12 +294,22 @@ bool SettingViewModel::openStorePage(const QString &address)
     const QUrl url(address, QUrl::StrictMode);
     if (address.isEmpty() || !url.isValid() || url.scheme().isEmpty())
         return false;
-    return Platform::urlOpener().open(url);
+    return m_urlOpener->open(url);
 }
 
 void SettingViewModel::openSystemSettings()
 {
-    Platform::urlOpener().openSystemSettings();
+    m_urlOpener->openSystemSettings();
+}
+
+UserGuideForQuietonViewModel *SettingViewModel::createUserGuideModel(QObject *owner)
+{
+    return new UserGuideForQuietonViewModel(*m_defaultsService, owner);
+}
+
+SendFeedBackViewModel *SettingViewModel::createSendFeedBackModel(QObject *owner)
+{
+    return new SendFeedBackViewModel(*m_defaultsService, *m_service, *m_urlOpener, owner);
 }
 
 QString SettingViewModel::describe(const QVariant &value)

@@ -8,8 +8,14 @@
 #include <QVariantMap>
 #include <QtQml/qqmlregistration.h>
 
+#include "CheckUpdate.h"
+#include "Service.h"
+#include "UrlOpener.h"
+#include "UserDefaultsService.h"
+
 class HistoryCallDataService;
-class UserDefaultsService;
+class SendFeedBackViewModel;
+class UserGuideForQuietonViewModel;
 
 // The settings screen's model: the private-call preferences mirrored from the
 // settings store (every change is written back at once), the prefix
@@ -19,6 +25,13 @@ class SettingViewModel : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("Made for its screen by the app's start-up")
+    Q_MOC_INCLUDE("SendFeedBackViewModel.h")
+    Q_MOC_INCLUDE("UserGuideForQuietonViewModel.h")
+    Q_PROPERTY(UserDefaultsService *defaultsService READ defaultsService CONSTANT)
+    Q_PROPERTY(Service *service READ service CONSTANT)
+    Q_PROPERTY(CheckUpdate *checkNewVersionService READ checkNewVersionService CONSTANT)
+    Q_PROPERTY(UrlOpener *urlOpener READ urlOpener CONSTANT)
     Q_PROPERTY(int sortByFirstName READ sortByFirstName CONSTANT)
     Q_PROPERTY(int sortByLastName READ sortByLastName CONSTANT)
     Q_PROPERTY(int sortByTelephone READ sortByTelephone CONSTANT)
@@ -43,7 +56,18 @@ public:
     // The prefix "All Other Countries" stands for.
     static constexpr auto otherCountriesPrefix = "#31#";
 
-    explicit SettingViewModel(QObject *parent = nullptr);
+    SettingViewModel(UserDefaultsService &defaultsService, Service &service, HistoryCallDataService &historyDataService,
+                     CheckUpdate &checkNewVersionService, UrlOpener &urlOpener, QObject *parent = nullptr);
+
+    UserDefaultsService *defaultsService() const { return m_defaultsService; }
+    Service *service() const { return m_service; }
+    CheckUpdate *checkNewVersionService() const { return m_checkNewVersionService; }
+    UrlOpener *urlOpener() const { return m_urlOpener; }
+
+    // The models of the screens the settings screen opens, each living as
+    // long as its screen `owner`.
+    Q_INVOKABLE UserGuideForQuietonViewModel *createUserGuideModel(QObject *owner);
+    Q_INVOKABLE SendFeedBackViewModel *createSendFeedBackModel(QObject *owner);
 
     int sortByFirstName() const { return m_sortByFirstName; }
     int sortByLastName() const { return m_sortByLastName; }
@@ -98,10 +122,10 @@ public:
 
     // Opens the app's store page at `address` through the platform; an
     // address that is not a valid URL opens nothing. Returns whether it opened.
-    Q_INVOKABLE static bool openStorePage(const QString &address);
+    Q_INVOKABLE bool openStorePage(const QString &address);
     // The system's settings where the user picks the language; nothing where
     // the system has none.
-    Q_INVOKABLE static void openSystemSettings();
+    Q_INVOKABLE void openSystemSettings();
 
     // "## Selected Prefix for " line's way of printing a catalogue value.
     static QString describe(const QVariant &value);
@@ -121,7 +145,10 @@ private:
     void keepSortFlagsExclusive(int code, bool on);
 
     UserDefaultsService *m_defaultsService;
+    Service *m_service;
     HistoryCallDataService *m_historyDataService;
+    CheckUpdate *m_checkNewVersionService;
+    UrlOpener *m_urlOpener;
     int m_sortByFirstName;
     int m_sortByLastName;
     int m_sortByTelephone;

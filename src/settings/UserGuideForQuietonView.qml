@@ -2,7 +2,10 @@ import QtQuick
 import QtQuick.Controls
 import QtQuick.Controls.impl
 import QtQuick.Layouts
-import Quieton
+import Quieton.Core
+import Quieton.Info
+import Quieton.Popup
+import Quieton.Settings
 
 // How prefixes work, shown as a full-screen cover. Once it has stayed open
 // through its countdown it counts as read.
@@ -10,7 +13,7 @@ Page {
     id: guideView
     objectName: "userGuideView"
 
-    readonly property UserGuideForQuietonViewModel vm: UserGuideForQuietonViewModel { }
+    required property UserGuideForQuietonViewModel vm
     property int timeRemaining: vm.secondsToRead
     // One second; shorter only in tests.
     property int tickInterval: 1000

@@ -4,8 +4,8 @@
 
 #include <QTextStream>
 
-UserGuideForQuietonViewModel::UserGuideForQuietonViewModel(QObject *parent)
-    : QObject(parent), m_defaultsService(UserDefaultsService::shared())
+UserGuideForQuietonViewModel::UserGuideForQuietonViewModel(UserDefaultsService &defaultsService, QObject *parent)
+    : QObject(parent), m_defaultsService(&defaultsService)
 {
 }
 

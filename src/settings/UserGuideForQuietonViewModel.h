@@ -11,10 +11,11 @@ class UserGuideForQuietonViewModel : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("Made for its screen by the app's start-up")
     Q_PROPERTY(int secondsToRead READ secondsToRead CONSTANT)
 
 public:
-    explicit UserGuideForQuietonViewModel(QObject *parent = nullptr);
+    explicit UserGuideForQuietonViewModel(UserDefaultsService &defaultsService, QObject *parent = nullptr);
 
     // Where the countdown starts each time the guide is opened.
     static int secondsToRead() { return 5; }

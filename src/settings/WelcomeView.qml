@@ -1,7 +1,10 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
-import Quieton
+import Quieton.Core
+import Quieton.Info
+import Quieton.Popup
+import Quieton.Settings
 
 // Onboarding: three pages, swiped or stepped through with "Next", until
 // "Get Started" hands over to the main screen for good.
@@ -9,7 +12,7 @@ Page {
     id: welcomeView
     objectName: "welcomeView"
 
-    readonly property WelcomeViewModel vm: WelcomeViewModel { }
+    required property WelcomeViewModel vm
     // Raised by "Get Started"; the window shows the main screen from then on.
     property bool showMainView: false
 
@@ -32,21 +35,21 @@ Page {
 
     readonly property var pages: [
         {
-            picture: "qrc:/Quieton/settings/images/onboarding-welcome.svg",
+            picture: "qrc:/Quieton/Settings/images/onboarding-welcome.svg",
             title: qsTr("Welcome"),
             lead: qsTr("Make calls without revealing your number."),
             texts: [qsTr("With Quieton, you can easily dial any number privately using a custom prefix of your choice."),
                     qsTr("Your identity stays hidden, giving you control over your privacy.")]
         },
         {
-            picture: "qrc:/Quieton/settings/images/onboarding-contacts.svg",
+            picture: "qrc:/Quieton/Settings/images/onboarding-contacts.svg",
             title: qsTr("Contacts Integration"),
             lead: qsTr("Seamlessly make private calls from your contacts."),
             texts: [qsTr("Quieton allows you to select numbers and decide whether to call anonymously."),
                     qsTr("No more toggling settings \u2013 it's all at your fingertips.")]
         },
         {
-            picture: "qrc:/Quieton/settings/images/onboarding-history.svg",
+            picture: "qrc:/Quieton/Settings/images/onboarding-history.svg",
             title: qsTr("Call history management"),
             lead: qsTr("Take charge of your call history."),
             texts: [qsTr("Quieton manages your calls, letting you choose which Calls are saved in-app."),

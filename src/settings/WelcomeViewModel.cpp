@@ -6,8 +6,8 @@
 #include <cmath>
 #include <numbers>
 
-WelcomeViewModel::WelcomeViewModel(QObject *parent)
-    : QObject(parent), m_defaultsService(UserDefaultsService::shared())
+WelcomeViewModel::WelcomeViewModel(UserDefaultsService &defaultsService, QObject *parent)
+    : QObject(parent), m_defaultsService(&defaultsService)
 {
 }
 

@@ -10,12 +10,13 @@ class WelcomeViewModel : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("Made for its screen by the app's start-up")
     Q_PROPERTY(int selectedPage READ selectedPage WRITE setSelectedPage NOTIFY selectedPageChanged)
     Q_PROPERTY(bool isFinishLaunch READ isFinishLaunch WRITE setIsFinishLaunch NOTIFY isFinishLaunchChanged)
     Q_PROPERTY(int pageCount READ pageCount CONSTANT)
 
 public:
-    explicit WelcomeViewModel(QObject *parent = nullptr);
+    explicit WelcomeViewModel(UserDefaultsService &defaultsService, QObject *parent = nullptr);
 
     static int pageCount() { return 3; }
 

@@ -13,10 +13,8 @@
 #include <QQmlContext>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 // Reads the window's items the way assistive technology does: through the
 // accessibility interfaces Qt Quick hands out for them.

@@ -6,10 +6,8 @@
 #include "RecordingTelephony.h"
 
 #include <QQmlContext>
-#include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 class Setup : public QuickTestSetup
 {

@@ -17,10 +17,8 @@
 
 #include <QQmlComponent>
 #include <QQmlEngine>
-#include <QtQml/qqmlextensionplugin.h>
 #include <QtTest>
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 namespace {
 struct CountingWidgets : WidgetRefresher

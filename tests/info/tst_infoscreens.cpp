@@ -7,10 +7,8 @@
 
 #include <QGuiApplication>
 #include <QQmlContext>
-#include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 // What the QML tests see of the opener and the sharer.
 class Desktop : public QObject

@@ -14,9 +14,7 @@
 #include <QQuickWindow>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QtQml/qqmlextensionplugin.h>
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 class TestStartupCheck : public QObject
 {

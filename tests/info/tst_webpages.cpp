@@ -11,9 +11,7 @@
 #include <QQmlEngine>
 #include <QSignalSpy>
 #include <QTest>
-#include <QtQml/qqmlextensionplugin.h>
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 class TestWebPages : public QObject
 {

@@ -10,10 +10,8 @@
 #include <QDir>
 #include <QFile>
 #include <QQmlContext>
-#include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 // What the QML tests need of the address book and the URL opener, besides
 // the phone and the history file.

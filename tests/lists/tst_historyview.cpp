@@ -6,10 +6,8 @@
 #include "RecordingPlatform.h"
 
 #include <QQmlContext>
-#include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 // The phone and the history file, plus records written straight into the
 // app's history.

@@ -16,10 +16,8 @@
 #include <QWindow>
 #include <QQmlContext>
 #include <QTemporaryDir>
-#include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 // What the QML tests read from disk and from the recording platform parts.
 class Disk : public PhoneDriver

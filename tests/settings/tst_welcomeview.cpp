@@ -5,10 +5,8 @@
 #include "SettingsFileReader.h"
 
 #include <QQmlContext>
-#include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 class Setup : public QuickTestSetup
 {

@@ -20,11 +20,9 @@
 #include <QQuickView>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <QtQml/qqmlextensionplugin.h>
 
 #include <cstdio>
 
-Q_IMPORT_QML_PLUGIN(QuietonPlugin)
 
 namespace {
 void wait(int ms)

@@ -3,7 +3,7 @@ import QtQuick
 import QtQuick.Controls
 import QtQuick.Controls.impl
 import QtQuick.Layouts
-import Quieton
+import Quieton.Core
 
 // The dialler tab: the typed number, a telephone keypad, the two per-call
 // choices and the call button.
@@ -11,8 +11,8 @@ Page {
     id: dialerView
     objectName: "dialerView"
 
-    readonly property DialerViewModel vm: DialerViewModel { }
-    readonly property Service service: Service
+    required property DialerViewModel vm
+    readonly property Service service: vm.service
     property bool showingErrorDialNumberAlert: false
 
     // Sizes follow the space the tab gets (and so the text size of the window).
@@ -41,17 +41,6 @@ Page {
             errorAlert.open()
         else
             errorAlert.close()
-    }
-
-    // A widget link fills the dialler; placing the call is the app's business.
-    Connections {
-        target: QuietonApp
-        function onLinkOpened(url) {
-            dialerView.vm.numberPhoneTyping = QuietonApp.linkValue(url, "number")
-            dialerView.vm.toggleHiddenNumber = QuietonApp.linkFlag(url, "hidden")
-            dialerView.vm.toggleSaveToHistory = QuietonApp.linkFlag(url, "saveToHistory")
-            Service.pendingCallSaveToHistory = dialerView.vm.toggleSaveToHistory
-        }
     }
 
     // A keyboard works as well: digits, * and #, Backspace, Enter to call.
@@ -242,6 +231,7 @@ Page {
     DialErrorAlert {
         id: errorAlert
         objectName: "dialErrorAlert"
+        service: dialerView.service
         onClosed: dialerView.showingErrorDialNumberAlert = false
     }
 

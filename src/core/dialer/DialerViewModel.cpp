@@ -4,14 +4,16 @@
 #include "KeyValueStore.h"
 #include "Service.h"
 #include "UserDefaultsService.h"
+#include "WidgetLink.h"
 
 #include <QTextBoundaryFinder>
 
-DialerViewModel::DialerViewModel(QObject *parent)
+DialerViewModel::DialerViewModel(UserDefaultsService &defaultsService, Service &service, CrashManager &crashManager,
+                                 QObject *parent)
     : QObject(parent),
-      m_defaultsService(UserDefaultsService::shared()),
-      m_crashManager(CrashManager::shared()),
-      m_service(Service::shared()),
+      m_defaultsService(&defaultsService),
+      m_crashManager(crashManager),
+      m_service(&service),
       m_toggleHiddenNumber(m_defaultsService->userDefaults().boolValue(QStringLiteral("hiddenNumber"))),
       m_toggleSaveToHistory(m_defaultsService->userDefaults().boolValue(QStringLiteral("saveToHistory")))
 {
@@ -42,6 +44,13 @@ void DialerViewModel::setToggleSaveToHistory(bool save)
     m_service->setPendingCallSaveToHistory(save);
 }
 
+void DialerViewModel::fillFromLink(const QUrl &link)
+{
+    setNumberPhoneTyping(WidgetLink::queryValue(link, QStringLiteral("number")));
+    setToggleHiddenNumber(WidgetLink::isTrue(WidgetLink::queryValue(link, QStringLiteral("hidden"))));
+    setToggleSaveToHistory(WidgetLink::isTrue(WidgetLink::queryValue(link, QStringLiteral("saveToHistory"))));
+}
+
 void DialerViewModel::loadSettings()
 {
     const KeyValueStore &store = m_defaultsService->userDefaults();
@@ -51,9 +60,7 @@ void DialerViewModel::loadSettings()
 
 bool DialerViewModel::call()
 {
-    m_service->makeCall(m_numberPhoneTyping, m_toggleHiddenNumber);
-    m_service->setPendingCall(QString(), QString(), m_numberPhoneTyping, m_toggleHiddenNumber);
-    return m_service->callFailed();
+    return m_service->placeCall({ QString(), QString(), m_numberPhoneTyping, m_toggleHiddenNumber, std::nullopt });
 }
 
 void DialerViewModel::appendDigit(const QString &key)

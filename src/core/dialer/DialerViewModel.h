@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
 class CrashManager;
@@ -15,12 +16,17 @@ class DialerViewModel : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("Made by the app's start-up")
     Q_PROPERTY(QString numberPhoneTyping READ numberPhoneTyping WRITE setNumberPhoneTyping NOTIFY numberPhoneTypingChanged)
     Q_PROPERTY(bool toggleHiddenNumber READ toggleHiddenNumber WRITE setToggleHiddenNumber NOTIFY toggleHiddenNumberChanged)
     Q_PROPERTY(bool toggleSaveToHistory READ toggleSaveToHistory WRITE setToggleSaveToHistory NOTIFY toggleSaveToHistoryChanged)
+    Q_PROPERTY(Service *service READ service CONSTANT)
 
 public:
-    explicit DialerViewModel(QObject *parent = nullptr);
+    DialerViewModel(UserDefaultsService &defaultsService, Service &service, CrashManager &crashManager,
+                    QObject *parent = nullptr);
+
+    Service *service() const { return m_service; }
 
     QString numberPhoneTyping() const { return m_numberPhoneTyping; }
     void setNumberPhoneTyping(const QString &number);
@@ -32,6 +38,9 @@ public:
 
     // Takes the two choices from the settings again.
     Q_INVOKABLE void loadSettings();
+    // A widget link shows its number and choices here; placing its call is
+    // the app's business.
+    void fillFromLink(const QUrl &link);
     // The call button: dials the typed number and fills the pending-call
     // record. Returns whether the dialling-error alert is due.
     Q_INVOKABLE bool call();

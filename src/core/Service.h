@@ -8,34 +8,45 @@
 #include <optional>
 
 class CallConfirmation;
-class QJSEngine;
-class QQmlEngine;
 class Telephony;
 class TextSharer;
 class UserDefaultsService;
 class WidgetRefresher;
 
+// Who the app is calling, as the call observer needs to know it.
+struct PendingCall
+{
+    QString firstName;
+    QString lastName;
+    QString telephone; // as the user gave it, without the prefix
+    bool hidden = false;
+    // Whether to record the call; std::nullopt keeps the record's choice.
+    std::optional<bool> saveToHistory;
+};
+
 // Dialling and the small shared operations of the app, with the process-wide
 // call state: the two call flags and the pending-call record that tells the
-// call observer who is being called.
+// call observer who is being called. Screens read that state; they change it
+// only by placing a call or by dismissing the dialling-error alert.
+//
+// It lives with the settings store and the history store, below every
+// screen, because every screen that places a call and the call observer use
+// it; the app's start-up makes the one instance.
 class Service : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    QML_SINGLETON
-    Q_PROPERTY(bool callStartedFromApp READ callStartedFromApp WRITE setCallStartedFromApp NOTIFY callStartedFromAppChanged)
-    Q_PROPERTY(bool callFailed READ callFailed WRITE setCallFailed NOTIFY callFailedChanged)
-    Q_PROPERTY(QString pendingCallFirstName MEMBER m_pendingCallFirstName NOTIFY pendingCallChanged)
-    Q_PROPERTY(QString pendingCallLastName MEMBER m_pendingCallLastName NOTIFY pendingCallChanged)
-    Q_PROPERTY(QString pendingCallTelephone MEMBER m_pendingCallTelephone NOTIFY pendingCallChanged)
-    Q_PROPERTY(bool pendingCallHidden MEMBER m_pendingCallHidden NOTIFY pendingCallChanged)
+    QML_UNCREATABLE("Made at start-up")
+    Q_PROPERTY(bool callStartedFromApp READ callStartedFromApp NOTIFY callStartedFromAppChanged)
+    Q_PROPERTY(bool callFailed READ callFailed NOTIFY callFailedChanged)
+    Q_PROPERTY(QString pendingCallFirstName READ pendingCallFirstName NOTIFY pendingCallChanged)
+    Q_PROPERTY(QString pendingCallLastName READ pendingCallLastName NOTIFY pendingCallChanged)
+    Q_PROPERTY(QString pendingCallTelephone READ pendingCallTelephone NOTIFY pendingCallChanged)
+    Q_PROPERTY(bool pendingCallHidden READ pendingCallHidden NOTIFY pendingCallChanged)
     // undefined until set; undefined counts as "save".
-    Q_PROPERTY(QVariant pendingCallSaveToHistory READ pendingCallSaveToHistoryValue WRITE setPendingCallSaveToHistoryValue NOTIFY pendingCallChanged)
+    Q_PROPERTY(QVariant pendingCallSaveToHistory READ pendingCallSaveToHistoryValue NOTIFY pendingCallChanged)
 
 public:
-    static Service *shared();
-    static Service *create(QQmlEngine *, QJSEngine *);
-
     Service(UserDefaultsService *defaultsService, Telephony &telephony, CallConfirmation &confirmation,
             WidgetRefresher &widgets, TextSharer &sharer, QObject *parent = nullptr);
 
@@ -50,15 +61,19 @@ public:
     // Returns false only for a request refused because another call is still
     // waiting for the user's answer: its caller then leaves the pending-call
     // record to that call.
-    Q_INVOKABLE bool makeCall(const QString &number, bool hidden, bool fromLink = false);
+    bool makeCall(const QString &number, bool hidden, bool fromLink = false);
+    // The one way a screen or a link places a call: makeCall, then `call`
+    // becomes the pending-call record, unless the call was refused for one
+    // that waits for the user's answer. Returns whether the dialling-error
+    // alert is due (callFailed).
+    bool placeCall(const PendingCall &call, bool fromLink = false);
+    // The dialling-error alert's "OK".
+    Q_INVOKABLE void acknowledgeCallFailure() { setCallFailed(false); }
     // Clears the three values the widget shares with the app, then asks the
     // widgets to redraw.
     Q_INVOKABLE void resetWidgetData();
     // Offers the recommendation text with the store page's address.
     Q_INVOKABLE void shareApp();
-    // Fills the pending-call record's names, number and privacy in one go.
-    Q_INVOKABLE void setPendingCall(const QString &firstName, const QString &lastName, const QString &telephone,
-                                    bool hidden);
 
     static QString shareText();
     // Whether a URL parser takes `address`, percent-encoding what a URL
@@ -89,7 +104,6 @@ signals:
 
 private:
     QVariant pendingCallSaveToHistoryValue() const;
-    void setPendingCallSaveToHistoryValue(const QVariant &value);
 
     UserDefaultsService *m_defaultsService;
     Telephony &m_telephony;

@@ -3,33 +3,14 @@
 #include "BuildConfig.h"
 #include "CallConfirmation.h"
 #include "KeyValueStore.h"
-#include "Platform.h"
 #include "Telephony.h"
 #include "TextSharer.h"
 #include "UserDefaultsService.h"
 #include "WidgetRefresher.h"
 
-#include <QJSEngine>
 #include <QRegularExpression>
 #include <QTextStream>
 #include <QUrl>
-
-Service *Service::shared()
-{
-    static Service *const instance = [] {
-        auto *service = new Service(UserDefaultsService::shared(), Platform::telephony(), CallConfirmation::shared(),
-                                    Platform::widgets(), Platform::sharer());
-        return service;
-    }();
-    return instance;
-}
-
-Service *Service::create(QQmlEngine *, QJSEngine *)
-{
-    Service *instance = shared();
-    QJSEngine::setObjectOwnership(instance, QJSEngine::CppOwnership);
-    return instance;
-}
 
 Service::Service(UserDefaultsService *defaultsService, Telephony &telephony, CallConfirmation &confirmation,
                  WidgetRefresher &widgets, TextSharer &sharer, QObject *parent)
@@ -135,14 +116,20 @@ void Service::shareApp()
     m_sharer.share(shareText());
 }
 
-void Service::setPendingCall(const QString &firstName, const QString &lastName, const QString &telephone, bool hidden)
+bool Service::placeCall(const PendingCall &call, bool fromLink)
 {
-    const auto text = [](const QString &value) { return value.isNull() ? QStringLiteral("") : value; };
-    m_pendingCallFirstName = text(firstName);
-    m_pendingCallLastName = text(lastName);
-    m_pendingCallTelephone = text(telephone);
-    m_pendingCallHidden = hidden;
-    emit pendingCallChanged();
+    if (makeCall(call.telephone, call.hidden, fromLink)) {
+        // Never null: a call dialled by number records empty names.
+        const auto text = [](const QString &value) { return value.isNull() ? QStringLiteral("") : value; };
+        m_pendingCallFirstName = text(call.firstName);
+        m_pendingCallLastName = text(call.lastName);
+        m_pendingCallTelephone = text(call.telephone);
+        m_pendingCallHidden = call.hidden;
+        if (call.saveToHistory)
+            m_pendingCallSaveToHistory = call.saveToHistory;
+        emit pendingCallChanged();
+    }
+    return m_callFailed;
 }
 
 void Service::setCallStartedFromApp(bool value)
@@ -170,9 +157,4 @@ void Service::setPendingCallSaveToHistory(std::optional<bool> value)
 QVariant Service::pendingCallSaveToHistoryValue() const
 {
     return m_pendingCallSaveToHistory ? QVariant(*m_pendingCallSaveToHistory) : QVariant();
-}
-
-void Service::setPendingCallSaveToHistoryValue(const QVariant &value)
-{
-    setPendingCallSaveToHistory(value.isValid() && !value.isNull() ? std::optional<bool>(value.toBool()) : std::nullopt);
 }
