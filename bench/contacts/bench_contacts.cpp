@@ -7,7 +7,7 @@
 #include "ContactsListModel.h"
 #include "ContactsViewModel.h"
 #include "Output.h"
-#include "Platform.h"
+#include "QuietonApp.h"
 #include "ProcessInfo.h"
 #include "Statistics.h"
 #include "TemporaryHome.h"
@@ -53,8 +53,12 @@ QByteArray card(int i, QRandomGenerator &random)
 // Loads the book at `folder` into a new model the way the screen does.
 std::unique_ptr<ContactsViewModel> load(const QString &folder, double *ms, double *cpuMs = nullptr)
 {
-    Platform::setAddressBook(std::make_unique<VCardFolderAddressBook>(folder));
-    auto model = std::make_unique<ContactsViewModel>();
+    static QuietonApp quieton;
+    quieton.defaultsService()->setInteger(QStringLiteral("autoSortBy"), 0);
+    static std::unique_ptr<AddressBook> book;
+    book = std::make_unique<VCardFolderAddressBook>(folder);
+    auto model = std::make_unique<ContactsViewModel>(*quieton.defaultsService(), *quieton.service(), *book,
+                                                     *quieton.urlOpener(), quieton.crashManager());
     QEventLoop loop;
     QObject::connect(model.get(), &ContactsViewModel::contactsLoaded, &loop, &QEventLoop::quit);
     QElapsedTimer timer;
@@ -89,7 +93,6 @@ int main(int argc, char **argv)
 {
     TemporaryHome home;
     QCoreApplication app(argc, argv);
-    UserDefaultsService::shared()->setInteger(QStringLiteral("autoSortBy"), 0);
     if (argc == 3 && qstrcmp(argv[1], "--memory") == 0)
         return measureMemory(QString::fromLocal8Bit(argv[2]));
 

@@ -47,19 +47,19 @@ int main(int argc, char *argv[])
     TemporaryHome home;
     QGuiApplication app(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Material"));
-    Platform::setUrlOpener(std::make_unique<NullUrlOpener>());
+    NullUrlOpener opener;
+    QFile plist(home.filePath(QStringLiteral("Info.plist")));
+    plist.open(QIODevice::WriteOnly);
+    plist.write("<plist><dict><key>CFBundleShortVersionString</key><string>1.0</string>"
+                "<key>CFBundleIdentifier</key><string>app.bench.Quieton</string></dict></plist>");
+    plist.close();
+    CheckUpdate checker({ QStringLiteral("http://127.0.0.1:9"), QStringLiteral("http://127.0.0.1:9"),
+                          QStringLiteral("1"), QStringLiteral("abc"), QStringLiteral("https://x/"), plist.fileName() },
+                        opener);
 
     // Starting a check on the UI thread. Nothing listens on the port, so each
-    // check ends quickly on its own thread.
+    // check ends quickly off the UI thread.
     {
-        QFile plist(home.filePath(QStringLiteral("Info.plist")));
-        plist.open(QIODevice::WriteOnly);
-        plist.write("<plist><dict><key>CFBundleShortVersionString</key><string>1.0</string>"
-                    "<key>CFBundleIdentifier</key><string>app.bench.Quieton</string></dict></plist>");
-        plist.close();
-        CheckUpdate checker({ QStringLiteral("http://127.0.0.1:9"), QStringLiteral("http://127.0.0.1:9"),
-                              QStringLiteral("1"), QStringLiteral("abc"), QStringLiteral("https://x/"),
-                              plist.fileName() });
         QList<double> first;
         QList<double> later;
         for (int i = 0; i < 30; ++i) {
@@ -104,7 +104,7 @@ int main(int argc, char *argv[])
         for (int i = 0; i < 20; ++i) {
             QElapsedTimer timer;
             timer.start();
-            QObject *alert = UpdateAlertPresenter::showAppUpdateAlert(window, QStringLiteral("2.0"), false,
+            QObject *alert = UpdateAlertPresenter::showAppUpdateAlert(window, &checker, QStringLiteral("2.0"), false,
                                                                      QStringLiteral("https://x"), false);
             ms.append(timer.nsecsElapsed() / 1e6);
             QMetaObject::invokeMethod(alert, "close");

@@ -7,6 +7,7 @@
 #include "Output.h"
 #include "Statistics.h"
 #include "TemporaryHome.h"
+#include "QuietonApp.h"
 #include "UserGuideForQuietonViewModel.h"
 
 #include <QElapsedTimer>
@@ -138,11 +139,13 @@ int main(int argc, char *argv[])
 
     // Onboarding: building it, and "Next" taps.
     QList<double> build, next;
+    QuietonApp quieton;
     for (int i = 0; i < 10; ++i) {
-        QQmlComponent component(view.engine(), QUrl(QStringLiteral("qrc:/Quieton/settings/WelcomeView.qml")));
+        QQmlComponent component(view.engine(), QUrl(QStringLiteral("qrc:/Quieton/Settings/WelcomeView.qml")));
         QElapsedTimer timer;
         timer.start();
-        auto *welcome = qobject_cast<QQuickItem *>(component.create());
+        auto *welcome = qobject_cast<QQuickItem *>(component.createWithInitialProperties(
+                { { QStringLiteral("vm"), QVariant::fromValue(quieton.createWelcomeViewModel(&view)) } }));
         if (!welcome) {
             out() << component.errorString() << Qt::endl;
             return 1;
@@ -171,7 +174,7 @@ int main(int argc, char *argv[])
 
     // The guide's tick: a countdown step, then the stored flag on every tick.
     QList<double> count, store;
-    UserGuideForQuietonViewModel guide;
+    UserGuideForQuietonViewModel guide(*quieton.defaultsService());
     // The ticks' log lines go nowhere while they are timed.
     out().flush();
     std::fflush(stdout);

@@ -5,6 +5,7 @@
 // Prints medians; the target is in the output.
 #include "Clock.h"
 #include "Output.h"
+#include "QuietonApp.h"
 #include "SettingViewModel.h"
 #include "Statistics.h"
 #include "TemporaryHome.h"
@@ -66,11 +67,12 @@ int main(int argc, char *argv[])
     TemporaryHome home;
     QGuiApplication app(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Material"));
-    UserDefaultsService::shared();
+    QuietonApp quieton;
+    const auto newModel = [&quieton] { return std::unique_ptr<SettingViewModel>(quieton.createSettingViewModel(nullptr)); };
 
-    report(QStringLiteral("model creation"), medianMs(50, [](int) { SettingViewModel vm; }), 0);
+    report(QStringLiteral("model creation"), medianMs(50, [&](int) { newModel(); }), 0);
 
-    SettingViewModel vm;
+    SettingViewModel &vm = *newModel().release();
     // Catalogue lookups print their log line; keep it out of the numbers' way.
     report(QStringLiteral("tap: country with one prefix (stores it)"),
            medianMs(200, [&](int i) { vm.selectCountry(i % 2 ? QStringLiteral("Japan") : QStringLiteral("China")); }),
@@ -96,13 +98,13 @@ int main(int argc, char *argv[])
 
     QQmlEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/"));
-    QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/Quieton/settings/SettingView.qml")));
+    QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/Quieton/Settings/SettingView.qml")));
     if (component.isError()) {
         out() << component.errorString() << Qt::endl;
         return 1;
     }
     report(QStringLiteral("settings screen creation (first show of the tab)"), medianMs(20, [&](int) {
-               delete component.create();
+               delete component.createWithInitialProperties({ { QStringLiteral("vm"), QVariant::fromValue(&vm) } });
            }),
            0);
     return 0;

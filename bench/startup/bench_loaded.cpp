@@ -454,17 +454,16 @@ int runOnce(int argc, char *argv[], const QString &home)
     // As the app's main() sets itself up, less the single-instance socket
     // (another Quieton of this user would take the run over) and the store
     // lookup (no network in a benchmark).
-    QuietonApp::limitHeaps();
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("quieton"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Quieton"));
     QGuiApplication::setDesktopFileName(QStringLiteral("quieton"));
     QQuickStyle::setStyle(QStringLiteral("Material"));
-    QuietonApp quietonApp(nullptr);
-    quietonApp.skipUpdateCheck();
+    QuietonApp quietonApp;
     QQmlApplicationEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/"));
-    engine.load(QUrl(QStringLiteral("qrc:/Quieton/app/AppWindow.qml")));
+    engine.setInitialProperties({ { QStringLiteral("app"), QVariant::fromValue(&quietonApp) } });
+    engine.load(QUrl(QStringLiteral("qrc:/Quieton/App/AppWindow.qml")));
     auto *window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
     if (!window)
         fail("no window");
@@ -473,7 +472,7 @@ int runOnce(int argc, char *argv[], const QString &home)
     // Up: the first frame. Idle: the history read in, nothing queued.
     frames.waitForFrameAfter(0, "no first frame");
     std::printf("stamp window %lld\n", frames.frameNs());
-    HistoryCallDataService *history = HistoryCallDataService::shared();
+    HistoryCallDataService *history = quietonApp.historyDataService();
     waitUntil([history] { return !history->isFetchingInBackground(); }, "the history was not read");
     QCoreApplication::processEvents();
     std::printf("stamp idle %lld\n", monotonicNs());

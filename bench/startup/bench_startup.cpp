@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -45,8 +46,9 @@ bool writeHistory(const QString &home, int rows)
     return HistoryCallDataService(path).count() == rows;
 }
 
-// Launches the app repeatedly on `home` and prints the medians.
-bool measure(const QString &home, const char *label)
+// Launches `command` (a program reporting its start-up) repeatedly on `home`
+// and prints the medians.
+bool measure(const QString &home, const char *label, const QStringList &command)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/config"));
@@ -60,7 +62,7 @@ bool measure(const QString &home, const char *label)
         QProcess process;
         process.setProcessEnvironment(environment);
         const qint64 start = monotonicNs();
-        process.start(QStringLiteral(QUIETON_BINARY), { QStringLiteral("--startup-report") });
+        process.start(command.first(), command.mid(1));
         if (!process.waitForFinished(20000)) {
             std::fprintf(stderr, "the app did not finish\n");
             return false;
@@ -79,8 +81,9 @@ bool measure(const QString &home, const char *label)
         idle.push_back((idleNs - start) / 1e6);
         rss.push_back(rssKib / 1024.0);
     }
-    std::printf("start-up %s on %s, median of %d launches: window up %.0f ms, idle %.0f ms, resident %.1f MiB\n",
-                label, qPrintable(environment.value(QStringLiteral("QT_QPA_PLATFORM"))), runs, bench::median(window),
+    std::printf("start-up %s of %s on %s, median of %d launches: window up %.0f ms, idle %.0f ms, resident %.1f MiB\n",
+                label, qPrintable(QFileInfo(command.first()).fileName()),
+                qPrintable(environment.value(QStringLiteral("QT_QPA_PLATFORM"))), runs, bench::median(window),
                 bench::median(idle), bench::median(rss));
     std::fflush(stdout);
     return true;
@@ -91,9 +94,21 @@ bool measure(const QString &home, const char *label)
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
+    // QUIETON_STARTUP_BEFORE: another program's command ("path --flag") to
+    // measure in the same run, each launch beside ours (an earlier build).
+    QList<QStringList> commands{ { QStringLiteral(QUIETON_STARTUP_REPORT) } };
+    if (const QString before = qEnvironmentVariable("QUIETON_STARTUP_BEFORE"); !before.isEmpty())
+        commands.prepend(before.split(u' ', Qt::SkipEmptyParts));
+    const auto measureAll = [&commands](const QString &home, const char *label) {
+        for (const QStringList &command : commands) {
+            if (!measure(home, label, command))
+                return false;
+        }
+        return true;
+    };
     // With an argument: a folder holding prepared config/ and data/ homes.
     if (app.arguments().size() > 1)
-        return measure(app.arguments().at(1), "(given home)") ? 0 : 1;
+        return measureAll(app.arguments().at(1), "(given home)") ? 0 : 1;
 
     QTemporaryDir empty, withHistory;
     prepareHome(empty.path());
@@ -102,6 +117,6 @@ int main(int argc, char *argv[])
         std::fprintf(stderr, "could not write the history\n");
         return 1;
     }
-    const bool ok = measure(empty.path(), "empty") && measure(withHistory.path(), "with 100k history rows");
+    const bool ok = measureAll(empty.path(), "empty") && measureAll(withHistory.path(), "with 100k history rows");
     return ok ? 0 : 1;
 }

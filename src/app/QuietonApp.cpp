@@ -21,13 +21,13 @@ PlatformParts filled(PlatformParts parts)
 
 } // namespace
 
-QuietonApp::QuietonApp(PlatformParts parts, QObject *parent)
+QuietonApp::QuietonApp(PlatformParts parts, CheckUpdate::Config updateCheck, QObject *parent)
     : QObject(parent),
       m_platform(filled(std::move(parts))),
       m_defaultsService(std::move(m_platform.standardSettings), std::move(m_platform.sharedSettings)),
       m_service(&m_defaultsService, *m_platform.telephony, m_confirmation, *m_platform.widgets, *m_platform.sharer),
       m_historyDataService(m_platform.historyDatabasePath, HistoryCallDataService::FirstFetch::InBackground),
-      m_checkNewVersionService(CheckUpdate::Config::fromBuild(), *m_platform.urlOpener)
+      m_checkNewVersionService(std::move(updateCheck), *m_platform.urlOpener)
 {
     m_appDelegate.didFinishLaunching();
     connect(&m_defaultsService, &UserDefaultsService::valueChanged, this, [this](const QString &key) {

@@ -46,10 +46,16 @@ class QuietonApp : public QObject
     Q_PROPERTY(bool hasCompletedFirstLaunch READ hasCompletedFirstLaunch NOTIFY hasCompletedFirstLaunchChanged)
     Q_PROPERTY(Service *service READ service CONSTANT)
     Q_PROPERTY(CallConfirmation *confirmation READ confirmation CONSTANT)
+    Q_PROPERTY(UserDefaultsService *defaultsService READ defaultsService CONSTANT)
+    Q_PROPERTY(HistoryCallDataService *historyDataService READ historyDataService CONSTANT)
+    Q_PROPERTY(CheckUpdate *checkNewVersionService READ checkNewVersionService CONSTANT)
+    Q_PROPERTY(UrlOpener *urlOpener READ urlOpener CONSTANT)
 
 public:
-    // Starts with `parts`, whose empty fields get the Linux backends.
-    explicit QuietonApp(PlatformParts parts = {}, QObject *parent = nullptr);
+    // Starts with `parts`, whose empty fields get the Linux backends; the
+    // update check asks where `updateCheck` says.
+    explicit QuietonApp(PlatformParts parts = {}, CheckUpdate::Config updateCheck = CheckUpdate::Config::fromBuild(),
+                        QObject *parent = nullptr);
     ~QuietonApp() override;
 
     UserDefaultsService *defaultsService() { return &m_defaultsService; }
@@ -58,6 +64,7 @@ public:
     CheckUpdate *checkNewVersionService() { return &m_checkNewVersionService; }
     CrashManager &crashManager() { return m_crashManager; }
     CallConfirmation *confirmation() { return &m_confirmation; }
+    UrlOpener *urlOpener() { return m_platform.urlOpener.get(); }
     const PlatformParts &platform() const { return m_platform; }
 
     // Asks the store for a newer version once the app's window shows its
@@ -83,7 +90,7 @@ public:
     // The main screen tells when it is shown and hidden.
     Q_INVOKABLE void setMainViewShown(bool shown);
     // The main screen's handler of a widget link: places the call it carries.
-    void handleOpenUrl(const QUrl &url);
+    Q_INVOKABLE void handleOpenUrl(const QUrl &url);
 
 signals:
     void hasCompletedFirstLaunchChanged();

@@ -10,6 +10,7 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <QTextStream>
 #include <QtConcurrent/QtConcurrentRun>
@@ -283,6 +284,13 @@ void CheckUpdate::presentAlert(const QString &version, bool force, const std::op
         return;
     UpdateAlertPresenter::showAppUpdateAlert(window, this, version, force,
                                              followableLink(recordLink.value_or(m_urlAppStore)), m_isTestFlight);
+}
+
+QObject *CheckUpdate::showAppUpdateAlertWithVersion(QQuickItem *screen, const QString &version, bool force,
+                                                    const QString &appURL, bool isTestFlight)
+{
+    return screen ? UpdateAlertPresenter::showAppUpdateAlert(screen->window(), this, version, force, appURL, isTestFlight)
+                  : nullptr;
 }
 
 void CheckUpdate::openAppURL(const QString &appURL)

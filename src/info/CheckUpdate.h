@@ -15,6 +15,7 @@ class QJSEngine;
 class QNetworkAccessManager;
 class QNetworkReply;
 class QQmlEngine;
+class QQuickItem;
 class UrlOpener;
 
 // Asks the store which version of the app is current and, when it is newer
@@ -28,6 +29,7 @@ class CheckUpdate : public QObject
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made at start-up")
+    Q_MOC_INCLUDE(<QQuickItem>)
     Q_PROPERTY(bool isNeedUpdate READ isNeedUpdate NOTIFY isNeedUpdateChanged)
     Q_PROPERTY(QString urlAppStore READ urlAppStore NOTIFY urlAppStoreChanged)
     Q_PROPERTY(bool isTestFlight READ isTestFlight NOTIFY isTestFlightChanged)
@@ -88,6 +90,9 @@ public:
     // before "1.9", equal texts are never less.
     static bool isVersionLess(const QString &current, const QString &store);
 
+    // Shows the update alert over `screen`'s window (null when it has none).
+    Q_INVOKABLE QObject *showAppUpdateAlertWithVersion(QQuickItem *screen, const QString &version, bool force,
+                                                       const QString &appURL, bool isTestFlight);
     // "Update Now": opens `appURL` when it is an address; anything else does nothing.
     Q_INVOKABLE void openAppURL(const QString &appURL);
 

@@ -18,7 +18,8 @@ Page {
     objectName: "settingView"
 
     required property SettingViewModel vm
-    readonly property CheckUpdate checkNewVersionService: vm.checkNewVersionService
+    // The app's update checker; tests hand in one of their own.
+    property CheckUpdate checkNewVersionService: vm.checkNewVersionService
     readonly property Service service: vm.service
 
     property bool showingPrefixEditManually: false

@@ -3,7 +3,9 @@
 // file in temporary folders.
 #include "HistoryCallDataService.h"
 #include "QuickTestSetup.h"
-#include "RecordingPlatform.h"
+#include "RecordingSharer.h"
+#include "RecordingTelephony.h"
+#include "RecordingUrlOpener.h"
 #include "UserDefaultsService.h"
 #include "VCardFolderAddressBook.h"
 
@@ -100,10 +102,8 @@ class Setup : public QuickTestSetup
 protected:
     void prepare() override
     {
-        RecordingPlatform::installTelephony();
-        RecordingPlatform::installUrlOpener();
         markOnboardingDone();
-        UserDefaultsService::shared()->setBool(QStringLiteral("saveToHistory"), true);
+        testApp().defaults().setBool(QStringLiteral("saveToHistory"), true);
 
         const QString folder = VCardFolderAddressBook::defaultFolder();
         QDir().mkpath(folder);
@@ -113,9 +113,8 @@ protected:
                    "BEGIN:VCARD\nVERSION:3.0\nN:;\nTEL:0602\nEND:VCARD\n");
         book.close();
 
-        HistoryCallDataService::shared()->addHistory(QStringLiteral("Anna"), QStringLiteral("Smith"),
-                                                     QStringLiteral("0601"), true);
-        HistoryCallDataService::shared()->addHistory(QString(), QString(), QStringLiteral("0602"), false);
+        testApp().history().addHistory(QStringLiteral("Anna"), QStringLiteral("Smith"), QStringLiteral("0601"), true);
+        testApp().history().addHistory(QString(), QString(), QStringLiteral("0602"), false);
     }
     void publish(QQmlContext *context) override
     {

@@ -2,7 +2,9 @@
 // the dialog, on a telephony that dials by itself as a modem does.
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
-#include "RecordingPlatform.h"
+#include "RecordingSharer.h"
+#include "RecordingTelephony.h"
+#include "RecordingUrlOpener.h"
 #include "RecordingTelephony.h"
 
 #include <QQmlContext>
@@ -11,18 +13,15 @@
 
 class Setup : public QuickTestSetup
 {
-    RecordingTelephony *m_telephony = nullptr;
-
 protected:
     void prepare() override
     {
-        m_telephony = RecordingPlatform::installTelephony();
-        m_telephony->dialsItself = true;
+        testApp().telephony->dialsItself = true;
         markOnboardingDone();
     }
     void publish(QQmlContext *context) override
     {
-        context->setContextProperty(QStringLiteral("phone"), new PhoneDriver(m_telephony));
+        context->setContextProperty(QStringLiteral("phone"), new PhoneDriver(testApp()));
     }
 };
 

@@ -7,16 +7,18 @@
 #include "MainViewModel.h"
 #include "Platform.h"
 #include "QuietonApp.h"
-#include "RecordingPlatform.h"
+#include "RecordingSharer.h"
+#include "RecordingTelephony.h"
+#include "RecordingUrlOpener.h"
 #include "RecordingTelephony.h"
 #include "Service.h"
 #include "StdoutCapture.h"
+#include "TestApp.h"
+#include "WidgetLink.h"
 #include "TestHome.h"
 #include "UserDefaultsService.h"
 #include "WidgetRefresher.h"
 
-#include <QQmlComponent>
-#include <QQmlEngine>
 #include <QtTest>
 
 
@@ -28,24 +30,36 @@ struct CountingWidgets : WidgetRefresher
 };
 RecordingTelephony *telephony = nullptr;
 CountingWidgets *widgets = nullptr;
+
+// The app on a recording telephony and counting widgets.
+std::unique_ptr<QuietonApp> makeApp(RecordingTelephony *&telephony, CountingWidgets *&widgets)
+{
+    PlatformParts parts;
+    auto recording = std::make_unique<RecordingTelephony>();
+    auto counting = std::make_unique<CountingWidgets>();
+    telephony = recording.get();
+    widgets = counting.get();
+    parts.telephony = std::move(recording);
+    parts.widgets = std::move(counting);
+    parts.urlOpener = std::make_unique<RecordingUrlOpener>();
+    return std::make_unique<QuietonApp>(std::move(parts), TestApp::offlineUpdateCheck());
+}
 } // namespace
 
 class TestDialling : public QObject
 {
     Q_OBJECT
 
-    KeyValueStore &settings() { return UserDefaultsService::shared()->userDefaults(); }
-    Service &service() { return *Service::shared(); }
-    CallConfirmation &confirmation() { return CallConfirmation::shared(); }
+    std::unique_ptr<QuietonApp> m_app;
+    KeyValueStore &settings() { return m_app->defaultsService()->userDefaults(); }
+    Service &service() { return *m_app->service(); }
+    CallConfirmation &confirmation() { return *m_app->confirmation(); }
 
 private slots:
     void initTestCase()
     {
         TestHome::use();
-        telephony = RecordingPlatform::installTelephony();
-        auto counting = std::make_unique<CountingWidgets>();
-        widgets = counting.get();
-        Platform::setWidgets(std::move(counting));
+        m_app = makeApp(telephony, widgets);
     }
 
     void init()
@@ -153,9 +167,9 @@ private slots:
         QFETCH(QString, link);
         QFETCH(QStringList, dialled);
         QFETCH(QVariant, save);
-        QuietonApp app(nullptr);
+        QuietonApp &app = *m_app;
         service().setPendingCallSaveToHistory(std::nullopt);
-        KeyValueStore *suite = UserDefaultsService::shared()->userDefaultsShared();
+        KeyValueStore *suite = m_app->defaultsService()->userDefaultsShared();
         suite->setString(QStringLiteral("phoneNumberWidget"), QStringLiteral("0612"));
         suite->setBool(QStringLiteral("hiddenNumberWidget"), true);
         suite->setBool(QStringLiteral("saveToHistoryWidget"), true);
@@ -177,7 +191,7 @@ private slots:
         QCOMPARE(service().pendingCallSaveToHistory().has_value(), save.isValid());
         if (save.isValid()) {
             QCOMPARE(*service().pendingCallSaveToHistory(), save.toBool());
-            QCOMPARE(service().pendingCallTelephone(), QuietonApp::linkValue(QUrl(link), QStringLiteral("number")));
+            QCOMPARE(service().pendingCallTelephone(), WidgetLink::queryValue(QUrl(link), QStringLiteral("number")));
             // Empty names, not missing ones: the history shows a blank name line.
             QVERIFY(service().pendingCallFirstName().isEmpty() && !service().pendingCallFirstName().isNull());
             QVERIFY(service().pendingCallLastName().isEmpty() && !service().pendingCallLastName().isNull());
@@ -186,19 +200,23 @@ private slots:
 
     void linksWaitForTheMainScreenAndNeedOnboardingDone()
     {
-        QuietonApp app(nullptr);
-        settings().setBool(QStringLiteral("hasCompletedFirstLaunch"), false);
+        RecordingTelephony *telephony = nullptr;
+        CountingWidgets *widgets = nullptr;
+        const auto fresh = makeApp(telephony, widgets);
+        QuietonApp &app = *fresh;
+        CallConfirmation &confirmation = *app.confirmation();
+        app.defaultsService()->setBool(QStringLiteral("hasCompletedFirstLaunch"), false);
         app.deliverLink(QUrl(QStringLiteral("quieton://w?number=1")));
         app.setMainViewShown(true);
-        QVERIFY(!confirmation().isPending());
+        QVERIFY(!confirmation.isPending());
         app.setMainViewShown(false);
 
-        UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
+        app.defaultsService()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
         QSignalSpy filled(&app, &QuietonApp::linkOpened);
         app.deliverLink(QUrl(QStringLiteral("quieton://w?number=2")));
-        QVERIFY(!confirmation().isPending());
+        QVERIFY(!confirmation.isPending());
         app.setMainViewShown(true);
-        confirmation().call();
+        confirmation.call();
         QCOMPARE(telephony->opened, QStringList{ QStringLiteral("2") });
         QCOMPARE(filled.size(), 1);
 
@@ -209,25 +227,10 @@ private slots:
         QCOMPARE(filled.size(), 1);
     }
 
-    void screensSeeTheAppThatStarted()
-    {
-        // The main screen reports itself to the app object main() made; a
-        // second app object made for QML would never hear of it.
-        QuietonApp app(nullptr);
-        QQmlEngine engine;
-        engine.addImportPath(QStringLiteral("qrc:/"));
-        QQmlComponent component(&engine);
-        component.setData("import QtQml\nimport Quieton\nQtObject { property var app: QuietonApp; property var service: Service }", QUrl());
-        std::unique_ptr<QObject> object(component.create());
-        QVERIFY2(object, qPrintable(component.errorString()));
-        QCOMPARE(object->property("app").value<QObject *>(), &app);
-        QCOMPARE(object->property("service").value<QObject *>(), Service::shared());
-    }
-
     // Deleting removes a whole character, however many code units it takes.
     void dialerDeletesWholeCharacters()
     {
-        DialerViewModel vm;
+        DialerViewModel vm(*m_app->defaultsService(), service(), m_app->crashManager());
         vm.deleteLast();
         QCOMPARE(vm.numberPhoneTyping(), QString());
         vm.setNumberPhoneTyping(QStringLiteral("12\u00e9\U0001F1EB\U0001F1F7"));
@@ -238,17 +241,16 @@ private slots:
     void mainScreenCountsOpenings()
     {
         settings().setInteger(QStringLiteral("appOpenCount"), 5);
-        MainViewModel first;
-        first.recordMainViewBuilt();
-        const auto installed = UserDefaultsService::shared()->installDate();
+        const auto mainViewModel = [this] { return std::unique_ptr<MainViewModel>(m_app->createMainViewModel(nullptr)); };
+        mainViewModel()->recordMainViewBuilt();
+        const auto installed = m_app->defaultsService()->installDate();
         QVERIFY(installed);
-        MainViewModel second;
-        second.recordMainViewBuilt();
+        mainViewModel()->recordMainViewBuilt();
         QCOMPARE(settings().integerValue(QStringLiteral("appOpenCount")), 7);
         settings().setInteger(QStringLiteral("appOpenCount"), std::numeric_limits<qint64>::max());
-        MainViewModel().recordMainViewBuilt();
+        mainViewModel()->recordMainViewBuilt();
         QCOMPARE(settings().integerValue(QStringLiteral("appOpenCount")), 1);
-        QCOMPARE(UserDefaultsService::shared()->installDate(), installed);
+        QCOMPARE(m_app->defaultsService()->installDate(), installed);
     }
 };
 

@@ -7,10 +7,13 @@
 #include "HistoryCallDataService.h"
 #include "Platform.h"
 #include "QuietonApp.h"
-#include "RecordingPlatform.h"
+#include "RecordingSharer.h"
+#include "RecordingTelephony.h"
+#include "RecordingUrlOpener.h"
 #include "RecordingTelephony.h"
 #include "Service.h"
 #include "StdoutCapture.h"
+#include "TestApp.h"
 #include "TestHome.h"
 #include "UserDefaultsService.h"
 
@@ -32,31 +35,31 @@ class TestCallObserver : public QObject
     std::unique_ptr<CallObserver> m_observer;
     std::unique_ptr<CallObserverDelegate> m_delegate;
 
-    Service &service() { return *Service::shared(); }
+    std::unique_ptr<TestApp> m_app;
+    Service &service() { return m_app->service(); }
     QList<HistoryData> onDisk() { return HistoryCallDataService(m_store->databasePath()).savedEntities(); }
     // What the dialler does: ask for the call, then fill the pending record.
     void dial(const QString &first, const QString &last, const QString &number, bool hidden)
     {
-        service().makeCall(number, hidden);
-        service().setPendingCall(first, last, number, hidden);
+        service().placeCall({ first, last, number, hidden, std::nullopt });
     }
 
 private slots:
     void initTestCase()
     {
         TestHome::use();
-        telephony = RecordingPlatform::installTelephony();
+        m_app = std::make_unique<TestApp>();
+        telephony = m_app->telephony;
     }
 
     void init()
     {
         m_store = std::make_unique<HistoryCallDataService>(m_dir.filePath(QStringLiteral("h%1.sqlite").arg(++m_round)));
         m_observer = std::make_unique<CallObserver>(*telephony);
-        m_delegate = std::make_unique<CallObserverDelegate>(m_store.get(), UserDefaultsService::shared(), &service());
+        m_delegate = std::make_unique<CallObserverDelegate>(m_store.get(), &m_app->defaults(), &service());
         m_observer->setDelegate(m_delegate.get());
         service().setCallStartedFromApp(false);
         service().setPendingCallSaveToHistory(std::nullopt);
-        service().setPendingCall(QString(), QString(), QString(), false);
     }
 
     void recordsTheDialledCallOnce()
@@ -113,11 +116,11 @@ private slots:
 
     void widgetLinkCallIsRecordedWithoutNames()
     {
-        UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
-        service().setPendingCall(QStringLiteral("Stale"), QStringLiteral("Name"), QStringLiteral("1"), false);
-        QuietonApp app(nullptr);
-        app.handleOpenUrl(QUrl(QStringLiteral("quieton://call?number=0612&hidden=TRUE&saveToHistory=true")));
-        CallConfirmation::shared().call();
+        m_app->defaults().setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
+        dial(QStringLiteral("Stale"), QStringLiteral("Name"), QStringLiteral("1"), false);
+        service().setCallStartedFromApp(false);
+        m_app->app().handleOpenUrl(QUrl(QStringLiteral("quieton://call?number=0612&hidden=TRUE&saveToHistory=true")));
+        m_app->app().confirmation()->call();
         QCOMPARE(telephony->opened.constLast(), QStringLiteral("#31#0612"));
         telephony->report(QStringLiteral("c6"), true, false, false);
 

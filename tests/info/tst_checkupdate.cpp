@@ -3,7 +3,9 @@
 #include "CheckUpdate.h"
 #include "LoopbackHttpServer.h"
 #include "Platform.h"
-#include "RecordingPlatform.h"
+#include "RecordingSharer.h"
+#include "RecordingTelephony.h"
+#include "RecordingUrlOpener.h"
 #include "RecordingUrlOpener.h"
 #include "StdoutCapture.h"
 #include "TestHome.h"
@@ -129,7 +131,8 @@ private slots:
     void initTestCase()
     {
         TestHome::use();
-        m_opener = RecordingPlatform::installUrlOpener();
+        m_opener = new RecordingUrlOpener;
+        m_opener->setParent(this);
         QVERIFY(m_server.isListening());
         m_engine.addImportPath(QStringLiteral("qrc:/"));
         m_engine.loadData("import QtQuick\nWindow { width: 400; height: 700; visible: true }");
@@ -163,7 +166,7 @@ private slots:
         QFETCH(QString, store);
         QFETCH(bool, newer);
         m_server.answer(storeAnswer(store.toUtf8()));
-        CheckUpdate checker(config(writeInfoPlist(current)));
+        CheckUpdate checker(config(writeInfoPlist(current)), *m_opener);
         QSignalSpy needChanged(&checker, &CheckUpdate::isNeedUpdateChanged);
 
         const QStringList lines = runCheck(checker, true, false, 1);
@@ -213,7 +216,7 @@ private slots:
         QFETCH(QByteArray, button);
         QFETCH(QString, opened);
         m_server.answer(body);
-        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))), *m_opener);
         runCheck(checker, optional, false, 1);
         QTRY_VERIFY(alert() && alert()->property("opened").toBool());
         QCOMPARE(alert()->property("force").toBool(), !optional);
@@ -235,7 +238,7 @@ private slots:
     {
         QFETCH(QByteArray, body);
         m_server.answer(body);
-        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))), *m_opener);
         QCOMPARE(runCheck(checker, true, false, 1), QStringList{ QStringLiteral("App does not exist on AppStore") });
         QVERIFY(!checker.isNeedUpdate());
         QVERIFY(!alert());
@@ -267,7 +270,7 @@ private slots:
         QFETCH(QString, reason);
         const QString label = isTestFlight ? QStringLiteral("TestFlight") : QStringLiteral("AppStore");
         m_server.answer(body);
-        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))), *m_opener);
 
         const QStringList lines = runCheck(checker, true, isTestFlight, 2);
 
@@ -284,7 +287,7 @@ private slots:
     void theHttpStatusIsNotLookedAt()
     {
         m_server.answer(storeAnswer("3.0"), 503);
-        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("2.0"))));
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("2.0"))), *m_opener);
         QCOMPARE(runCheck(checker, true, false, 1),
                  QStringList{ QStringLiteral("Needs update: AppStore Version: 3.0 > Current version:  2.0") });
         QTRY_VERIFY(alert());
@@ -299,7 +302,7 @@ private slots:
             deadPort = probe.serverPort();
         }
         CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0")),
-                                   QStringLiteral("http://127.0.0.1:%1").arg(deadPort)));
+                                   QStringLiteral("http://127.0.0.1:%1").arg(deadPort)), *m_opener);
         const QStringList lines = runCheck(checker, true, false, 2);
         QCOMPARE(lines.size(), 2);
         QVERIFY2(lines.at(0).startsWith(QLatin1StringView("error getting app AppStore version:  ")), qPrintable(lines.at(0)));
@@ -327,7 +330,7 @@ private slots:
         endless.answerEndlessly(chunk, interval);
         CheckUpdate::Config slow = config(writeInfoPlist(QStringLiteral("1.0")), endless.origin());
         slow.deadlineMs = 300;
-        CheckUpdate checker(slow);
+        CheckUpdate checker(slow, *m_opener);
         const QStringList lines = runCheck(checker, true, false, 2);
         QCOMPARE(lines.size(), 2);
         QVERIFY2(lines.at(0).endsWith(reason), qPrintable(lines.at(0)));
@@ -342,7 +345,7 @@ private slots:
         silent.keepSilent();
         StdoutCapture capture;
         {
-            CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0")), silent.origin()));
+            CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0")), silent.origin()), *m_opener);
             checker.checkForUpdate(true, false);
             QTRY_COMPARE(silent.requests.size(), 1);
             int ticks = 0;
@@ -360,7 +363,7 @@ private slots:
     void betaBuildsUseTheDeveloperApiAndTheStorePage()
     {
         m_server.answer(betaAnswer("1.5"));
-        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.4"))));
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.4"))), *m_opener);
         QSignalSpy testFlightChanged(&checker, &CheckUpdate::isTestFlightChanged);
 
         StdoutCapture capture;
@@ -389,7 +392,7 @@ private slots:
 
     void isNeedUpdateIsRaisedOnceAndNeverCleared()
     {
-        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))), *m_opener);
         QSignalSpy changed(&checker, &CheckUpdate::isNeedUpdateChanged);
         m_server.answer(storeAnswer("1.1"));
         runCheck(checker, true, false, 1);
@@ -406,7 +409,7 @@ private slots:
     {
         m_window->setVisible(false);
         m_server.answer(storeAnswer("2.0"));
-        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))));
+        CheckUpdate checker(config(writeInfoPlist(QStringLiteral("1.0"))), *m_opener);
         QCOMPARE(runCheck(checker, true, false, 1),
                  QStringList{ QStringLiteral("Needs update: AppStore Version: 2.0 > Current version:  1.0") });
         QTest::qWait(50);
@@ -438,7 +441,7 @@ private slots:
         QFETCH(QStringList, lines);
         const QString path = version.isNull() && bundleId.isNull() ? m_folder.filePath(QStringLiteral("nowhere/Info.plist"))
                                                                    : writeInfoPlist(version, bundleId);
-        CheckUpdate checker(config(path));
+        CheckUpdate checker(config(path), *m_opener);
         QCOMPARE(runCheck(checker, true, false, int(lines.size())), lines);
         QTest::qWait(50);
         QVERIFY(m_server.requests.isEmpty());
@@ -449,7 +452,7 @@ private slots:
         const QString path = writeInfoPlist(QStringLiteral("1.0"), QStringLiteral("app.test.Quieton"),
                                             "<key>CFBundleVersion</key><integer>7</integer>\n"
                                             "<key>UIRequiresFullScreen</key><true/>\n");
-        CheckUpdate checker(config(path));
+        CheckUpdate checker(config(path), *m_opener);
         QCOMPARE(checker.infoPlistValue(QStringLiteral("CFBundleShortVersionString")), QStringLiteral("1.0"));
         writeInfoPlist(QStringLiteral("1.1"));
         QCOMPARE(checker.infoPlistValue(QStringLiteral("CFBundleShortVersionString")), QStringLiteral("1.1"));
@@ -471,7 +474,7 @@ private slots:
     void theBuiltInInformationFileAndAddresses()
     {
         // What the app's own checker is made from (test programs use a local one).
-        CheckUpdate shared(CheckUpdate::Config::fromBuild());
+        CheckUpdate shared(CheckUpdate::Config::fromBuild(), *m_opener);
         QCOMPARE(shared.infoPlistValue(QStringLiteral("CFBundleShortVersionString")), QStringLiteral(QUIETON_TEST_VERSION));
         const std::optional<QString> bundleId = shared.infoPlistValue(QStringLiteral("CFBundleIdentifier"));
         QVERIFY(bundleId && !bundleId->isEmpty());

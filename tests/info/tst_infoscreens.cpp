@@ -1,7 +1,9 @@
 // The about and feedback screens in real QML views; the pages they open go
 // to a recording URL opener and shared texts to a recording sharer.
 #include "QuickTestSetup.h"
-#include "RecordingPlatform.h"
+#include "RecordingSharer.h"
+#include "RecordingTelephony.h"
+#include "RecordingUrlOpener.h"
 #include "RecordingSharer.h"
 #include "RecordingUrlOpener.h"
 
@@ -33,7 +35,7 @@ class Setup : public QuickTestSetup
     Desktop *m_desktop = nullptr;
 
 protected:
-    void prepare() override { m_desktop = new Desktop(RecordingPlatform::installUrlOpener(), RecordingPlatform::installSharer()); }
+    void prepare() override { m_desktop = new Desktop(testApp().urlOpener, testApp().sharer); }
     void publish(QQmlContext *context) override { context->setContextProperty(QStringLiteral("desktop"), m_desktop); }
 };
 

@@ -1,11 +1,9 @@
-// The app's start-up check: once the app's own window has shown its first
-// frame, one optional store lookup; views that only host some screens start
-// none. The shared checker is pointed at a loopback server.
+// The app's start-up check: once the app's window has shown its first frame,
+// one optional store lookup, to a loopback server.
 #include "CheckUpdate.h"
 #include "LoopbackHttpServer.h"
-#include "Platform.h"
 #include "QuietonApp.h"
-#include "RecordingTelephony.h"
+#include "TestApp.h"
 #include "TestHome.h"
 
 #include <QQmlApplicationEngine>
@@ -21,52 +19,41 @@ class TestStartupCheck : public QObject
     Q_OBJECT
     QTemporaryDir m_folder;
     LoopbackHttpServer m_server;
+    CheckUpdate::Config m_config;
 
 private slots:
     void initTestCase()
     {
         TestHome::use();
-        Platform::setTelephony(std::make_unique<RecordingTelephony>());
         QFile plist(m_folder.filePath(QStringLiteral("Info.plist")));
         QVERIFY(plist.open(QIODevice::WriteOnly));
         plist.write("<plist><dict><key>CFBundleShortVersionString</key><string>1.0</string>"
                     "<key>CFBundleIdentifier</key><string>app.test.Quieton</string></dict></plist>");
         plist.close();
-        CheckUpdate::setShared(new CheckUpdate({ m_server.origin(), m_server.origin(), QStringLiteral("1"),
-                                                 QStringLiteral("abc"), QStringLiteral("https://store.example/"),
-                                                 plist.fileName() }));
+        m_config = { m_server.origin(), m_server.origin(), QStringLiteral("1"), QStringLiteral("abc"),
+                     QStringLiteral("https://store.example/"), plist.fileName() };
         m_server.answer("{\"results\": [{\"version\": \"1.1\", \"trackViewUrl\": \"https://store.example/1.1\"}]}");
-    }
-
-    void viewsThatHostScreensStartNoCheck()
-    {
-        QuietonApp app(nullptr);
-        QQuickView view;
-        view.engine()->addImportPath(QStringLiteral("qrc:/"));
-        view.setSource(QUrl(QStringLiteral("qrc:/Quieton/info/AboutView.qml")));
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        QTest::qWait(300);
-        QVERIFY(m_server.requests.isEmpty());
     }
 
     void theAppsWindowChecksOnceAfterItsFirstFrame()
     {
-        QuietonApp app(nullptr);
+        TestApp test(m_config);
+        QuietonApp &app = test.app();
         QQmlApplicationEngine engine;
         engine.addImportPath(QStringLiteral("qrc:/"));
         engine.loadData("import QtQuick\nimport QtQuick.Controls\nApplicationWindow { width: 400; height: 700; visible: true }");
         auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
         QVERIFY(window);
+        app.checkForUpdateAfterFirstFrame(window);
         QVERIFY(m_server.requests.isEmpty()); // nothing before the event loop runs
 
         QTRY_COMPARE(m_server.requests.size(), 1);
         QCOMPARE(m_server.requests.constFirst().target, QByteArray("/br/lookup?bundleId=app.test.Quieton"));
-        QVERIFY(!CheckUpdate::shared()->isTestFlight());
+        QVERIFY(!app.checkNewVersionService()->isTestFlight());
         QObject *alert = nullptr;
         QTRY_VERIFY((alert = window->findChild<QObject *>(QStringLiteral("appUpdateAlert"))));
         QCOMPARE(alert->property("force").toBool(), false); // optional: "Not now" is there
-        QTRY_VERIFY(CheckUpdate::shared()->isNeedUpdate());
+        QTRY_VERIFY(app.checkNewVersionService()->isNeedUpdate());
 
         // Later frames start nothing more.
         window->resize(410, 700);

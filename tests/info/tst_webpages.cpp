@@ -1,8 +1,6 @@
 // The element that shows one of the product's web pages: it hands the page to
 // the desktop's browser and asks to be closed, whether or not that worked.
 // (Every page's address is checked by the screens' tests that open it.)
-#include "Platform.h"
-#include "RecordingPlatform.h"
 #include "RecordingUrlOpener.h"
 #include "SafariWebView.h"
 #include "StdoutCapture.h"
@@ -27,12 +25,13 @@ class TestWebPages : public QObject
     };
 
     // Created in QML by its case name.
-    static std::unique_ptr<QObject> create(QQmlEngine &engine, const QByteArray &page)
+    static std::unique_ptr<QObject> create(QQmlEngine &engine, const QByteArray &page, UrlOpener &opener)
     {
         engine.addImportPath(QStringLiteral("qrc:/"));
         QQmlComponent component(&engine);
-        component.setData("import Quieton\nSafariWebView { page: \"" + page + "\" }", QUrl());
-        std::unique_ptr<QObject> element(component.create());
+        component.setData("import Quieton.Info\nSafariWebView { page: \"" + page + "\" }", QUrl());
+        std::unique_ptr<QObject> element(component.createWithInitialProperties(
+                { { QStringLiteral("opener"), QVariant::fromValue(&opener) } }));
         if (!element)
             qWarning() << component.errorString();
         return element;
@@ -41,13 +40,13 @@ class TestWebPages : public QObject
 private slots:
     void theElementOpensItsPageAndCloses()
     {
-        RecordingUrlOpener *opener = RecordingPlatform::installUrlOpener();
+        RecordingUrlOpener opener;
         QQmlEngine engine;
-        std::unique_ptr<QObject> element = create(engine, "leaveAFeedBack");
+        std::unique_ptr<QObject> element = create(engine, "leaveAFeedBack", opener);
         auto *view = qobject_cast<SafariWebView *>(element.get());
         QVERIFY(view);
         QCOMPARE(view->url(), SafariWebView::leaveAFeedBack);
-        QCOMPARE(opener->opened, QList<QUrl>{ QUrl(QStringLiteral("https://" QUIETON_TEST_WEB_HOST "/sendFeedBack")) });
+        QCOMPARE(opener.opened, QList<QUrl>{ QUrl(QStringLiteral("https://" QUIETON_TEST_WEB_HOST "/sendFeedBack")) });
 
         QSignalSpy dismissed(view, &SafariWebView::dismissed);
         QVERIFY(dismissed.wait(1000));
@@ -56,10 +55,10 @@ private slots:
 
     void aPageTheDesktopCannotOpenIsReported()
     {
-        Platform::setUrlOpener(std::make_unique<RefusingUrlOpener>());
+        RefusingUrlOpener opener;
         StdoutCapture capture;
         QQmlEngine engine;
-        std::unique_ptr<QObject> element = create(engine, "termsOfUs");
+        std::unique_ptr<QObject> element = create(engine, "termsOfUs", opener);
         QVERIFY(element);
         QSignalSpy dismissed(element.get(), SIGNAL(dismissed()));
         QVERIFY(dismissed.wait(1000)); // closes all the same

@@ -3,7 +3,9 @@
 // real SQLite file.
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
-#include "RecordingPlatform.h"
+#include "RecordingSharer.h"
+#include "RecordingTelephony.h"
+#include "RecordingUrlOpener.h"
 #include "RecordingUrlOpener.h"
 #include "VCardFolderAddressBook.h"
 
@@ -19,7 +21,7 @@ class Driver : public PhoneDriver
 {
     Q_OBJECT
 public:
-    Driver(RecordingTelephony *telephony, RecordingUrlOpener *opener) : PhoneDriver(telephony), m_opener(opener) { }
+    explicit Driver(TestApp &app) : PhoneDriver(app), m_opener(app.urlOpener) { }
 
     // Replaces the address book with one vCard file of these people, each
     // a list [first, last, number...].
@@ -57,19 +59,14 @@ private:
 
 class Setup : public QuickTestSetup
 {
-    RecordingTelephony *m_telephony = nullptr;
-    RecordingUrlOpener *m_opener = nullptr;
-
 protected:
     void prepare() override
     {
-        m_telephony = RecordingPlatform::installTelephony();
-        m_opener = RecordingPlatform::installUrlOpener();
         markOnboardingDone();
     }
     void publish(QQmlContext *context) override
     {
-        context->setContextProperty(QStringLiteral("driver"), new Driver(m_telephony, m_opener));
+        context->setContextProperty(QStringLiteral("driver"), new Driver(testApp()));
     }
 };
 

@@ -4,9 +4,12 @@
 #include "ContactsViewModel.h"
 #include "JsonFileKeyValueStore.h"
 #include "Platform.h"
-#include "RecordingPlatform.h"
+#include "RecordingSharer.h"
+#include "RecordingTelephony.h"
+#include "RecordingUrlOpener.h"
 #include "RecordingUrlOpener.h"
 #include "StdoutCapture.h"
+#include "TestApp.h"
 #include "TestHome.h"
 #include "UserDefaultsService.h"
 #include "VCardFolderAddressBook.h"
@@ -74,19 +77,26 @@ class TestContactsViewModel : public QObject
 {
     Q_OBJECT
 
-    CountingAddressBook *m_book = nullptr;
+    std::unique_ptr<TestApp> m_app;
+    std::unique_ptr<CountingAddressBook> m_book;
     RecordingUrlOpener *m_opener = nullptr;
+
+    std::unique_ptr<ContactsViewModel> newModel()
+    {
+        return std::make_unique<ContactsViewModel>(m_app->defaults(), m_app->service(), *m_book, *m_opener,
+                                                   m_app->app().crashManager());
+    }
 
     void setSort(qint64 key, bool ascending)
     {
-        UserDefaultsService::shared()->setInteger(QStringLiteral("autoSortBy"), key);
-        UserDefaultsService::shared()->setBool(QStringLiteral("comparator"), ascending);
+        m_app->defaults().setInteger(QStringLiteral("autoSortBy"), key);
+        m_app->defaults().setBool(QStringLiteral("comparator"), ascending);
     }
 
     // A model that has been shown once and has read the whole book.
     std::unique_ptr<ContactsViewModel> loaded()
     {
-        auto model = std::make_unique<ContactsViewModel>();
+        auto model = newModel();
         QSignalSpy done(model.get(), &ContactsViewModel::contactsLoaded);
         model->updateContacts();
         if (!done.wait(5000))
@@ -98,11 +108,9 @@ private slots:
     void initTestCase()
     {
         TestHome::use();
-        auto book = std::make_unique<CountingAddressBook>();
-        m_book = book.get();
-        Platform::setAddressBook(std::move(book));
-        RecordingPlatform::installTelephony();
-        m_opener = RecordingPlatform::installUrlOpener();
+        m_app = std::make_unique<TestApp>();
+        m_book = std::make_unique<CountingAddressBook>();
+        m_opener = m_app->urlOpener;
     }
 
     void noFolderMeansNoContactsAndNoRefusal()
@@ -172,7 +180,7 @@ private slots:
         QVERIFY(blocker.open(QIODevice::WriteOnly));
         blocker.close();
         StdoutCapture out;
-        auto model = std::make_unique<ContactsViewModel>();
+        auto model = newModel();
         QSignalSpy denied(model.get(), &ContactsViewModel::accessDeniedChanged);
         model->updateContacts();
         QVERIFY(denied.wait(5000));
@@ -251,7 +259,7 @@ private slots:
         QCOMPARE(disk->integerValue(QStringLiteral("autoSortBy")), 1);
         model->updateContacts();
         QCOMPARE(model->sortIndexSelected(), 1);
-        QCOMPARE(ContactsViewModel().comparator(), false);
+        QCOMPARE(newModel()->comparator(), false);
     }
 
     // Any of the three fields, case-insensitively beyond ASCII; a search
@@ -311,7 +319,7 @@ private slots:
             many.append({ i % 2 ? QStringLiteral("Odd%1").arg(i) : QStringLiteral("Even%1").arg(i), "", {} });
         writeBook(many);
         setSort(3, true);
-        auto model = std::make_unique<ContactsViewModel>();
+        auto model = newModel();
         QSignalSpy done(model.get(), &ContactsViewModel::contactsLoaded);
         model->setSearchText(QStringLiteral("odd"));
         model->updateContacts();

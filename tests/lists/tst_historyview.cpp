@@ -3,7 +3,9 @@
 #include "HistoryCallDataService.h"
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
-#include "RecordingPlatform.h"
+#include "RecordingSharer.h"
+#include "RecordingTelephony.h"
+#include "RecordingUrlOpener.h"
 
 #include <QQmlContext>
 #include <QtQuickTest>
@@ -27,24 +29,21 @@ public:
             const QString s = value.toString();
             return s.isNull() ? QStringLiteral("") : s;
         };
-        HistoryCallDataService::shared()->addHistory(text(firstName), text(lastName), telephone, hidden);
+        app().history().addHistory(text(firstName), text(lastName), telephone, hidden);
     }
-    Q_INVOKABLE void clearHistory() { HistoryCallDataService::shared()->deleteAllHistory(); }
+    Q_INVOKABLE void clearHistory() { app().history().deleteAllHistory(); }
 };
 
 class Setup : public QuickTestSetup
 {
-    RecordingTelephony *m_telephony = nullptr;
-
 protected:
     void prepare() override
     {
-        m_telephony = RecordingPlatform::installTelephony();
         markOnboardingDone();
     }
     void publish(QQmlContext *context) override
     {
-        context->setContextProperty(QStringLiteral("history"), new HistoryDriver(m_telephony));
+        context->setContextProperty(QStringLiteral("history"), new HistoryDriver(testApp()));
     }
 };
 

@@ -6,6 +6,7 @@
 #include "Platform.h"
 #include "RecordingTelephony.h"
 #include "Service.h"
+#include "TestApp.h"
 #include "TestHome.h"
 #include "UserDefaultsService.h"
 
@@ -104,12 +105,13 @@ class TestHistoryViewModel : public QObject
 
     QTemporaryDir m_dir;
     int m_files = 0;
+    std::unique_ptr<TestApp> m_app;
 
     QString newFile() { return m_dir.filePath(QStringLiteral("history-%1.sqlite").arg(++m_files)); }
 
     std::unique_ptr<HistoryViewModel> modelOn(HistoryCallDataService &store)
     {
-        return std::make_unique<HistoryViewModel>(&store, UserDefaultsService::shared(), Service::shared());
+        return std::make_unique<HistoryViewModel>(store, m_app->defaults(), m_app->service());
     }
 
     void fill(HistoryCallDataService &store, const QList<Person> &people)
@@ -122,7 +124,7 @@ private slots:
     void initTestCase()
     {
         TestHome::use();
-        Platform::setTelephony(std::make_unique<RecordingTelephony>());
+        m_app = std::make_unique<TestApp>();
     }
 
     void search_data()

@@ -1,6 +1,7 @@
 // The onboarding and user-guide models on a real settings file.
 #include "SettingsFileReader.h"
 #include "StdoutCapture.h"
+#include "TestApp.h"
 #include "TestHome.h"
 #include "UserDefaultsService.h"
 #include "UserGuideForQuietonViewModel.h"
@@ -12,12 +13,19 @@
 class OnboardingModelsTest : public QObject
 {
     Q_OBJECT
+    std::unique_ptr<TestApp> m_app;
+    UserDefaultsService &defaults() { return m_app->defaults(); }
+
 private slots:
-    void initTestCase() { TestHome::use(); }
+    void initTestCase()
+    {
+        TestHome::use();
+        m_app = std::make_unique<TestApp>();
+    }
 
     void pagesStayWithinTheThree()
     {
-        WelcomeViewModel vm;
+        WelcomeViewModel vm(defaults());
         QSignalSpy changed(&vm, &WelcomeViewModel::selectedPageChanged);
         QCOMPARE(vm.selectedPage(), 0);
         QCOMPARE(vm.isFinishLaunch(), false);
@@ -37,8 +45,8 @@ private slots:
     {
         SettingsFileReader file;
         QVERIFY(!file.boolValue(QStringLiteral("hasCompletedFirstLaunch")));
-        WelcomeViewModel vm;
-        QSignalSpy written(UserDefaultsService::shared(), &UserDefaultsService::valueChanged);
+        WelcomeViewModel vm(defaults());
+        QSignalSpy written(&defaults(), &UserDefaultsService::valueChanged);
         vm.completeFirstLaunch();
         QVERIFY(file.boolValue(QStringLiteral("hasCompletedFirstLaunch")));
         QCOMPARE(written.count(), 1);
@@ -69,9 +77,9 @@ private slots:
 
     void guideTicks()
     {
-        UserDefaultsService::shared()->setBool(QStringLiteral("isReadUserGuide"), false);
+        defaults().setBool(QStringLiteral("isReadUserGuide"), false);
         SettingsFileReader file;
-        UserGuideForQuietonViewModel vm;
+        UserGuideForQuietonViewModel vm(defaults());
         QStringList lines;
         {
             StdoutCapture capture;

@@ -6,7 +6,9 @@
 #include "LoopbackHttpServer.h"
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
-#include "RecordingPlatform.h"
+#include "RecordingSharer.h"
+#include "RecordingTelephony.h"
+#include "RecordingUrlOpener.h"
 #include "RecordingSharer.h"
 #include "RecordingUrlOpener.h"
 #include "TestHome.h"
@@ -24,8 +26,7 @@ class Disk : public PhoneDriver
 {
     Q_OBJECT
 public:
-    Disk(RecordingUrlOpener *opener, RecordingSharer *sharer, RecordingTelephony *telephony)
-        : PhoneDriver(telephony), m_opener(opener), m_sharer(sharer)
+    explicit Disk(TestApp &app) : PhoneDriver(app), m_opener(app.urlOpener), m_sharer(app.sharer)
     {
     }
 
@@ -55,7 +56,7 @@ class Store : public QObject
 {
     Q_OBJECT
 public:
-    Store()
+    explicit Store(UrlOpener &opener) : m_opener(opener)
     {
         m_server.answer(QByteArrayLiteral(
                 "{\"resultCount\": 1, \"results\": [{\"version\": \"9.9\", "
@@ -73,7 +74,7 @@ public:
         auto *checker = new CheckUpdate({ m_server.origin(), m_server.origin(), QStringLiteral("123"),
                                           QStringLiteral("abc"), storePage,
                                           m_folder.filePath(QStringLiteral("Info.plist")) },
-                                        this);
+                                        m_opener, this);
         checker->checkForUpdate(true, false);
         return checker;
     }
@@ -95,28 +96,22 @@ private:
         return found;
     }
 
+    UrlOpener &m_opener;
     QTemporaryDir m_folder;
     LoopbackHttpServer m_server;
 };
 
 class Setup : public QuickTestSetup
 {
-    RecordingUrlOpener *m_opener = nullptr;
-    RecordingSharer *m_sharer = nullptr;
-    RecordingTelephony *m_telephony = nullptr;
-
 protected:
     void prepare() override
     {
-        m_opener = RecordingPlatform::installUrlOpener();
-        m_sharer = RecordingPlatform::installSharer();
-        m_telephony = RecordingPlatform::installTelephony();
         markOnboardingDone();
     }
     void publish(QQmlContext *context) override
     {
-        context->setContextProperty(QStringLiteral("disk"), new Disk(m_opener, m_sharer, m_telephony));
-        context->setContextProperty(QStringLiteral("store"), new Store);
+        context->setContextProperty(QStringLiteral("disk"), new Disk(testApp()));
+        context->setContextProperty(QStringLiteral("store"), new Store(*testApp().urlOpener));
     }
 };
 

@@ -5,10 +5,13 @@
 #include "HistoryCallDataService.h"
 #include "JsonFileKeyValueStore.h"
 #include "Platform.h"
-#include "RecordingPlatform.h"
+#include "RecordingSharer.h"
+#include "RecordingTelephony.h"
+#include "RecordingUrlOpener.h"
 #include "RecordingUrlOpener.h"
 #include "SettingViewModel.h"
 #include "StdoutCapture.h"
+#include "TestApp.h"
 #include "TestHome.h"
 #include "UserDefaultsService.h"
 
@@ -23,7 +26,18 @@ class TestSettingViewModel : public QObject
 {
     Q_OBJECT
 
-    RecordingUrlOpener *m_opener = nullptr;
+    static inline std::unique_ptr<TestApp> s_app;
+    static inline RecordingUrlOpener *m_opener = nullptr;
+
+    // What the app's start-up hands the settings model.
+    struct Model : SettingViewModel
+    {
+        Model()
+            : SettingViewModel(s_app->defaults(), s_app->service(), s_app->history(),
+                               *s_app->app().checkNewVersionService(), *s_app->urlOpener)
+        {
+        }
+    };
 
     // The standard suite as it is on disk now, read by a store of its own.
     static std::unique_ptr<KeyValueStore> onDisk()
@@ -34,7 +48,7 @@ class TestSettingViewModel : public QObject
     // The call records in the history file, read afresh.
     static qsizetype storedCalls()
     {
-        HistoryCallDataService file(HistoryCallDataService::shared()->databasePath());
+        HistoryCallDataService file(s_app->history().databasePath());
         return file.savedEntities().size();
     }
     static QStringList logged(StdoutCapture &capture)
@@ -66,27 +80,28 @@ private slots:
     {
         TestHome::use();
         QCoreApplication::setApplicationVersion(QString());
-        m_opener = RecordingPlatform::installUrlOpener();
+        s_app = std::make_unique<TestApp>();
+        m_opener = s_app->urlOpener;
     }
 
     // Must run first: nothing has touched the settings yet.
     void freshStoreAndStoredValuesAtCreation()
     {
         {
-            SettingViewModel vm;
+            Model vm;
             QCOMPARE(vm.prefixNumber(), QStringLiteral("#31#"));
             QVERIFY(vm.autoHiddenNumber());
             QVERIFY(vm.autoSaveToHistory());
             QCOMPARE(sortFlags(vm), QStringLiteral("F"));
             QVERIFY(!vm.appVersion().isValid());
         }
-        UserDefaultsService &defaults = *UserDefaultsService::shared();
+        UserDefaultsService &defaults = s_app->defaults();
         defaults.setString(QStringLiteral("prefix"), QString());
         defaults.setBool(QStringLiteral("hiddenNumber"), false);
         defaults.setBool(QStringLiteral("saveToHistory"), false);
         defaults.setInteger(QStringLiteral("autoSortBy"), 1);
         {
-            SettingViewModel vm;
+            Model vm;
             QCOMPARE(vm.prefixNumber(), QString());
             QVERIFY(!vm.autoHiddenNumber());
             QVERIFY(!vm.autoSaveToHistory());
@@ -94,14 +109,14 @@ private slots:
         }
         // An order this version does not know selects none of the three.
         defaults.setInteger(QStringLiteral("autoSortBy"), 7);
-        SettingViewModel unknown;
+        Model unknown;
         QCOMPARE(sortFlags(unknown), QString());
         unknown.resetSettings();
     }
 
     void togglesAndSortOrderAreWrittenAtOnce()
     {
-        SettingViewModel vm;
+        Model vm;
         QSignalSpy hiddenSpy(&vm, &SettingViewModel::autoHiddenNumberChanged);
         vm.setAutoHiddenNumber(true);
         vm.setAutoSaveToHistory(true);
@@ -123,7 +138,7 @@ private slots:
         vm.setAutoSortByLastName(false);
         QCOMPARE(sortFlags(vm), QString());
         QCOMPARE(onDisk()->integerValue(QStringLiteral("autoSortBy")), 1);
-        SettingViewModel next;
+        Model next;
         QCOMPARE(sortFlags(next), QStringLiteral("L"));
         next.resetSettings();
     }
@@ -148,7 +163,7 @@ private slots:
     {
         QFETCH(QString, text);
         QFETCH(bool, accepted);
-        SettingViewModel vm;
+        Model vm;
         vm.choosePrefix(QStringLiteral("*67"));
         QCOMPARE(vm.saveManualPrefix(text), accepted);
         const QString expected = accepted ? text : QStringLiteral("*67");
@@ -158,7 +173,7 @@ private slots:
 
     void countryListAndAllOtherCountries()
     {
-        SettingViewModel vm;
+        Model vm;
         checkCountryList(vm);
         QCOMPARE(vm.allOtherCountries(), QStringLiteral("All Other Countries"));
         vm.choosePrefix(QStringLiteral("141"));
@@ -180,7 +195,7 @@ private slots:
     {
         QFETCH(QString, country);
         QFETCH(QString, prefix);
-        SettingViewModel vm;
+        Model vm;
         vm.selectAllOtherCountries();
         StdoutCapture capture;
         QVERIFY(!vm.selectCountry(country));
@@ -192,7 +207,7 @@ private slots:
 
     void countryWithSeveralPrefixesOffersAChoice()
     {
-        SettingViewModel vm;
+        Model vm;
         vm.selectAllOtherCountries();
         QSignalSpy prefixSpy(&vm, &SettingViewModel::prefixNumberChanged);
         StdoutCapture capture;
@@ -217,7 +232,7 @@ private slots:
 
     void unknownCountryChangesNothing()
     {
-        SettingViewModel vm;
+        Model vm;
         vm.choosePrefix(QStringLiteral("184"));
         vm.selectCountry(QStringLiteral("Brazil"));
         StdoutCapture capture;
@@ -241,7 +256,7 @@ private slots:
         QTranslator german;
         QVERIFY(german.load(QStringLiteral(":/i18n/catalogue_de.qm")));
         QCoreApplication::installTranslator(&german);
-        SettingViewModel vm;
+        Model vm;
         QCoreApplication::removeTranslator(&german);
 
         QVERIFY(!vm.prefix_country_codes().contains(QStringLiteral("Germany")));
@@ -264,11 +279,12 @@ private slots:
     {
         m_opener->opened.clear();
         const QString page = QStringLiteral("https://store.quieton.app/br/app/quieton/id6470000000?uo=4");
-        QVERIFY(SettingViewModel::openStorePage(page));
+        Model vm;
+        QVERIFY(vm.openStorePage(page));
         QCOMPARE(m_opener->opened, QList<QUrl>{ QUrl(page) });
-        QVERIFY(!SettingViewModel::openStorePage(QString()));
-        QVERIFY(!SettingViewModel::openStorePage(QStringLiteral("not an address")));
-        QVERIFY(!SettingViewModel::openStorePage(QStringLiteral("https://store quieton.app/x")));
+        QVERIFY(!vm.openStorePage(QString()));
+        QVERIFY(!vm.openStorePage(QStringLiteral("not an address")));
+        QVERIFY(!vm.openStorePage(QStringLiteral("https://store quieton.app/x")));
         QCOMPARE(m_opener->opened.size(), 1);
     }
 
@@ -276,15 +292,15 @@ private slots:
     // onboarding flags; clear all also empties the history.
     void resetKeepsTheHistoryClearAllEmptiesIt()
     {
-        HistoryCallDataService &history = *HistoryCallDataService::shared();
+        HistoryCallDataService &history = s_app->history();
         history.addHistory(QStringLiteral("Ada"), QStringLiteral("Lovelace"), QStringLiteral("0612"), true);
         history.addHistory(QString(), QString(), QStringLiteral("0700"), false);
         const qsizetype calls = storedCalls();
         QVERIFY(calls >= 2);
-        UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
-        UserDefaultsService::shared()->setBool(QStringLiteral("isReadUserGuide"), true);
+        s_app->defaults().setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
+        s_app->defaults().setBool(QStringLiteral("isReadUserGuide"), true);
 
-        SettingViewModel vm;
+        Model vm;
         for (const bool clearAll : { false, true }) {
             vm.choosePrefix(QStringLiteral("*67"));
             vm.setAutoHiddenNumber(true);

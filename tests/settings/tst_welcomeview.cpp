@@ -1,7 +1,9 @@
 // Onboarding in real QML views and in the app's own window, on a fresh
 // settings file.
 #include "QuickTestSetup.h"
-#include "RecordingPlatform.h"
+#include "RecordingSharer.h"
+#include "RecordingTelephony.h"
+#include "RecordingUrlOpener.h"
 #include "SettingsFileReader.h"
 
 #include <QQmlContext>
@@ -11,7 +13,6 @@
 class Setup : public QuickTestSetup
 {
 protected:
-    void prepare() override { RecordingPlatform::installTelephony(); }
     void publish(QQmlContext *context) override
     {
         context->setContextProperty(QStringLiteral("settingsFile"), new SettingsFileReader);

@@ -1,9 +1,19 @@
 #include "PhoneDriver.h"
 
 #include "HistoryCallDataService.h"
+
 #include "RecordingTelephony.h"
 
-PhoneDriver::PhoneDriver(RecordingTelephony *telephony, QObject *parent) : QObject(parent), m_telephony(telephony) { }
+PhoneDriver::PhoneDriver(TestApp &app, QObject *parent)
+    : QObject(parent), m_app(app), m_telephony(app.telephony)
+{
+}
+
+void PhoneDriver::resetCallFlags()
+{
+    m_app.service().setCallFailed(false);
+    m_app.service().setCallStartedFromApp(false);
+}
 
 void PhoneDriver::setCallsPossible(bool possible)
 {
@@ -33,7 +43,7 @@ void PhoneDriver::report(const QString &id, bool outgoing, bool connected, bool 
 QVariantList PhoneDriver::storedRows() const
 {
     QVariantList rows;
-    HistoryCallDataService file(HistoryCallDataService::shared()->databasePath());
+    HistoryCallDataService file(m_app.history().databasePath());
     for (const HistoryData &r : file.savedEntities()) {
         rows.append(QVariantMap{ { QStringLiteral("firstName"), r.firstName },
                                  { QStringLiteral("lastName"), r.lastName },

@@ -3,7 +3,10 @@
 #include <QObject>
 #include <QVariantList>
 
+#include "TestApp.h"
+
 class RecordingTelephony;
+class TestApp;
 
 // What QML tests need of the phone and of the history file: the requests a
 // recording telephony got, calls it reports on demand, and the call records
@@ -12,7 +15,10 @@ class PhoneDriver : public QObject
 {
     Q_OBJECT
 public:
-    explicit PhoneDriver(RecordingTelephony *telephony, QObject *parent = nullptr);
+    explicit PhoneDriver(TestApp &app, QObject *parent = nullptr);
+
+    // Lowers both call flags, as after a call the app saw through.
+    Q_INVOKABLE void resetCallFlags();
 
     Q_INVOKABLE void setCallsPossible(bool possible);
     Q_INVOKABLE int openedCount() const;
@@ -28,7 +34,9 @@ public:
 
 protected:
     RecordingTelephony *telephony() const { return m_telephony; }
+    TestApp &app() const { return m_app; }
 
 private:
+    TestApp &m_app;
     RecordingTelephony *m_telephony;
 };

@@ -1,7 +1,6 @@
 #include "QuickTestSetup.h"
 
 #include "TestHome.h"
-#include "UserDefaultsService.h"
 
 #include <QQmlContext>
 #include <QQmlEngine>
@@ -9,16 +8,26 @@
 void QuickTestSetup::applicationAvailable()
 {
     TestHome::use();
+    m_testApp = std::make_unique<TestApp>();
     prepare();
 }
 
 void QuickTestSetup::qmlEngineAvailable(QQmlEngine *engine)
 {
     engine->addImportPath(QStringLiteral("qrc:/"));
-    publish(engine->rootContext());
+    QQmlContext *context = engine->rootContext();
+    context->setContextProperty(QStringLiteral("testApp"), &m_testApp->app());
+    context->setContextProperty(QStringLiteral("service"), &m_testApp->service());
+    context->setContextProperty(QStringLiteral("defaults"), &m_testApp->defaults());
+    publish(context);
+}
+
+void QuickTestSetup::cleanupTestCase()
+{
+    m_testApp.reset();
 }
 
 void QuickTestSetup::markOnboardingDone()
 {
-    UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
+    m_testApp->defaults().setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
 }

@@ -4,8 +4,7 @@
 
 // Points the app's settings and data folders (XDG config and data homes) at
 // a fresh temporary folder for the rest of the test program. Call before
-// anything opens a store. The update check of such a program stays on this
-// machine.
+// anything opens a store.
 class TestHome
 {
 public:

@@ -8,8 +8,13 @@
 // `property var steps` (a list of [delayMs, function] run in order first)
 // and `property string addressBook`: the folder beside the scenes folder
 // whose vCards make the address book ("" for none, "blocked" for a book
-// that cannot be read), set up before the steps run.
+// that cannot be read), set up before the steps run. Scenes reach the app
+// (made as at start-up, with its own update check off this machine) as
+// `testApp`, and its `service` and `defaults`.
+#include "QuietonApp.h"
+
 #include <QDir>
+#include <QQmlContext>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -73,10 +78,17 @@ int main(int argc, char *argv[])
     const QDir out(args.first());
     out.mkpath(QStringLiteral("."));
 
+    CheckUpdate::Config offline = CheckUpdate::Config::fromBuild();
+    offline.lookupOrigin = offline.apiOrigin = QStringLiteral("http://127.0.0.1:9");
+    QuietonApp quieton({}, offline);
+
     int failures = 0;
     for (const QString &scene : args.mid(1)) {
         QQuickView view;
         view.engine()->addImportPath(QStringLiteral("qrc:/"));
+        view.rootContext()->setContextProperty(QStringLiteral("testApp"), &quieton);
+        view.rootContext()->setContextProperty(QStringLiteral("service"), quieton.service());
+        view.rootContext()->setContextProperty(QStringLiteral("defaults"), quieton.defaultsService());
         view.setResizeMode(QQuickView::SizeRootObjectToView);
         view.setColor(Qt::white);
         view.resize(400, 820);

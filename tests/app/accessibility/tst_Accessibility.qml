@@ -1,7 +1,12 @@
 import QtQuick
 import QtQuick.Controls
 import QtTest
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // Every control a person can press or type into, on every screen and in the
 // dialogs those screens open, tells a screen reader what it is.
@@ -13,11 +18,11 @@ TestCase {
     when: windowShown
     visible: true
 
-    Component { id: mainViewComponent; MainView { anchors.fill: parent } }
-    Component { id: dialerComponent; DialerView { anchors.fill: parent } }
-    Component { id: contactsComponent; ContactsView { anchors.fill: parent } }
-    Component { id: historyComponent; HistoryView { anchors.fill: parent } }
-    Component { id: settingComponent; SettingView { anchors.fill: parent } }
+    Component { id: mainViewComponent; MainView { app: testApp; anchors.fill: parent } }
+    Component { id: dialerComponent; DialerView { id: dialerView1; vm: testApp.createDialerViewModel(dialerView1); anchors.fill: parent } }
+    Component { id: contactsComponent; ContactsView { id: contactsView2; vm: testApp.createContactsViewModel(contactsView2); anchors.fill: parent } }
+    Component { id: historyComponent; HistoryView { id: historyView3; vm: testApp.createHistoryViewModel(historyView3); anchors.fill: parent } }
+    Component { id: settingComponent; SettingView { id: settingView4; vm: testApp.createSettingViewModel(settingView4); anchors.fill: parent } }
     Component { id: updateAlertComponent; AppUpdateAlert { } }
     Component { id: confirmationComponent; CallConfirmationDialog { } }
 

@@ -1,7 +1,12 @@
 import QtQuick
 import QtQuick.Controls
 import QtTest
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // The question before a call that the telephony dials by itself or that a
 // link places: what it shows, what each answer does, and that a second link
@@ -16,7 +21,7 @@ TestCase {
 
     Component {
         id: mainViewComponent
-        MainView { anchors.fill: parent }
+        MainView { app: testApp; anchors.fill: parent }
     }
 
     CallConfirmationDialog { id: dialog }
@@ -39,13 +44,13 @@ TestCase {
     }
 
     function init() {
-        UserDefaultsService.setString("prefix", "#31#")
-        Service.callFailed = false
+        defaults.setString("prefix", "#31#")
+        service.acknowledgeCallFailure()
         notices.clear()
     }
 
     function cleanup() {
-        CallConfirmation.cancel()
+        testApp.confirmation.cancel()
         tryCompare(dialog, "visible", false)
     }
 
@@ -54,21 +59,21 @@ TestCase {
     }
     function test_cancelPlacesNothing(data) {
         const before = phone.openedCount()
-        Service.makeCall("0611111111", true)
+        service.makeCall("0611111111", true)
         compare(shown(), "#31#0611111111")
         if (data.escape)
             keyClick(Qt.Key_Escape)
         else
             mouseClick(button("cancelButton"))
         tryCompare(dialog, "visible", false)
-        verify(!CallConfirmation.pending)
+        verify(!testApp.confirmation.pending)
         compare(phone.openedCount(), before)
-        verify(!Service.callFailed)
+        verify(!service.callFailed)
     }
 
     function test_typedCallIsConfirmedPlacedAndRecorded() {
-        UserDefaultsService.setBool("hiddenNumber", true)
-        UserDefaultsService.setBool("saveToHistory", true)
+        defaults.setBool("hiddenNumber", true)
+        defaults.setBool("saveToHistory", true)
         const main = createTemporaryObject(mainViewComponent, testCase)
         const dialer = findChild(main, "dialerView")
         waitForRendering(dialer)
@@ -94,9 +99,9 @@ TestCase {
     function test_aSecondLinkNeverTakesThePlaceOfTheFirst() {
         waitForRendering(createTemporaryObject(mainViewComponent, testCase)) // the call observer
         const before = phone.openedCount()
-        QuietonApp.handleOpenUrl("quieton://call?number=0611&hidden=true&saveToHistory=true")
+        testApp.handleOpenUrl("quieton://call?number=0611&hidden=true&saveToHistory=true")
         compare(shown(), "#31#0611")
-        QuietonApp.handleOpenUrl("quieton://call?number=0622&saveToHistory=false")
+        testApp.handleOpenUrl("quieton://call?number=0622&saveToHistory=false")
         compare(notices.count, 1)
         compare(notices.signalArguments[0][0], "0622 was not called: first answer the call waiting on screen.")
         compare(shown(), "#31#0611")

@@ -2,7 +2,9 @@
 // and reports calls, with the history in a real SQLite file.
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
-#include "RecordingPlatform.h"
+#include "RecordingSharer.h"
+#include "RecordingTelephony.h"
+#include "RecordingUrlOpener.h"
 
 #include <QQmlContext>
 #include <QtQuickTest>
@@ -10,17 +12,14 @@
 
 class Setup : public QuickTestSetup
 {
-    RecordingTelephony *m_telephony = nullptr;
-
 protected:
     void prepare() override
     {
-        m_telephony = RecordingPlatform::installTelephony();
         markOnboardingDone();
     }
     void publish(QQmlContext *context) override
     {
-        context->setContextProperty(QStringLiteral("phone"), new PhoneDriver(m_telephony));
+        context->setContextProperty(QStringLiteral("phone"), new PhoneDriver(testApp()));
     }
 };
 

@@ -1,6 +1,11 @@
 import QtQuick
 import QtTest
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 TestCase {
     id: testCase
@@ -12,7 +17,7 @@ TestCase {
 
     Component {
         id: aboutComponent
-        AboutView { anchors.fill: parent }
+        AboutView { service: testApp.service; urlOpener: testApp.urlOpener; anchors.fill: parent }
     }
     Component {
         id: spyComponent

@@ -1,6 +1,11 @@
 import QtQuick
 import QtTest
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // Any screen can offer the update: the alert goes over the screen's window.
 // (What its buttons do is checked with the real update check.)
@@ -19,7 +24,7 @@ TestCase {
 
     function test_anOptionalUpdateSaysWhatItIs() {
         const screen = createTemporaryObject(screenComponent, testCase)
-        const alert = UpdateAlertPresenter.showAppUpdateAlertWithVersion(screen, "2.0", false, "https://x", false)
+        const alert = testApp.checkNewVersionService.showAppUpdateAlertWithVersion(screen, "2.0", false, "https://x", false)
         tryCompare(alert, "opened", true)
         compare(alert.title, "New version")
         compare(findChild(alert.contentItem, "appUpdateAlertMessage").text,
@@ -31,7 +36,7 @@ TestCase {
 
     function test_aScreenOffTheWindowShowsNothing() {
         const screen = screenComponent.createObject(null)
-        compare(UpdateAlertPresenter.showAppUpdateAlertWithVersion(screen, "2.0", false, "https://x", false), null)
+        compare(testApp.checkNewVersionService.showAppUpdateAlertWithVersion(screen, "2.0", false, "https://x", false), null)
         screen.destroy()
     }
 }

@@ -1,6 +1,11 @@
 import QtQuick
 import QtTest
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // The contacts screen: the list, the search bar, the sort controls, the
 // three body states, the dialling-error alert, and the whole road of a call
@@ -15,11 +20,11 @@ TestCase {
 
     Component {
         id: viewComponent
-        ContactsView { anchors.fill: parent }
+        ContactsView { id: contactsView1; vm: testApp.createContactsViewModel(contactsView1); anchors.fill: parent }
     }
     Component {
         id: mainViewComponent
-        MainView { anchors.fill: parent }
+        MainView { app: testApp; anchors.fill: parent }
     }
 
     SignalSpy {
@@ -29,9 +34,9 @@ TestCase {
     }
 
     function init() {
-        UserDefaultsService.setInteger("autoSortBy", 0)
-        UserDefaultsService.setBool("comparator", true)
-        Service.callFailed = false
+        defaults.setInteger("autoSortBy", 0)
+        defaults.setBool("comparator", true)
+        service.acknowledgeCallFailure()
         driver.setCallsPossible(true)
     }
 
@@ -170,7 +175,7 @@ TestCase {
         return [{ tag: "private", button: "privateDialingButton" }, { tag: "normal", button: "normalDialingButton" }]
     }
     function test_contactWithoutANumberShowsTheErrorAlert(data) {
-        UserDefaultsService.setString("prefix", "#31#")
+        defaults.setString("prefix", "#31#")
         const view = shownView([["No", "Number"]])
         const opened = driver.openedCount()
         notices.clear()
@@ -178,22 +183,22 @@ TestCase {
         const dialog = findChild(view, "callPrivacyDialog")
         tryCompare(dialog, "opened", true)
         mouseClick(findChild(dialog.footer, data.button))
-        verify(Service.callFailed)
+        verify(service.callFailed)
         const alert = findChild(view, "dialErrorAlert")
         tryCompare(alert, "opened", true)
         compare(driver.openedCount(), opened)
         compare(notices.count, 0)
         mouseClick(alert.footer.itemAt(0))
         tryCompare(alert, "visible", false)
-        verify(!Service.callFailed)
+        verify(!service.callFailed)
         verify(!view.showingErrorDialNumberAlert)
     }
 
     function test_privateCallToAContactEndsUpInTheHistory() {
         driver.writeBook([["Anna", "Smith", "0612345678", "0700"], ["Bob", "Brown", "0799"]])
-        UserDefaultsService.setString("prefix", "#31#")
-        UserDefaultsService.setBool("saveToHistory", true)
-        UserDefaultsService.setInteger("autoSortBy", 1)
+        defaults.setString("prefix", "#31#")
+        defaults.setBool("saveToHistory", true)
+        defaults.setInteger("autoSortBy", 1)
         const main = createTemporaryObject(mainViewComponent, testCase)
         main.vm.selectedTab = 1
         const view = findChild(main, "contactsView")

@@ -1,7 +1,12 @@
 import QtQuick
 import QtQuick.Controls
 import QtTest
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // The history tab over the app's history file: what it lists, deleting
 // records (also under a search), and calling a listed number again.
@@ -15,19 +20,19 @@ TestCase {
 
     Component {
         id: historyComponent
-        HistoryView { anchors.fill: parent }
+        HistoryView { id: historyView1; vm: testApp.createHistoryViewModel(historyView1); anchors.fill: parent }
     }
     Component {
         id: mainViewComponent
-        MainView { anchors.fill: parent }
+        MainView { app: testApp; anchors.fill: parent }
     }
 
     function init() {
         history.clearHistory()
         history.setCallsPossible(true)
-        Service.callFailed = false
-        UserDefaultsService.setString("prefix", "#31#")
-        UserDefaultsService.setBool("saveToHistory", true)
+        service.acknowledgeCallFailure()
+        defaults.setString("prefix", "#31#")
+        defaults.setBool("saveToHistory", true)
     }
 
     function showHistory() {
@@ -207,12 +212,12 @@ TestCase {
         compare([after.firstName, after.telephone, after.callHidden], ["", "0622", false])
 
         // With saving switched off the next call leaves the file as it is.
-        UserDefaultsService.setBool("saveToHistory", false)
+        defaults.setBool("saveToHistory", false)
         tryCompare(dialog, "visible", false)
         mouseClick(row(view, 0))
         tryCompare(dialog, "opened", true)
         mouseClick(findChild(dialog, "privateDialingButton"))
-        compare(Service.pendingCallSaveToHistory, false)
+        compare(service.pendingCallSaveToHistory, false)
         history.report("history-3", true, false, false)
         compare(history.storedRows().length, 4)
     }
@@ -234,7 +239,7 @@ TestCase {
         mouseClick(row(view, 0))
         tryCompare(dialog, "opened", true)
         mouseClick(findChild(dialog, "privateDialingButton"))
-        verify(Service.callFailed)
+        verify(service.callFailed)
         tryCompare(dialog, "visible", false)
         wait(50)
         // No alert of any kind comes up.

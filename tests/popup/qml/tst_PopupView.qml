@@ -1,7 +1,12 @@
 import QtQuick
 import QtQuick.Controls
 import QtTest
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // Every way a popup goes away, each reported once with its source and each
 // leaving the owner's flag lowered and its binding working.

@@ -1,7 +1,12 @@
 import QtQuick
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // The about screen as the settings screen presents it.
 Item {
-    AboutView { anchors.fill: parent }
+    AboutView { service: testApp.service; urlOpener: testApp.urlOpener; anchors.fill: parent }
 }

@@ -1,13 +1,18 @@
 import QtQuick
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // The contacts tab with no address book at all.
 Item {
     id: scene
     property string addressBook: ""
     property int settleMs: 1500
-    Component.onCompleted: UserDefaultsService.setBool("hasCompletedFirstLaunch", true)
-    MainView { id: main; anchors.fill: parent }
+    Component.onCompleted: defaults.setBool("hasCompletedFirstLaunch", true)
+    MainView { app: testApp; id: main; anchors.fill: parent }
 
     function find(item, name) {
         if (item.objectName === name)

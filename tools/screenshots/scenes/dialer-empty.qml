@@ -1,8 +1,13 @@
 import QtQuick
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // The dialler tab with nothing typed yet: the call button is grey.
 Item {
-    Component.onCompleted: UserDefaultsService.setBool("hasCompletedFirstLaunch", true)
-    MainView { anchors.fill: parent }
+    Component.onCompleted: defaults.setBool("hasCompletedFirstLaunch", true)
+    MainView { app: testApp; anchors.fill: parent }
 }

@@ -1,12 +1,17 @@
 import QtQuick
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // The dialling-error alert over the dialler, after a call that could not be placed.
 Item {
     id: scene
     property int settleMs: 2500
-    Component.onCompleted: UserDefaultsService.setBool("hasCompletedFirstLaunch", true)
-    MainView { id: main; anchors.fill: parent }
+    Component.onCompleted: defaults.setBool("hasCompletedFirstLaunch", true)
+    MainView { app: testApp; id: main; anchors.fill: parent }
 
     function find(item, name) {
         if (item.objectName === name)

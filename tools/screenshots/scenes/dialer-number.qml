@@ -1,11 +1,16 @@
 import QtQuick
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // The dialler with a number typed on the keypad and Save to History off.
 Item {
     id: scene
-    Component.onCompleted: UserDefaultsService.setBool("hasCompletedFirstLaunch", true)
-    MainView { id: main; anchors.fill: parent }
+    Component.onCompleted: defaults.setBool("hasCompletedFirstLaunch", true)
+    MainView { app: testApp; id: main; anchors.fill: parent }
 
     function find(item, name) {
         if (item.objectName === name)

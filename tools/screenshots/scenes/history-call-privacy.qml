@@ -1,12 +1,17 @@
 import QtQuick
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // The call-privacy question after tapping a history row.
 Item {
     id: scene
     property int settleMs: 1500
-    Component.onCompleted: UserDefaultsService.setBool("hasCompletedFirstLaunch", true)
-    MainView { id: main; anchors.fill: parent }
+    Component.onCompleted: defaults.setBool("hasCompletedFirstLaunch", true)
+    MainView { app: testApp; id: main; anchors.fill: parent }
 
     function find(item, name) {
         if (item.objectName === name)
@@ -21,7 +26,7 @@ Item {
 
     // A populated history, oldest call first.
     function fill() {
-        HistoryCallDataService.deleteAllHistory()
+        testApp.historyDataService.deleteAllHistory()
         const calls = [
             ["Anna", "Smith", "+33 6 12 34 56 78", true],
             ["Bob", "Hannah", "0612345678", false],
@@ -34,7 +39,7 @@ Item {
             ["Zoe", "Quinn", "0611223344", false]
         ]
         for (const c of calls)
-            HistoryCallDataService.addHistory(c[0], c[1], c[2], c[3])
+            testApp.historyDataService.addHistory(c[0], c[1], c[2], c[3])
     }
 
     property var steps: [

@@ -1,13 +1,18 @@
 import QtQuick
 import QtQuick.Controls
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // The history tab in edit mode, one row swiped open to its delete button.
 Item {
     id: scene
     property int settleMs: 1500
-    Component.onCompleted: UserDefaultsService.setBool("hasCompletedFirstLaunch", true)
-    MainView { id: main; anchors.fill: parent }
+    Component.onCompleted: defaults.setBool("hasCompletedFirstLaunch", true)
+    MainView { app: testApp; id: main; anchors.fill: parent }
 
     function find(item, name) {
         if (item.objectName === name)
@@ -22,7 +27,7 @@ Item {
 
     // A populated history, oldest call first.
     function fill() {
-        HistoryCallDataService.deleteAllHistory()
+        testApp.historyDataService.deleteAllHistory()
         const calls = [
             ["Anna", "Smith", "+33 6 12 34 56 78", true],
             ["Bob", "Hannah", "0612345678", false],
@@ -35,7 +40,7 @@ Item {
             ["Zoe", "Quinn", "0611223344", false]
         ]
         for (const c of calls)
-            HistoryCallDataService.addHistory(c[0], c[1], c[2], c[3])
+            testApp.historyDataService.addHistory(c[0], c[1], c[2], c[3])
     }
 
     property var steps: [

@@ -1,16 +1,21 @@
 import QtQuick
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // The about page opened from the settings tab, as a full-screen cover.
 Item {
     id: scene
     property int settleMs: 1500
     Component.onCompleted: {
-        UserDefaultsService.setBool("hasCompletedFirstLaunch", true)
+        defaults.setBool("hasCompletedFirstLaunch", true)
         Qt.application.version = "1.0.0"
         main.active = true
     }
-    Loader { id: main; anchors.fill: parent; active: false; sourceComponent: MainView { } }
+    Loader { id: main; anchors.fill: parent; active: false; sourceComponent: MainView { app: testApp; } }
 
     function find(item, name) {
         if (item.objectName === name)

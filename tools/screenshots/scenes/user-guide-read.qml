@@ -1,17 +1,22 @@
 import QtQuick
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // The user guide after its countdown, with the stored flag noted in a corner.
 Item {
     id: scene
     property int settleMs: 7000
-    property bool stored: UserDefaultsService.boolForKey("isReadUserGuide")
+    property bool stored: defaults.boolForKey("isReadUserGuide")
     UserGuideForQuietonView { id: guide; anchors.fill: parent }
     Connections {
         target: UserDefaultsService
         function onValueChanged(key) {
             if (key === "isReadUserGuide")
-                scene.stored = UserDefaultsService.boolForKey(key)
+                scene.stored = defaults.boolForKey(key)
         }
     }
     Text {

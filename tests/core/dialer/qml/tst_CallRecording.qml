@@ -1,6 +1,11 @@
 import QtQuick
 import QtTest
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // A call typed on the dialler of the main screen is recorded only while the
 // main screen is there to observe it.
@@ -14,11 +19,11 @@ TestCase {
 
     Component {
         id: mainViewComponent
-        MainView { anchors.fill: parent }
+        MainView { app: testApp; anchors.fill: parent }
     }
 
     function test_noRecordOnceTheMainScreenIsGone() {
-        UserDefaultsService.setBool("saveToHistory", true)
+        defaults.setBool("saveToHistory", true)
         const main = createTemporaryObject(mainViewComponent, testCase)
         const dialer = findChild(main, "dialerView")
         waitForRendering(dialer)

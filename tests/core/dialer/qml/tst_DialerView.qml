@@ -1,6 +1,11 @@
 import QtQuick
 import QtTest
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 TestCase {
     id: testCase
@@ -12,7 +17,7 @@ TestCase {
 
     Component {
         id: dialerComponent
-        DialerView { anchors.fill: parent }
+        DialerView { id: dialerView1; vm: testApp.createDialerViewModel(dialerView1); anchors.fill: parent }
     }
 
     function createDialer() {
@@ -29,11 +34,11 @@ TestCase {
     }
 
     function init() {
-        Service.callFailed = false
-        Service.callStartedFromApp = false
+        service.acknowledgeCallFailure()
+        phone.resetCallFlags()
         phone.setCallsPossible(true)
-        UserDefaultsService.setBool("hiddenNumber", true)
-        UserDefaultsService.setBool("saveToHistory", true)
+        defaults.setBool("hiddenNumber", true)
+        defaults.setBool("saveToHistory", true)
     }
 
     function test_keypadTypesAndDeleteRemovesTheLastCharacter() {
@@ -93,7 +98,7 @@ TestCase {
         const ok = alert.footer.itemAt(0)
         compare(ok.text, "OK")
         mouseClick(ok)
-        verify(!Service.callFailed)
+        verify(!service.callFailed)
         tryCompare(alert, "visible", false)
 
         // The next call that works raises no alert.
@@ -110,19 +115,19 @@ TestCase {
         verify(hidden.checked && save.checked)
 
         mouseClick(save)
-        compare(Service.pendingCallSaveToHistory, false)
-        compare(UserDefaultsService.boolForKey("saveToHistory"), true) // the setting stays
+        compare(service.pendingCallSaveToHistory, false)
+        compare(defaults.boolForKey("saveToHistory"), true) // the setting stays
         mouseClick(hidden)
         type(view, "0612")
         mouseClick(findChild(view, "callButton"))
         compare(phone.lastOpened(), "0612")
 
-        UserDefaultsService.setBool("hiddenNumber", false)
-        UserDefaultsService.setBool("saveToHistory", true)
+        defaults.setBool("hiddenNumber", false)
+        defaults.setBool("saveToHistory", true)
         view.vm.toggleHiddenNumber = true
         view.appeared()
         verify(!hidden.checked && save.checked)
-        compare(Service.pendingCallSaveToHistory, true)
+        compare(service.pendingCallSaveToHistory, true)
     }
 
     function test_keyboardTypesDeletesAndCalls() {
@@ -139,14 +144,14 @@ TestCase {
 
     function test_widgetLinkFillsTheDialler() {
         const view = createDialer()
-        QuietonApp.linkOpened("quieton://call?number=%2B33612&hidden=TRUE&saveToHistory=false")
+        testApp.linkOpened("quieton://call?number=%2B33612&hidden=TRUE&saveToHistory=false")
         compare(view.vm.numberPhoneTyping, "+33612")
         compare(view.vm.toggleHiddenNumber, true)
-        compare(Service.pendingCallSaveToHistory, false)
+        compare(service.pendingCallSaveToHistory, false)
 
-        QuietonApp.linkOpened("other://call?hidden=yes&saveToHistory=True")
+        testApp.linkOpened("other://call?hidden=yes&saveToHistory=True")
         compare(view.vm.numberPhoneTyping, "")
         compare(view.vm.toggleHiddenNumber, false)
-        compare(Service.pendingCallSaveToHistory, true)
+        compare(service.pendingCallSaveToHistory, true)
     }
 }

@@ -1,7 +1,12 @@
 import QtQuick
 import QtQuick.Controls
 import QtTest
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 TestCase {
     id: testCase
@@ -13,11 +18,11 @@ TestCase {
 
     Component {
         id: mainComponent
-        MainView { anchors.fill: parent }
+        MainView { app: testApp; anchors.fill: parent }
     }
     Component {
         id: settingComponent
-        SettingView { anchors.fill: parent }
+        SettingView { id: settingView1; vm: testApp.createSettingViewModel(settingView1); anchors.fill: parent }
     }
 
     function createView() {
@@ -74,15 +79,15 @@ TestCase {
     }
 
     function init() {
-        UserDefaultsService.setString("prefix", "#31#")
-        UserDefaultsService.setBool("hiddenNumber", true)
-        UserDefaultsService.setBool("saveToHistory", true)
-        UserDefaultsService.setInteger("autoSortBy", 0)
+        defaults.setString("prefix", "#31#")
+        defaults.setBool("hiddenNumber", true)
+        defaults.setBool("saveToHistory", true)
+        defaults.setInteger("autoSortBy", 0)
     }
 
     function test_rowsShowTheStoredSettingsAndCarryNames() {
-        UserDefaultsService.setString("prefix", "*67")
-        UserDefaultsService.setInteger("autoSortBy", 1)
+        defaults.setString("prefix", "*67")
+        defaults.setInteger("autoSortBy", 1)
         const view = createView()
         compare(findChild(button(view, "prefixRow"), "detail").text, "*67")
         verify(button(view, "sortByLastNameToggle").checked)
@@ -181,7 +186,7 @@ TestCase {
 
     // Each dialog stores nothing when cancelled and does its work when confirmed.
     function test_resetKeepsTheHistoryButClearAllEmptiesIt() {
-        HistoryCallDataService.addHistory("Ada", "Lovelace", "0612", true)
+        testApp.historyDataService.addHistory("Ada", "Lovelace", "0612", true)
         const calls = disk.storedCalls()
         verify(calls >= 1)
         const view = createView()
@@ -190,7 +195,7 @@ TestCase {
                  "This action will reset your settings. Without delete you history calls.", calls],
                 ["clearAllButton", "clearAllDialog", "Are you sure you want to Clear All Data?",
                  "This action will reset you setting and delete all history data", 0]]) {
-            UserDefaultsService.setString("prefix", "184")
+            defaults.setString("prefix", "184")
             const prefix = dialogName.replace("Dialog", "")
             tapRow(view, row)
             const dialog = findChild(view, dialogName)
@@ -225,7 +230,7 @@ TestCase {
     }
 
     function test_userGuideCoverRefreshesTheUnreadMark() {
-        UserDefaultsService.setBool("isReadUserGuide", false)
+        defaults.setBool("isReadUserGuide", false)
         const view = createView()
         const mark = button(view, "unreadMark")
         verify(mark.visible)
@@ -250,7 +255,7 @@ TestCase {
         compare(cover.view.tickInterval, 1000)
         compare(cover.view.timeRemaining, 5)
         cover.view.tickInterval = 10
-        tryVerify(() => UserDefaultsService.boolForKey("isReadUserGuide"), 3000)
+        tryVerify(() => defaults.boolForKey("isReadUserGuide"), 3000)
         verify(mark.visible)
         mouseClick(button(cover.view, "backButton"))
         tryCompare(cover, "visible", false)
@@ -308,7 +313,7 @@ TestCase {
 
     // What the settings tab changes, the dialler uses for the next call.
     function test_dialerUsesWhatTheSettingsTabChanged() {
-        Service.callFailed = false
+        service.acknowledgeCallFailure()
         const main = createTemporaryObject(mainComponent, testCase)
         main.vm.selectedTab = 3
         const view = findChild(main, "settingView")

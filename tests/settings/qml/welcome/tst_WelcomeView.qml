@@ -1,6 +1,11 @@
 import QtQuick
 import QtTest
-import Quieton
+import Quieton.Core
+import Quieton.Popup
+import Quieton.Info
+import Quieton.Lists
+import Quieton.Settings
+import Quieton.App
 
 // The onboarding pages on their own, driven by buttons and by swipes.
 TestCase {
@@ -13,7 +18,7 @@ TestCase {
 
     Component {
         id: welcomeComponent
-        WelcomeView { anchors.fill: parent }
+        WelcomeView { id: welcomeView1; vm: testApp.createWelcomeViewModel(welcomeView1); anchors.fill: parent }
     }
 
     function openWelcome() {
