@@ -12,6 +12,7 @@
 #include <QQuickItem>
 #include <QQuickView>
 #include <QQuickWindow>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QtQml/qqmlextensionplugin.h>
@@ -46,9 +47,11 @@ private slots:
         QQuickView view;
         view.engine()->addImportPath(QStringLiteral("qrc:/"));
         view.setSource(QUrl(QStringLiteral("qrc:/Quieton/info/AboutView.qml")));
+        QSignalSpy frames(&view, &QQuickWindow::frameSwapped);
         view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        QTest::qWait(300);
+        QVERIFY(frames.wait(5000));
+        // A check would start right after the first frame: one short settle.
+        QTest::qWait(50);
         QVERIFY(m_server.requests.isEmpty());
     }
 
@@ -71,8 +74,10 @@ private slots:
         QTRY_VERIFY(CheckUpdate::shared()->isNeedUpdate());
 
         // Later frames start nothing more.
+        QSignalSpy frames(window, &QQuickWindow::frameSwapped);
         window->resize(410, 700);
-        QTest::qWait(300);
+        QVERIFY(frames.wait(5000));
+        QTest::qWait(50);
         QCOMPARE(m_server.requests.size(), 1);
     }
 };
