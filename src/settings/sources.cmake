@@ -4,7 +4,15 @@ list(APPEND QUIETON_SOURCES
     settings/WelcomeViewModel.cpp settings/WelcomeViewModel.h
 )
 list(APPEND QUIETON_QML
+    settings/PrefixEditor.qml
+    settings/SettingAlert.qml
+    settings/SettingConfirmAlert.qml
+    settings/SettingCover.qml
+    settings/SettingRow.qml
+    settings/SettingToggle.qml
     settings/SettingView.qml
+    settings/SettingsGroup.qml
+    settings/SettingsSectionHeader.qml
     settings/UserGuideForQuietonView.qml
     settings/WelcomeView.qml
 )

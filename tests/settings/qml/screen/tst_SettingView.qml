@@ -182,6 +182,8 @@ TestCase {
     // Each dialog stores nothing when cancelled and does its work when confirmed.
     function test_resetKeepsTheHistoryButClearAllEmptiesIt() {
         HistoryCallDataService.addHistory("Ada", "Lovelace", "0612", true)
+        UserDefaultsService.setBool("hasCompletedFirstLaunch", true)
+        UserDefaultsService.setBool("isReadUserGuide", true)
         const calls = disk.storedCalls()
         verify(calls >= 1)
         const view = createView()
@@ -191,6 +193,7 @@ TestCase {
                 ["clearAllButton", "clearAllDialog", "Are you sure you want to Clear All Data?",
                  "This action will reset you setting and delete all history data", 0]]) {
             UserDefaultsService.setString("prefix", "184")
+            UserDefaultsService.setInteger("autoSortBy", 2)
             const prefix = dialogName.replace("Dialog", "")
             tapRow(view, row)
             const dialog = findChild(view, dialogName)
@@ -209,8 +212,12 @@ TestCase {
             verify(!view.showingIsResetSetting && !view.showingIsClearAll)
             compare(disk.setting("prefix"), "#31#")
             compare(disk.setting("hiddenNumber"), false)
+            compare(disk.setting("saveToHistory"), false)
+            compare(disk.setting("autoSortBy"), 0)
+            // The onboarding flags stay.
+            verify(disk.setting("hasCompletedFirstLaunch") && disk.setting("isReadUserGuide"))
             compare(disk.storedCalls(), calledAfter)
-            verify(!button(view, "autoHiddenNumberToggle").checked)
+            verify(!button(view, "autoHiddenNumberToggle").checked && button(view, "sortByFirstNameToggle").checked)
         }
     }
 
