@@ -2,16 +2,22 @@
 
 namespace {
 
-// Text read as a Bool: true when the first non-blank character is Y, y, T, t
-// or a digit 1-9 ("YES", "true", "42"); false otherwise.
+// Text read as a Bool: after blanks, an optional sign and leading zeros, true
+// when the next character is Y, y, T, t or a digit 1-9 ("YES", "true", "01",
+// "-1"); false otherwise ("0", "false", "no", "").
 bool textAsBool(const QString &text)
 {
-    for (const QChar c : text) {
-        if (c.isSpace())
-            continue;
-        return c == u'Y' || c == u'y' || c == u'T' || c == u't' || (c >= u'1' && c <= u'9');
-    }
-    return false;
+    qsizetype i = 0;
+    while (i < text.size() && text[i].isSpace())
+        ++i;
+    if (i < text.size() && (text[i] == u'+' || text[i] == u'-'))
+        ++i;
+    while (i < text.size() && text[i] == u'0')
+        ++i;
+    if (i == text.size())
+        return false;
+    const QChar c = text[i];
+    return c == u'Y' || c == u'y' || c == u'T' || c == u't' || (c >= u'1' && c <= u'9');
 }
 
 // Text read as an Integer: the leading decimal number, after blanks and an

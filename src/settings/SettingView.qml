@@ -86,8 +86,8 @@ Page {
             spacing: 6
 
             // 1. The prefix.
-            SectionHeader { text: qsTr("Private Call Setting") }
-            Group {
+            SettingsSectionHeader { text: qsTr("Private Call Setting") }
+            SettingsGroup {
                 SettingRow {
                     objectName: "prefixRow"
                     iconName: "asterisk"
@@ -114,15 +114,15 @@ Page {
             }
 
             // 2. The options every call starts with.
-            SectionHeader { text: qsTr("Auto setting startup") }
-            Group {
-                Toggle {
+            SettingsSectionHeader { text: qsTr("Auto setting startup") }
+            SettingsGroup {
+                SettingToggle {
                     objectName: "autoHiddenNumberToggle"
                     text: qsTr("Auto Hide My Number")
                     value: settingView.vm.autoHiddenNumber
                     onUserToggled: (on) => settingView.vm.autoHiddenNumber = on
                 }
-                Toggle {
+                SettingToggle {
                     objectName: "autoSaveToHistoryToggle"
                     text: qsTr("Auto Save To History")
                     value: settingView.vm.autoSaveToHistory
@@ -137,19 +137,19 @@ Page {
                     Layout.bottomMargin: 2
                     wrapMode: Text.Wrap
                 }
-                Toggle {
+                SettingToggle {
                     objectName: "sortByFirstNameToggle"
                     text: qsTr("First Name")
                     value: settingView.vm.autoSortByFirstName
                     onUserToggled: (on) => settingView.vm.autoSortByFirstName = on
                 }
-                Toggle {
+                SettingToggle {
                     objectName: "sortByLastNameToggle"
                     text: qsTr("Last Name")
                     value: settingView.vm.autoSortByLastName
                     onUserToggled: (on) => settingView.vm.autoSortByLastName = on
                 }
-                Toggle {
+                SettingToggle {
                     objectName: "sortByTelephoneToggle"
                     text: qsTr("Telephone")
                     value: settingView.vm.autoSortByTelephone
@@ -159,8 +159,8 @@ Page {
             }
 
             // 3. Help and information.
-            SectionHeader { text: qsTr("Help and information") }
-            Group {
+            SettingsSectionHeader { text: qsTr("Help and information") }
+            SettingsGroup {
                 SettingRow {
                     objectName: "versionRow"
                     text: qsTr("App version")
@@ -220,8 +220,8 @@ Page {
             }
 
             // 4. Destructive actions.
-            SectionHeader { text: qsTr("Data") }
-            Group {
+            SettingsSectionHeader { text: qsTr("Data") }
+            SettingsGroup {
                 SettingRow {
                     objectName: "resetSettingsButton"
                     text: qsTr("Reset Settings")
@@ -241,87 +241,26 @@ Page {
 
     // The manual editor, floating over the screen while its flag is up;
     // however the popup goes away, the flag follows.
-    PopupView {
+    PrefixEditor {
         id: prefixEditor
-        objectName: "prefixEditor"
-        type: PopupLayout.Floating
-        position: PopupLayout.Center
-        appearFrom: PopupLayout.FromBottom
         isPresented: settingView.showingPrefixEditManually
-        onIsPresentedChanged: {
-            settingView.showingPrefixEditManually = isPresented
-            if (isPresented)
-                prefixField.forceActiveFocus()
-        }
-
-        Flickable {
-            id: editorScroll
-            implicitWidth: Math.min(settingView.width - 72, 380)
-            implicitHeight: Math.min(editorColumn.implicitHeight, settingView.height * 0.6)
-            contentHeight: editorColumn.implicitHeight
-            clip: true
-            boundsBehavior: Flickable.StopAtBounds
-            ScrollIndicator.vertical: ScrollIndicator { }
-
-            ColumnLayout {
-                id: editorColumn
-                width: editorScroll.width
-                spacing: 12
-
-                TextField {
-                    id: prefixField
-                    objectName: "prefixField"
-                    Layout.fillWidth: true
-                    placeholderText: qsTr("Enter your Prefix")
-                    Accessible.name: placeholderText
-                    text: settingView.editingPrefixNumber
-                    onTextEdited: settingView.editingPrefixNumber = text
-                    inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText | Qt.ImhPreferNumbers
-                    onAccepted: settingView.saveManualPrefix()
-                }
-                Label {
-                    objectName: "prefixRuleText"
-                    visible: settingView.showingIsEmpty
-                    Layout.fillWidth: true
-                    text: qsTr("Prefix Cannot Be Empty needs at least 2 characters and without spaces")
-                    color: settingView.destructive
-                    wrapMode: Text.Wrap
-                }
-                Label {
-                    Layout.fillWidth: true
-                    text: qsTr("Prefixes can vary among different mobile providers. Check with your mobile provider for the prefix for private dialing. Additional costs may apply. Please verify with your cellular carrier.")
-                    color: settingView.secondaryText
-                    font.pixelSize: 13
-                    wrapMode: Text.Wrap
-                }
-                RowLayout {
-                    Layout.fillWidth: true
-                    spacing: 12
-                    Button {
-                        objectName: "prefixOkButton"
-                        text: qsTr("OK")
-                        font.capitalization: Font.MixedCase
-                        highlighted: true
-                        Layout.fillWidth: true
-                        onClicked: settingView.saveManualPrefix()
-                    }
-                    Button {
-                        objectName: "prefixCancelButton"
-                        text: qsTr("Cancel")
-                        font.capitalization: Font.MixedCase
-                        Layout.fillWidth: true
-                        onClicked: {
-                            settingView.showingPrefixEditManually = !settingView.showingPrefixEditManually
-                            settingView.showingIsEmpty = false
-                        }
-                    }
-                }
-            }
+        onIsPresentedChanged: settingView.showingPrefixEditManually = isPresented
+        maxWidth: settingView.width - 72
+        maxHeight: settingView.height * 0.6
+        text: settingView.editingPrefixNumber
+        onEdited: (text) => settingView.editingPrefixNumber = text
+        showsRule: settingView.showingIsEmpty
+        ruleColor: settingView.destructive
+        noticeColor: settingView.secondaryText
+        onAccepted: settingView.saveManualPrefix()
+        onCancelled: {
+            settingView.showingPrefixEditManually = !settingView.showingPrefixEditManually
+            settingView.showingIsEmpty = false
         }
     }
 
     // "Select By Country": every country of the catalogue as a button.
-    Alert {
+    SettingAlert {
         id: countryDialog
         objectName: "countryDialog"
         title: qsTr("Select By Country")
@@ -371,7 +310,7 @@ Page {
     }
 
     // The several prefixes of the chosen country.
-    Alert {
+    SettingAlert {
         id: choiceDialog
         objectName: "choiceDialog"
         title: qsTr("There are several prefixes that can private your number. Please choose one.")
@@ -410,66 +349,32 @@ Page {
         }
     }
 
-    Alert {
+    SettingConfirmAlert {
         id: resetDialog
         objectName: "resetDialog"
+        name: "reset"
         title: qsTr("Are you sure you want to reset settings?")
         message: qsTr("This action will reset your settings. Without delete you history calls.")
+        actionText: qsTr("Reset")
+        actionColor: settingView.destructive
+        onConfirmed: settingView.vm.resetSettings()
         onClosed: settingView.showingIsResetSetting = false
-        footer: DialogButtonBox {
-            Button {
-                objectName: "resetCancelButton"
-                text: qsTr("Cancel")
-                font.capitalization: Font.MixedCase
-                flat: true
-                font.bold: true
-                onClicked: resetDialog.close()
-            }
-            Button {
-                objectName: "resetConfirmButton"
-                text: qsTr("Reset")
-                font.capitalization: Font.MixedCase
-                flat: true
-                Material.foreground: settingView.destructive
-                onClicked: {
-                    settingView.vm.resetSettings()
-                    resetDialog.close()
-                }
-            }
-        }
     }
 
-    Alert {
+    SettingConfirmAlert {
         id: clearAllDialog
         objectName: "clearAllDialog"
+        name: "clearAll"
         title: qsTr("Are you sure you want to Clear All Data?")
         message: qsTr("This action will reset you setting and delete all history data")
+        actionText: qsTr("Clear All")
+        actionColor: settingView.destructive
+        onConfirmed: settingView.vm.clearAll()
         onClosed: settingView.showingIsClearAll = false
-        footer: DialogButtonBox {
-            Button {
-                objectName: "clearAllCancelButton"
-                text: qsTr("Cancel")
-                font.capitalization: Font.MixedCase
-                flat: true
-                font.bold: true
-                onClicked: clearAllDialog.close()
-            }
-            Button {
-                objectName: "clearAllConfirmButton"
-                text: qsTr("Clear All")
-                font.capitalization: Font.MixedCase
-                flat: true
-                Material.foreground: settingView.destructive
-                onClicked: {
-                    settingView.vm.clearAll()
-                    clearAllDialog.close()
-                }
-            }
-        }
     }
 
     // Full-screen covers, each made when shown and dropped when closed.
-    Cover {
+    SettingCover {
         objectName: "userGuideCover"
         presented: settingView.isUserGuideForQuietonPresented
         sourceComponent: Component {
@@ -481,7 +386,7 @@ Page {
             settingView.isReadUserGuide = settingView.vm.defaultsService.boolForKey("isReadUserGuide")
         }
     }
-    Cover {
+    SettingCover {
         objectName: "feedbackCover"
         presented: settingView.isSendFeedBackPresented
         sourceComponent: Component {
@@ -489,228 +394,12 @@ Page {
         }
         onDismiss: settingView.isSendFeedBackPresented = false
     }
-    Cover {
+    SettingCover {
         objectName: "aboutCover"
         presented: settingView.isAboutPresented
         sourceComponent: Component {
             AboutView { service: settingView.service; urlOpener: settingView.vm.urlOpener }
         }
         onDismiss: settingView.isAboutPresented = false
-    }
-
-    component SectionHeader: Label {
-        Layout.fillWidth: true
-        Layout.leftMargin: 16
-        Layout.topMargin: 14
-        font.pixelSize: 13
-        font.capitalization: Font.AllUppercase
-        color: "#6C6C70"
-        Accessible.role: Accessible.Heading
-    }
-
-    // A white rounded group of rows.
-    component Group: Rectangle {
-        default property alias rows: groupColumn.data
-        Layout.fillWidth: true
-        implicitHeight: groupColumn.implicitHeight
-        radius: 10
-        color: "white"
-        ColumnLayout {
-            id: groupColumn
-            width: parent.width
-            spacing: 0
-        }
-    }
-
-    // One tappable row: an optional icon, the caption, a detail text, extra
-    // items on the right and an optional chevron.
-    component SettingRow: ItemDelegate {
-        id: row
-        property string iconName: ""
-        property string detail: ""
-        property color textColor: "black"
-        property bool chevron: false
-        property bool last: false
-        default property alias trailing: trailingItems.data
-
-        Layout.fillWidth: true
-        implicitHeight: Math.max(48, implicitContentHeight + 16)
-        leftPadding: 16
-        rightPadding: 12
-        hoverEnabled: false
-        Accessible.name: text
-        // A plain pressed shade: a ripple keeps an image per visible row.
-        background: Rectangle { color: row.pressed ? "#E5E5EA" : "transparent" }
-
-        contentItem: RowLayout {
-            spacing: 10
-            IconImage {
-                visible: row.iconName.length > 0
-                source: row.iconName.length > 0 ? "qrc:/Quieton/icons/" + row.iconName + ".svg" : ""
-                sourceSize.width: 20
-                sourceSize.height: 20
-                color: "#007AFF"
-            }
-            Label {
-                text: row.text
-                color: row.textColor
-                font.pixelSize: 16
-                wrapMode: Text.Wrap
-                Layout.fillWidth: row.detail.length === 0
-            }
-            Label {
-                objectName: "detail"
-                visible: row.detail.length > 0
-                text: row.detail
-                color: "#6C6C70"
-                font.pixelSize: 16
-                horizontalAlignment: Text.AlignRight
-                elide: Text.ElideLeft
-                Layout.fillWidth: true
-            }
-            Row {
-                id: trailingItems
-                spacing: 6
-                Layout.alignment: Qt.AlignVCenter
-            }
-            IconImage {
-                visible: row.chevron
-                source: "qrc:/Quieton/icons/chevron.right.svg"
-                sourceSize.width: 14
-                sourceSize.height: 14
-                color: "#C7C7CC"
-            }
-        }
-        Rectangle {
-            visible: !row.last
-            anchors.left: parent.left
-            anchors.leftMargin: 16
-            anchors.right: parent.right
-            anchors.bottom: parent.bottom
-            height: 1
-            color: "#D1D1D6"
-        }
-    }
-
-    // A switch row that always shows the model's value: the model may turn
-    // other switches off when this one is turned on.
-    component Toggle: SwitchDelegate {
-        id: toggle
-        property bool value: false
-        property bool last: false
-        signal userToggled(bool on)
-
-        Layout.fillWidth: true
-        leftPadding: 16
-        checked: value
-        Accessible.name: text
-        onToggled: {
-            userToggled(checked)
-            checked = Qt.binding(() => toggle.value)
-        }
-        Rectangle {
-            visible: !toggle.last
-            anchors.left: parent.left
-            anchors.leftMargin: 16
-            anchors.right: parent.right
-            anchors.bottom: parent.bottom
-            height: 1
-            color: "#D1D1D6"
-        }
-    }
-
-    // A centred alert with a bold title and an optional message.
-    component Alert: Dialog {
-        id: alert
-        property string message: ""
-
-        parent: Overlay.overlay
-        anchors.centerIn: parent
-        width: Math.min(parent ? parent.width - 48 : 312, 360)
-        modal: true
-        closePolicy: Popup.CloseOnEscape
-        topPadding: 0
-
-        header: Label {
-            text: alert.title
-            wrapMode: Text.Wrap
-            horizontalAlignment: Text.AlignHCenter
-            font.bold: true
-            padding: 24
-            bottomPadding: 8
-        }
-        contentItem: ColumnLayout {
-            Label {
-                Layout.fillWidth: true
-                text: alert.message
-                visible: alert.message.length > 0
-                wrapMode: Text.Wrap
-                horizontalAlignment: Text.AlignHCenter
-                color: "#3C3C43"
-            }
-        }
-    }
-
-    // A full-screen cover with a navigation bar whose back button closes it;
-    // the view inside may also ask to be dismissed.
-    component Cover: Popup {
-        id: cover
-        property bool presented: false
-        // Made in the screen's own context (the screen's components are
-        // bound to it), so created here rather than through a Loader.
-        property Component sourceComponent
-        property var view: null
-        signal dismiss()
-
-        parent: Overlay.overlay
-        x: 0
-        y: 0
-        width: parent ? parent.width : 0
-        height: parent ? parent.height : 0
-        padding: 0
-        modal: true
-        closePolicy: Popup.CloseOnEscape
-        onPresentedChanged: {
-            if (presented) {
-                view = sourceComponent.createObject(coverHolder)
-                if (view)
-                    view.anchors.fill = coverHolder
-                open()
-            } else {
-                if (view)
-                    view.destroy()
-                view = null
-                close()
-            }
-        }
-        onClosed: dismiss()
-        background: Rectangle { color: "white" }
-
-        ColumnLayout {
-            anchors.fill: parent
-            spacing: 0
-            ToolBar {
-                Layout.fillWidth: true
-                Material.background: "white"
-                Material.elevation: 0
-                ToolButton {
-                    objectName: "coverBackButton"
-                    icon.source: "qrc:/Quieton/icons/chevron.left.svg"
-                    icon.color: "#007AFF"
-                    Accessible.name: qsTr("Back")
-                    onClicked: cover.close()
-                }
-            }
-            Item {
-                id: coverHolder
-                Layout.fillWidth: true
-                Layout.fillHeight: true
-            }
-        }
-        Connections {
-            target: cover.view
-            ignoreUnknownSignals: true
-            function onDismissRequested() { cover.close() }
-        }
     }
 }

@@ -59,8 +59,9 @@ private slots:
         SingleInstance other;
         QVERIFY(!other.forwardToRunning(QUrl(QStringLiteral("quieton://x?number=1"))));
         other.listen();
+        QSignalSpy otherLinks(&other, &SingleInstance::linkReceived);
         QVERIFY(other.forwardToRunning(QUrl(QStringLiteral("quieton://x?number=2"))));
-        QTest::qWait(100);
+        QTRY_COMPARE(otherLinks.count(), 1);
         QCOMPARE(links.count(), 0);
     }
 };

@@ -104,9 +104,11 @@ private slots:
         const auto first = service->installDate();
         QVERIFY(first);
         QVERIFY(qAbs(first->secsTo(QDateTime::currentDateTime())) < 5);
-        QTest::qWait(20);
-        service->saveInstallDateIfNeeded(); // not again
-        QCOMPARE(relaunch()->installDate(), first);
+        // A date that is there is never written over.
+        const QDateTime earlier = first->addDays(-3);
+        service->userDefaults().setDate(QStringLiteral("dateAppInstalled"), earlier);
+        service->saveInstallDateIfNeeded();
+        QCOMPARE(relaunch()->installDate(), earlier);
     }
 
     void installDateMustBeADate()

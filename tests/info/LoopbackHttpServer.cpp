@@ -36,7 +36,10 @@ void LoopbackHttpServer::answer(const QByteArray &body, int status)
 
 void LoopbackHttpServer::serve(QTcpSocket *socket)
 {
-    connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+    connect(socket, &QTcpSocket::disconnected, this, [this, socket] {
+        ++closedConnections;
+        socket->deleteLater();
+    });
     auto received = std::make_shared<QByteArray>();
     connect(socket, &QTcpSocket::readyRead, this, [this, socket, received] {
         received->append(socket->readAll());

@@ -35,6 +35,8 @@ public:
     }
 
     QList<Request> requests;
+    // Connections closed, by either side.
+    int closedConnections = 0;
 
 private:
     void serve(QTcpSocket *socket);

@@ -10,6 +10,7 @@
 #include <QQuickItem>
 #include <QQuickView>
 #include <QQuickWindow>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -56,8 +57,10 @@ private slots:
         QTRY_VERIFY(app.checkNewVersionService()->isNeedUpdate());
 
         // Later frames start nothing more.
+        QSignalSpy frames(window, &QQuickWindow::frameSwapped);
         window->resize(410, 700);
-        QTest::qWait(300);
+        QVERIFY(frames.wait(5000));
+        QTest::qWait(50);
         QCOMPARE(m_server.requests.size(), 1);
     }
 };

@@ -3,6 +3,7 @@
 #include "PrivateBus.h"
 #include "SimulatedModem.h"
 
+#include <QDBusMessage>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -13,7 +14,7 @@ const QString call1 = QStringLiteral("/org/freedesktop/ModemManager1/Call/1");
 // The backend on `bus` and what it reports.
 struct Rig
 {
-    explicit Rig(PrivateBus &bus) : telephony(bus.connection())
+    explicit Rig(PrivateBus &bus) : connection(bus.connection()), telephony(connection)
     {
         QObject::connect(&telephony, &Telephony::callChanged, &context, [this](const CallEvent &e) {
             events.append({ e.callId, QStringLiteral("%1%2%3").arg(e.isOutgoing ? "outgoing" : "incoming",
@@ -35,7 +36,18 @@ struct Rig
     {
         return QTest::qWaitFor([&] { return telephony.voiceModems().size() == count; }, 10000);
     }
+    // Takes in everything the simulator sent so far: it answers a call only
+    // after the signals it emitted before, and those are handled in order.
+    void catchUp()
+    {
+        connection.call(QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.ModemManager1"),
+                                                       QStringLiteral("/org/freedesktop/ModemManager1"),
+                                                       QStringLiteral("org.freedesktop.DBus.ObjectManager"),
+                                                       QStringLiteral("GetManagedObjects")));
+        QCoreApplication::processEvents();
+    }
 
+    QDBusConnection connection;
     ModemManagerTelephony telephony;
     QObject context;
     QList<std::pair<QString, QString>> events;
@@ -64,7 +76,7 @@ private slots:
         QCOMPARE(rig.telephony.voiceModems(), QStringList{ QStringLiteral("/org/freedesktop/ModemManager1/Modem/0") });
         // Dialling and ringing-out are one state for the observer; deletion
         // after termination is no change.
-        QTest::qWait(300);
+        rig.catchUp();
         QCOMPARE(rig.described(call1), wholeCall);
         QVERIFY(rig.failures.isEmpty());
         // The first report comes while the call is still dialling.
@@ -81,7 +93,7 @@ private slots:
         QVERIFY(modem.waitForLine(QStringLiteral("Start ")));
         rig.telephony.open(DialRequest{ QString(), QStringLiteral("222") });
         QVERIFY(QTest::qWaitFor([&] { return modem.lines().filter(QStringLiteral("Deleted ")).size() == 2; }, 10000));
-        QTest::qWait(200);
+        rig.catchUp();
         QCOMPARE(rig.described(call1), wholeCall);
         QCOMPARE(rig.described(QStringLiteral("/org/freedesktop/ModemManager1/Call/2")), wholeCall);
     }
@@ -94,7 +106,7 @@ private slots:
         QVERIFY(rig.waitForModems(1));
         rig.telephony.open(DialRequest{ QString(), QStringLiteral("#31#0612345678") });
         QVERIFY(modem.waitForLine(QStringLiteral("Deleted ")));
-        QTest::qWait(300);
+        rig.catchUp();
         QCOMPARE(rig.failures.size(), 1);
         QVERIFY2(rig.failures.first().contains(QStringLiteral("network")), qPrintable(rig.failures.first()));
         // Not even an ended call: the observer would have nothing to do with it.

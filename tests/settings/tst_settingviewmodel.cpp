@@ -1,17 +1,14 @@
 // The settings model on the app's real settings file and history database
 // in a temporary home: what it reads at creation, what every change writes,
-// the prefix catalogue and its choices, the hand-typed prefix rule, reset
-// and clear all.
-#include "HistoryCallDataService.h"
+// the prefix catalogue and its choices and the hand-typed prefix rule (reset
+// and clear all are tried through the screen).
 #include "JsonFileKeyValueStore.h"
 #include "Platform.h"
-#include "RecordingSharer.h"
-#include "RecordingTelephony.h"
 #include "RecordingUrlOpener.h"
+#include "TestApp.h"
 #include "RecordingUrlOpener.h"
 #include "SettingViewModel.h"
 #include "StdoutCapture.h"
-#include "TestApp.h"
 #include "TestHome.h"
 #include "UserDefaultsService.h"
 
@@ -45,12 +42,6 @@ class TestSettingViewModel : public QObject
         return JsonFileKeyValueStore::open(QDir(TestHome::configDirectory()).filePath(QStringLiteral("quieton.json")));
     }
     static std::optional<QString> storedPrefix() { return onDisk()->stringValue(QStringLiteral("prefix")); }
-    // The call records in the history file, read afresh.
-    static qsizetype storedCalls()
-    {
-        HistoryCallDataService file(s_app->history().databasePath());
-        return file.savedEntities().size();
-    }
     static QStringList logged(StdoutCapture &capture)
     {
         QStringList found = capture.lines();
@@ -84,8 +75,17 @@ private slots:
         m_opener = s_app->urlOpener;
     }
 
-    // Must run first: nothing has touched the settings yet.
-    void freshStoreAndStoredValuesAtCreation()
+    // Every case starts from the settings a first launch leaves.
+    void init()
+    {
+        UserDefaultsService &defaults = s_app->defaults();
+        defaults.setString(QStringLiteral("prefix"), defaults.defaultPrefix());
+        defaults.setBool(QStringLiteral("hiddenNumber"), true);
+        defaults.setBool(QStringLiteral("saveToHistory"), true);
+        defaults.setInteger(QStringLiteral("autoSortBy"), 0);
+    }
+
+    void storedValuesAtCreation()
     {
         {
             Model vm;
@@ -111,11 +111,12 @@ private slots:
         defaults.setInteger(QStringLiteral("autoSortBy"), 7);
         Model unknown;
         QCOMPARE(sortFlags(unknown), QString());
-        unknown.resetSettings();
     }
 
     void togglesAndSortOrderAreWrittenAtOnce()
     {
+        s_app->defaults().setBool(QStringLiteral("hiddenNumber"), false);
+        s_app->defaults().setBool(QStringLiteral("saveToHistory"), false);
         Model vm;
         QSignalSpy hiddenSpy(&vm, &SettingViewModel::autoHiddenNumberChanged);
         vm.setAutoHiddenNumber(true);
@@ -140,7 +141,6 @@ private slots:
         QCOMPARE(onDisk()->integerValue(QStringLiteral("autoSortBy")), 1);
         Model next;
         QCOMPARE(sortFlags(next), QStringLiteral("L"));
-        next.resetSettings();
     }
 
     void manualPrefixRule_data()
@@ -286,44 +286,6 @@ private slots:
         QVERIFY(!vm.openStorePage(QStringLiteral("not an address")));
         QVERIFY(!vm.openStorePage(QStringLiteral("https://store quieton.app/x")));
         QCOMPARE(m_opener->opened.size(), 1);
-    }
-
-    // Reset puts the four settings back and keeps the history and the
-    // onboarding flags; clear all also empties the history.
-    void resetKeepsTheHistoryClearAllEmptiesIt()
-    {
-        HistoryCallDataService &history = s_app->history();
-        history.addHistory(QStringLiteral("Ada"), QStringLiteral("Lovelace"), QStringLiteral("0612"), true);
-        history.addHistory(QString(), QString(), QStringLiteral("0700"), false);
-        const qsizetype calls = storedCalls();
-        QVERIFY(calls >= 2);
-        s_app->defaults().setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
-        s_app->defaults().setBool(QStringLiteral("isReadUserGuide"), true);
-
-        Model vm;
-        for (const bool clearAll : { false, true }) {
-            vm.choosePrefix(QStringLiteral("*67"));
-            vm.setAutoHiddenNumber(true);
-            vm.setAutoSaveToHistory(true);
-            vm.setAutoSortByTelephone(true);
-            if (clearAll)
-                vm.clearAll();
-            else
-                vm.resetSettings();
-            QCOMPARE(vm.prefixNumber(), QStringLiteral("#31#"));
-            QVERIFY(!vm.autoHiddenNumber());
-            QVERIFY(!vm.autoSaveToHistory());
-            QCOMPARE(sortFlags(vm), QStringLiteral("F"));
-            auto disk = onDisk();
-            QCOMPARE(disk->object(QStringLiteral("prefix")), std::optional<SettingValue>(QStringLiteral("#31#")));
-            QCOMPARE(disk->object(QStringLiteral("hiddenNumber")), std::optional<SettingValue>(false));
-            QCOMPARE(disk->object(QStringLiteral("saveToHistory")), std::optional<SettingValue>(false));
-            QCOMPARE(disk->object(QStringLiteral("autoSortBy")), std::optional<SettingValue>(qint64(0)));
-            QVERIFY(disk->boolValue(QStringLiteral("hasCompletedFirstLaunch")));
-            QVERIFY(disk->boolValue(QStringLiteral("isReadUserGuide")));
-            QCOMPARE(storedCalls(), clearAll ? 0 : calls);
-        }
-        QCOMPARE(history.count(), 0);
     }
 };
 

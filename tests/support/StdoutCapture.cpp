@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QTemporaryFile>
+#include <QTest>
 
 #include <cstdio>
 #include <fcntl.h>
@@ -26,6 +27,16 @@ StdoutCapture::~StdoutCapture()
     ::dup2(m_savedFd, STDOUT_FILENO);
     ::close(m_savedFd);
     ::close(m_captureFd);
+    // The test's own report of a failure went into the capture too: it is
+    // given back, with what the code printed before it, so no failure is lost.
+    if (QTest::currentTestFailed()) {
+        QFile file(m_path);
+        if (file.open(QIODevice::ReadOnly)) {
+            const QByteArray text = file.readAll();
+            std::fwrite(text.constData(), 1, size_t(text.size()), stdout);
+            std::fflush(stdout);
+        }
+    }
     QFile::remove(m_path);
 }
 

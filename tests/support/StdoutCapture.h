@@ -3,7 +3,9 @@
 #include <QString>
 #include <QStringList>
 
-// Captures what the process writes to standard output while it lives.
+// Captures what the process writes to standard output while it lives. When
+// the running test fails meanwhile, the captured text, with the failure
+// report, is written out once the capture ends.
 class StdoutCapture
 {
 public:

@@ -58,11 +58,12 @@ void ModemManagerTelephony::readModems(int generation)
         if (!reply.isError()) {
             const ManagedObjects objects = reply.value();
             for (auto it = objects.cbegin(); it != objects.cend(); ++it) {
-                if (it.value().contains(ModemManagerVoiceProxy::staticInterfaceName()))
+                // A modem announced while the list was read is known already.
+                if (it.value().contains(ModemManagerVoiceProxy::staticInterfaceName()) && !m_voices.contains(it.key().path()))
                     foundInterfaces(it.key().path(), it.value());
             }
         }
-        modemsRead(generation, !reply.isError());
+        modemsRead(generation, reply);
     });
 }
 

@@ -14,7 +14,7 @@ ModemTelephony::ModemTelephony(const QDBusConnection &bus, const QString &servic
 {
     registerTelephonyDBusTypes();
     connect(m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString &, const QString &, const QString &newOwner) { restart(!newOwner.isEmpty()); });
+            [this](const QString &, const QString &oldOwner, const QString &newOwner) { ownerChanged(oldOwner, newOwner); });
 }
 
 std::optional<DialTarget> ModemTelephony::targetOf(const DialRequest &request) const
@@ -72,6 +72,18 @@ void ModemTelephony::start()
     readModems(m_generation);
 }
 
+void ModemTelephony::ownerChanged(const QString &oldOwner, const QString &newOwner)
+{
+    // The watcher may still hear of a change made before it was set up: the
+    // service appearing under the owner whose modems are known already, or
+    // an earlier owner going. Reading the same modems again would end the
+    // calls under way and let a request made meanwhile find no modem.
+    if (newOwner == m_owner || (newOwner.isEmpty() && oldOwner != m_owner))
+        return;
+    m_owner = newOwner;
+    restart(!newOwner.isEmpty());
+}
+
 void ModemTelephony::restart(bool serviceRunning)
 {
     ++m_generation;
@@ -84,12 +96,20 @@ void ModemTelephony::restart(bool serviceRunning)
     // Once read, the new modems are announced.
     if (!serviceRunning || !modems.isEmpty())
         emit modemsChanged();
+    // A request that waited for the modems of a service that went fails now.
+    if (!serviceRunning) {
+        if (std::optional<DialRequest> waiting = std::exchange(m_waitingRequest, std::nullopt))
+            request(*waiting);
+    }
 }
 
-void ModemTelephony::modemsRead(int generation, bool serviceAnswered)
+void ModemTelephony::modemsRead(int generation, const QDBusPendingCall &reply)
 {
     if (!isCurrent(generation))
         return;
+    const bool serviceAnswered = !reply.isError();
+    if (serviceAnswered)
+        m_owner = reply.reply().service();
     m_inventory = serviceAnswered ? Inventory::Known : Inventory::NoService;
     emit modemsChanged();
     if (std::optional<DialRequest> waiting = std::exchange(m_waitingRequest, std::nullopt))

@@ -90,7 +90,8 @@ protected:
     QDBusConnection &bus() { return m_bus; }
     // Whether a reply started in `generation` is still wanted.
     bool isCurrent(int generation) const { return generation == m_generation; }
-    void modemsRead(int generation, bool serviceAnswered);
+    // The modems of `reply` (the answer to readModems) are in.
+    void modemsRead(int generation, const QDBusPendingCall &reply);
     void addModem(const QString &path);
     void removeModem(const QString &path);
     void setEmergencyNumbers(const QString &modem, const QStringList &numbers);
@@ -112,6 +113,7 @@ protected:
     void failRequest(const QString &message);
 
 private:
+    void ownerChanged(const QString &oldOwner, const QString &newOwner);
     void restart(bool serviceRunning);
     void request(const DialRequest &request);
 
@@ -119,6 +121,8 @@ private:
     QDBusServiceWatcher *m_watcher;
     Inventory m_inventory = Inventory::Reading;
     int m_generation = 0;
+    // The service's unique name on the bus, once known.
+    QString m_owner;
     QStringList m_modems;
     QHash<QString, QStringList> m_emergencyNumbers;
     QHash<QString, Call> m_calls;

@@ -73,7 +73,7 @@ void OfonoTelephony::readModems(int generation)
             for (const ObjectProperties &modem : reply.value())
                 updateModem(modem.path.path(), modem.properties.value(QStringLiteral("Interfaces")).toStringList());
         }
-        modemsRead(generation, !reply.isError());
+        modemsRead(generation, reply);
     });
 }
 

@@ -187,6 +187,8 @@ TestCase {
     // Each dialog stores nothing when cancelled and does its work when confirmed.
     function test_resetKeepsTheHistoryButClearAllEmptiesIt() {
         testApp.historyDataService.addHistory("Ada", "Lovelace", "0612", true)
+        defaults.setBool("hasCompletedFirstLaunch", true)
+        defaults.setBool("isReadUserGuide", true)
         const calls = disk.storedCalls()
         verify(calls >= 1)
         const view = createView()
@@ -196,6 +198,7 @@ TestCase {
                 ["clearAllButton", "clearAllDialog", "Are you sure you want to Clear All Data?",
                  "This action will reset you setting and delete all history data", 0]]) {
             defaults.setString("prefix", "184")
+            defaults.setInteger("autoSortBy", 2)
             const prefix = dialogName.replace("Dialog", "")
             tapRow(view, row)
             const dialog = findChild(view, dialogName)
@@ -214,8 +217,12 @@ TestCase {
             verify(!view.showingIsResetSetting && !view.showingIsClearAll)
             compare(disk.setting("prefix"), "#31#")
             compare(disk.setting("hiddenNumber"), false)
+            compare(disk.setting("saveToHistory"), false)
+            compare(disk.setting("autoSortBy"), 0)
+            // The onboarding flags stay.
+            verify(disk.setting("hasCompletedFirstLaunch") && disk.setting("isReadUserGuide"))
             compare(disk.storedCalls(), calledAfter)
-            verify(!button(view, "autoHiddenNumberToggle").checked)
+            verify(!button(view, "autoHiddenNumberToggle").checked && button(view, "sortByFirstNameToggle").checked)
         }
     }
 
