@@ -1,7 +1,8 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
-import Quieton
+import Quieton.Popup
+import Quieton.Settings
 
 // The manual prefix editor of the settings screen, floating over it: the
 // typed text, the rule shown when "OK" was refused, and the carrier notice.
