@@ -10,7 +10,7 @@ Page {
     readonly property MainViewModel vm: MainViewModel { }
     property bool shouldShowBannerAd: false
     readonly property CallObserver callObserver: CallObserver { }
-    readonly property CallObserverDelegate callObserverDelegate: CallObserverDelegate { }
+    readonly property CallObserverDelegate callObserverDelegate: QuietonApp.makeCallObserverDelegate(mainView)
 
     Component.onCompleted: {
         vm.recordMainViewBuilt()

@@ -1,7 +1,12 @@
 #include "QuietonApp.h"
 
+#include "CallObserverDelegate.h"
 #include "CheckUpdate.h"
+#include "HistoryCallDataService.h"
+#include "HistoryViewModel.h"
+#include "Platform.h"
 #include "Service.h"
+#include "SettingViewModel.h"
 #include "UserDefaultsService.h"
 #include "WidgetLink.h"
 
@@ -28,7 +33,12 @@ void QuietonApp::limitHeaps()
 }
 
 QuietonApp::QuietonApp(QObject *parent)
-    : QObject(parent), m_defaultsService(UserDefaultsService::shared()), m_service(Service::shared())
+    : QObject(parent),
+      m_defaultsService(UserDefaultsService::shared()),
+      m_service(Service::shared()),
+      m_historyDataService(std::make_unique<HistoryCallDataService>(
+          Platform::dataDirectory() + QLatin1Char('/') + QLatin1StringView(HistoryCallDataService::containerName)
+          + QStringLiteral(".sqlite")))
 {
     m_appDelegate.didFinishLaunching();
     theApp = this;
@@ -46,6 +56,27 @@ QuietonApp::~QuietonApp()
 {
     if (theApp == this)
         theApp = nullptr;
+}
+
+CallObserverDelegate *QuietonApp::makeCallObserverDelegate(QObject *owner)
+{
+    auto *delegate = new CallObserverDelegate(m_historyDataService.get(), m_defaultsService, m_service, owner);
+    QJSEngine::setObjectOwnership(delegate, QJSEngine::CppOwnership);
+    return delegate;
+}
+
+SettingViewModel *QuietonApp::makeSettingViewModel(QObject *owner)
+{
+    auto *model = new SettingViewModel(m_historyDataService.get(), owner);
+    QJSEngine::setObjectOwnership(model, QJSEngine::CppOwnership);
+    return model;
+}
+
+HistoryViewModel *QuietonApp::makeHistoryViewModel(QObject *owner)
+{
+    auto *model = new HistoryViewModel(m_historyDataService.get(), m_defaultsService, m_service, owner);
+    QJSEngine::setObjectOwnership(model, QJSEngine::CppOwnership);
+    return model;
 }
 
 QuietonApp *QuietonApp::instance()

@@ -5,11 +5,22 @@
 #include <QList>
 #include <QObject>
 #include <QUrl>
+
+#include <memory>
 #include <QtQml/qqmlregistration.h>
 
+Q_MOC_INCLUDE("CallObserverDelegate.h")
+Q_MOC_INCLUDE("HistoryCallDataService.h")
+Q_MOC_INCLUDE("HistoryViewModel.h")
+Q_MOC_INCLUDE("SettingViewModel.h")
+
+class CallObserverDelegate;
+class HistoryCallDataService;
+class HistoryViewModel;
 class QJSEngine;
 class QQmlEngine;
 class Service;
+class SettingViewModel;
 class UserDefaultsService;
 
 // The application root: start-up of the shared objects, the choice between
@@ -20,6 +31,7 @@ class QuietonApp : public QObject
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(bool hasCompletedFirstLaunch READ hasCompletedFirstLaunch NOTIFY hasCompletedFirstLaunchChanged)
+    Q_PROPERTY(HistoryCallDataService *historyDataService READ historyDataService CONSTANT)
 
 public:
     // Call first in main(): every thread that allocates would otherwise get
@@ -38,6 +50,14 @@ public:
 
     UserDefaultsService *defaultsService() const { return m_defaultsService; }
     Service *service() const { return m_service; }
+    // The call history store in the app's data folder.
+    HistoryCallDataService *historyDataService() const { return m_historyDataService.get(); }
+
+    // The models that use the history store, made with it for the screen
+    // `owner` that keeps them.
+    Q_INVOKABLE CallObserverDelegate *makeCallObserverDelegate(QObject *owner);
+    Q_INVOKABLE SettingViewModel *makeSettingViewModel(QObject *owner);
+    Q_INVOKABLE HistoryViewModel *makeHistoryViewModel(QObject *owner);
 
     // Read afresh from the settings on every evaluation.
     bool hasCompletedFirstLaunch() const;
@@ -70,6 +90,7 @@ private:
     AppDelegate m_appDelegate;
     UserDefaultsService *m_defaultsService;
     Service *m_service;
+    std::unique_ptr<HistoryCallDataService> m_historyDataService;
     bool m_mainViewShown = false;
     QList<QUrl> m_waitingLinks;
 };

@@ -14,7 +14,7 @@ Page {
     objectName: "historyView"
 
     // Created with the screen, i.e. the first time the tab is shown.
-    readonly property HistoryViewModel vm: HistoryViewModel { }
+    readonly property HistoryViewModel vm: QuietonApp.makeHistoryViewModel(historyView)
     readonly property Service service: Service
     property bool editMode: false
     property bool showingCallAlert: false

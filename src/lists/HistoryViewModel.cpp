@@ -23,11 +23,6 @@ QString textOrEmpty(const QString &text)
 
 } // namespace
 
-HistoryViewModel::HistoryViewModel(QObject *parent)
-    : HistoryViewModel(HistoryCallDataService::shared(), UserDefaultsService::shared(), Service::shared(), parent)
-{
-}
-
 HistoryViewModel::HistoryViewModel(HistoryCallDataService *historyDataService, UserDefaultsService *defaultsService,
                                    Service *service, QObject *parent)
     : QObject(parent),
@@ -35,16 +30,17 @@ HistoryViewModel::HistoryViewModel(HistoryCallDataService *historyDataService, U
       m_defaultsService(defaultsService),
       m_service(service)
 {
+    // The store is a list model: its row signals say what changed.
     using Store = HistoryCallDataService;
-    connect(m_historyDataService, &Store::entitiesAboutToBeRemoved, this, [this](int first, int last) {
+    connect(m_historyDataService, &Store::rowsAboutToBeRemoved, this, [this](const QModelIndex &, int first, int last) {
         m_changes.append(Change{ false, first, last });
         letGoOfRecords();
     });
-    connect(m_historyDataService, &Store::entitiesAboutToBeInserted, this, [this](int first, int last) {
+    connect(m_historyDataService, &Store::rowsAboutToBeInserted, this, [this](const QModelIndex &, int first, int last) {
         m_changes.append(Change{ true, first, last });
         letGoOfRecords();
     });
-    connect(m_historyDataService, &Store::entitiesAboutToBeReset, this, [this] {
+    connect(m_historyDataService, &Store::modelAboutToBeReset, this, [this] {
         m_replaced = true;
         letGoOfRecords();
     });

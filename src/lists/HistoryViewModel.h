@@ -24,14 +24,13 @@ class HistoryViewModel : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("The history model is made by the app")
     Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
     Q_PROPERTY(FilteredHistoryModel *filteredContacts READ filteredContacts CONSTANT)
     Q_PROPERTY(int historyCount READ historyCount NOTIFY historyListArrayChanged)
     Q_PROPERTY(QVariant selectedContact READ selectedContactValue NOTIFY selectedContactChanged)
 
 public:
-    // Over the shared store, settings and dialling service.
-    explicit HistoryViewModel(QObject *parent = nullptr);
     HistoryViewModel(HistoryCallDataService *historyDataService, UserDefaultsService *defaultsService,
                      Service *service, QObject *parent = nullptr);
     ~HistoryViewModel() override;

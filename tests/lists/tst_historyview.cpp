@@ -1,6 +1,7 @@
 // The history screen in real QML views, over the app's history in a real
 // SQLite file and a telephony that records requests and reports calls.
 #include "HistoryCallDataService.h"
+#include "QuietonApp.h"
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
 #include "RecordingPlatform.h"
@@ -29,9 +30,9 @@ public:
             const QString s = value.toString();
             return s.isNull() ? QStringLiteral("") : s;
         };
-        HistoryCallDataService::shared()->addHistory(text(firstName), text(lastName), telephone, hidden);
+        QuietonApp::create(nullptr, nullptr)->historyDataService()->addHistory(text(firstName), text(lastName), telephone, hidden);
     }
-    Q_INVOKABLE void clearHistory() { HistoryCallDataService::shared()->deleteAllHistory(); }
+    Q_INVOKABLE void clearHistory() { QuietonApp::create(nullptr, nullptr)->historyDataService()->deleteAllHistory(); }
 };
 
 class Setup : public QuickTestSetup
