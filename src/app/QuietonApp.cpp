@@ -26,7 +26,7 @@ QuietonApp::QuietonApp(PlatformParts parts, CheckUpdate::Config updateCheck, QOb
       m_platform(filled(std::move(parts))),
       m_defaultsService(std::move(m_platform.standardSettings), std::move(m_platform.sharedSettings)),
       m_service(&m_defaultsService, *m_platform.telephony, m_confirmation, *m_platform.widgets, *m_platform.sharer),
-      m_historyDataService(m_platform.historyDatabasePath, HistoryCallDataService::FirstFetch::InBackground),
+      m_historyDataService(m_platform.historyDatabasePath),
       m_checkNewVersionService(std::move(updateCheck), *m_platform.urlOpener)
 {
     m_appDelegate.didFinishLaunching();

@@ -200,7 +200,7 @@ QVariant FilteredHistoryModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return text(record->telephone);
     case TimeRole:
-        return text(record->time());
+        return text(record->time);
     case CallHiddenRole:
         return record->callHidden;
     default:

@@ -31,15 +31,15 @@ HistoryViewModel::HistoryViewModel(HistoryCallDataService &historyDataService, U
       m_service(&service)
 {
     using Store = HistoryCallDataService;
-    connect(m_historyDataService, &Store::entitiesAboutToBeRemoved, this, [this](int first, int last) {
+    connect(m_historyDataService, &Store::rowsAboutToBeRemoved, this, [this](const QModelIndex &, int first, int last) {
         m_changes.append(Change{ false, first, last });
         letGoOfRecords();
     });
-    connect(m_historyDataService, &Store::entitiesAboutToBeInserted, this, [this](int first, int last) {
+    connect(m_historyDataService, &Store::rowsAboutToBeInserted, this, [this](const QModelIndex &, int first, int last) {
         m_changes.append(Change{ true, first, last });
         letGoOfRecords();
     });
-    connect(m_historyDataService, &Store::entitiesAboutToBeReset, this, [this] {
+    connect(m_historyDataService, &Store::modelAboutToBeReset, this, [this] {
         m_replaced = true;
         letGoOfRecords();
     });

@@ -235,6 +235,7 @@ private slots:
 
         // What the file holds, read by a store of its own.
         HistoryCallDataService reopened(path);
+        reopened.fetchHistory();
         QCOMPARE(telephones(reopened.savedEntities()), (QStringList{ "0622", "0633", "0655" }));
 
         // Rows that are not listed are ignored.
@@ -280,7 +281,7 @@ private slots:
         // Each listed call keeps its own time.
         QSet<QString> times;
         for (int row = 0; row < vm->filteredContacts()->count(); ++row)
-            times.insert(vm->filteredContacts()->at(row).time());
+            times.insert(vm->filteredContacts()->at(row).time);
         QCOMPARE(times.size(), 5);
 
         // The first and the last "Anna Smith 0611": the others remain.
