@@ -8,6 +8,7 @@
 #include "Statistics.h"
 #include "TemporaryHome.h"
 #include "QuietonApp.h"
+#include "WelcomeViewModel.h"
 #include "UserGuideForQuietonViewModel.h"
 
 #include <QElapsedTimer>
