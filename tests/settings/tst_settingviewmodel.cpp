@@ -37,9 +37,7 @@ class TestSettingViewModel : public QObject
     // The call records in the history file, read afresh.
     qsizetype storedCalls()
     {
-        HistoryCallDataService file(history()->databasePath());
-        file.fetchHistory();
-        return file.savedEntities().size();
+        return HistoryCallDataService(history()->databasePath()).savedEntities().size();
     }
     static QStringList logged(StdoutCapture &capture)
     {

@@ -35,7 +35,6 @@ QVariantList PhoneDriver::storedRows() const
 {
     QVariantList rows;
     HistoryCallDataService file(Platform::dataDirectory() + QStringLiteral("/CallHistoryData.sqlite"));
-    file.fetchHistory();
     for (const HistoryData &r : file.savedEntities()) {
         rows.append(QVariantMap{ { QStringLiteral("firstName"), r.firstName },
                                  { QStringLiteral("lastName"), r.lastName },
