@@ -35,7 +35,7 @@ int measureMemory(const QString &path)
 {
     const qint64 before = statusKb("VmRSS:");
     HistoryCallDataService store(path);
-    store.fetchHistory();
+    store.savedEntities();
     out() << "resident memory with " << store.rowCount() << " records: " << statusKb("VmRSS:") << " kB (peak "
           << peakMemoryKb() << " kB); before opening the store: " << before << " kB" << Qt::endl;
     return 0;

@@ -235,7 +235,7 @@ bool writeHistory(const QString &home, const QList<Person> &people)
             record.telephone = QString::fromUtf8(phoneNumber(random));
         }
     });
-    return bench::storedHistoryCount(path) == historyRows;
+    return HistoryCallDataService(path).savedEntities().size() == historyRows;
 }
 
 bool prepareHome(const QString &home)

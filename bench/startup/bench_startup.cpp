@@ -43,7 +43,7 @@ bool writeHistory(const QString &home, int rows)
         record.lastName = QStringLiteral("Last%1").arg(i % 700);
         record.telephone = QStringLiteral("+33 6 %1").arg(10000000 + i % 5000);
     });
-    return bench::storedHistoryCount(path) == rows;
+    return HistoryCallDataService(path).savedEntities().size() == rows;
 }
 
 // Launches `command` (a program reporting its start-up) repeatedly on `home`

@@ -40,11 +40,4 @@ void populateHistory(const QString &path, int count, const std::function<void(in
     QSqlDatabase::removeDatabase(connection);
 }
 
-qsizetype storedHistoryCount(const QString &path)
-{
-    HistoryCallDataService store(path);
-    store.fetchHistory();
-    return store.savedEntities().size();
-}
-
 } // namespace bench

@@ -24,8 +24,9 @@ class QSqlDatabase;
 // changed the file, and after a clear-all.
 //
 // The first read runs on a worker thread, so that a long history never holds
-// up the first frame; until it is in, the list is empty. Any operation first
-// waits for it, so its result is the same as with an immediate read.
+// up the first frame; until it is in, the model has no rows. Any operation,
+// savedEntities() included, first waits for it, so its result is the same as
+// with an immediate read.
 class HistoryCallDataService : public QAbstractListModel
 {
     Q_OBJECT
@@ -48,8 +49,12 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    // The records in store order; empty until the first read is in.
-    const QList<HistoryData> &savedEntities() const { return m_records; }
+    // The records in store order (after the first read: this waits for it).
+    const QList<HistoryData> &savedEntities()
+    {
+        waitForFirstRead();
+        return m_records;
+    }
     int count() const { return int(m_records.size()); }
     QString databasePath() const { return m_databasePath; }
     // Whether the file is open (read-only or not).

@@ -235,7 +235,6 @@ private slots:
 
         // What the file holds, read by a store of its own.
         HistoryCallDataService reopened(path);
-        reopened.fetchHistory();
         QCOMPARE(telephones(reopened.savedEntities()), (QStringList{ "0622", "0633", "0655" }));
 
         // Rows that are not listed are ignored.
