@@ -74,6 +74,7 @@ private slots:
         s_app = std::make_unique<TestApp>();
         m_opener = s_app->urlOpener;
     }
+    void cleanupTestCase() { s_app.reset(); }
 
     // Every case starts from the settings a first launch leaves.
     void init()

@@ -23,8 +23,8 @@ TestCase {
     Component { id: contactsComponent; ContactsView { id: contactsView2; vm: testApp.createContactsViewModel(contactsView2); anchors.fill: parent } }
     Component { id: historyComponent; HistoryView { id: historyView3; vm: testApp.createHistoryViewModel(historyView3); anchors.fill: parent } }
     Component { id: settingComponent; SettingView { id: settingView4; vm: testApp.createSettingViewModel(settingView4); anchors.fill: parent } }
-    Component { id: updateAlertComponent; AppUpdateAlert { } }
-    Component { id: confirmationComponent; CallConfirmationDialog { } }
+    Component { id: updateAlertComponent; AppUpdateAlert { checker: testApp.checkNewVersionService } }
+    Component { id: confirmationComponent; CallConfirmationDialog { confirmation: testApp.confirmation; } }
 
     function show(component) {
         const view = createTemporaryObject(component, testCase)

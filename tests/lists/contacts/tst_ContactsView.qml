@@ -29,7 +29,7 @@ TestCase {
 
     SignalSpy {
         id: notices
-        target: Service
+        target: service
         signalName: "notice"
     }
 

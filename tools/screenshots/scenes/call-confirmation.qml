@@ -19,5 +19,5 @@ Item {
         defaults.setString("prefix", "#31#")
     }
     Loader { anchors.fill: parent; active: true; sourceComponent: MainView { app: testApp; } }
-    CallConfirmationDialog { }
+    CallConfirmationDialog { confirmation: testApp.confirmation; }
 }

@@ -13,7 +13,7 @@ Item {
     property bool stored: defaults.boolForKey("isReadUserGuide")
     UserGuideForQuietonView { id: guide; anchors.fill: parent }
     Connections {
-        target: UserDefaultsService
+        target: defaults
         function onValueChanged(key) {
             if (key === "isReadUserGuide")
                 scene.stored = defaults.boolForKey(key)

@@ -16,7 +16,7 @@ TestCase {
 
     Component {
         id: appWindowComponent
-        AppWindow { }
+        AppWindow { app: testApp; }
     }
 
     function start() {
