@@ -29,7 +29,10 @@ Page {
         currentIndex: mainView.vm.selectedTab
 
         TabPage { current: tabs.currentIndex === 0; component: Component { DialerView { } } }
-        TabPage { current: tabs.currentIndex === 1; component: Component { ContactsView { } } }
+        TabPage {
+            current: tabs.currentIndex === 1
+            component: Component { ContactsView { id: contacts; vm: QuietonApp.newContactsViewModel(contacts) } }
+        }
         TabPage { current: tabs.currentIndex === 2; component: Component { HistoryView { } } }
         TabPage { current: tabs.currentIndex === 3; component: Component { SettingView { } } }
     }

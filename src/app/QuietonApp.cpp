@@ -1,6 +1,8 @@
 #include "QuietonApp.h"
 
 #include "CheckUpdate.h"
+#include "CrashManager.h"
+#include "Platform.h"
 #include "Service.h"
 #include "UserDefaultsService.h"
 #include "WidgetLink.h"
@@ -78,6 +80,12 @@ void QuietonApp::startUpdateCheckAfterFirstFrame()
         quickWindow->update();
         return;
     }
+}
+
+ContactsViewModel *QuietonApp::newContactsViewModel(QObject *screen)
+{
+    return new ContactsViewModel(*m_defaultsService, *m_service, Platform::addressBook(), Platform::urlOpener(),
+                                 CrashManager::shared(), screen);
 }
 
 bool QuietonApp::hasCompletedFirstLaunch() const

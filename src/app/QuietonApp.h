@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppDelegate.h"
+#include "ContactsViewModel.h"
 
 #include <QList>
 #include <QObject>
@@ -38,6 +39,9 @@ public:
 
     UserDefaultsService *defaultsService() const { return m_defaultsService; }
     Service *service() const { return m_service; }
+
+    // The model of a contacts screen, owned by `screen`.
+    Q_INVOKABLE ContactsViewModel *newContactsViewModel(QObject *screen);
 
     // Read afresh from the settings on every evaluation.
     bool hasCompletedFirstLaunch() const;

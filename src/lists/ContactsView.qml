@@ -13,7 +13,7 @@ Page {
     objectName: "contactsView"
 
     property int sizeCategory: ContentSizeCategory.current
-    readonly property ContactsViewModel vm: ContactsViewModel { }
+    required property ContactsViewModel vm
     property bool showingCallAlert: false
     property bool showingErrorDialNumberAlert: false
     readonly property bool isInputContactsActive: searchField.activeFocus
