@@ -31,7 +31,7 @@ Page {
         TabPage { current: tabs.currentIndex === 0; component: Component { DialerView { } } }
         TabPage {
             current: tabs.currentIndex === 1
-            component: Component { ContactsView { id: contacts; vm: QuietonApp.newContactsViewModel(contacts) } }
+            component: Component { ContactsView { id: contacts; vm: QuietonApp.makeContactsViewModel(contacts) } }
         }
         TabPage { current: tabs.currentIndex === 2; component: Component { HistoryView { } } }
         TabPage { current: tabs.currentIndex === 3; component: Component { SettingView { } } }

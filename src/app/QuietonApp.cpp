@@ -82,10 +82,12 @@ void QuietonApp::startUpdateCheckAfterFirstFrame()
     }
 }
 
-ContactsViewModel *QuietonApp::newContactsViewModel(QObject *screen)
+ContactsViewModel *QuietonApp::makeContactsViewModel(QObject *owner)
 {
-    return new ContactsViewModel(*m_defaultsService, *m_service, Platform::addressBook(), Platform::urlOpener(),
-                                 CrashManager::shared(), screen);
+    auto *model = new ContactsViewModel(*m_defaultsService, *m_service, Platform::addressBook(), Platform::urlOpener(),
+                                        CrashManager::shared(), owner);
+    QJSEngine::setObjectOwnership(model, QJSEngine::CppOwnership);
+    return model;
 }
 
 bool QuietonApp::hasCompletedFirstLaunch() const

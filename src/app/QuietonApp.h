@@ -40,8 +40,8 @@ public:
     UserDefaultsService *defaultsService() const { return m_defaultsService; }
     Service *service() const { return m_service; }
 
-    // The model of a contacts screen, owned by `screen`.
-    Q_INVOKABLE ContactsViewModel *newContactsViewModel(QObject *screen);
+    // The model of a contacts screen, made for the screen `owner` that keeps it.
+    Q_INVOKABLE ContactsViewModel *makeContactsViewModel(QObject *owner);
 
     // Read afresh from the settings on every evaluation.
     bool hasCompletedFirstLaunch() const;

@@ -292,39 +292,27 @@ private slots:
         QCOMPARE(visibleNames(*model), names(model->contactsArray()));
     }
 
-    // Deleting letters and re-sorting under a search must give what a fresh
-    // search would.
-    void searchFollowsDeletingAndSorting()
-    {
-        writeBook({ { "Sam", "Ansel", { "1" } }, { "Ann", "Zed", { "2" } }, { "Bo", "Nann", { "3" } }, { "Al", "Cook", { "4" } } });
-        setSort(0, true);
-        auto model = loaded();
-        model->setSearchText(QStringLiteral("anne"));
-        QCOMPARE(visibleNames(*model), QStringList());
-        model->setSearchText(QStringLiteral("an"));
-        QCOMPARE(visibleNames(*model), (QStringList{ "Sam", "Ann", "Bo" }));
-        model->sortContacts();
-        QCOMPARE(visibleNames(*model), (QStringList{ "Ann", "Bo", "Sam" }));
-        model->setComparator(false);
-        model->setSearchText(QStringLiteral("a"));
-        QCOMPARE(visibleNames(*model), (QStringList{ "Sam", "Bo", "Ann", "Al" }));
-    }
-
-    void searchTypedWhileTheBookIsStillArriving()
+    // People who arrive, and sorts made, while a search is on: the rows a
+    // fresh search would give.
+    void searchFollowsArrivalsAndSorting()
     {
         QList<Card> many;
-        for (int i = 0; i < 5000; ++i)
-            many.append({ i % 2 ? QStringLiteral("Odd%1").arg(i) : QStringLiteral("Even%1").arg(i), "", {} });
+        for (int i = 0; i < 3000; ++i)
+            many.append({ (i % 2 ? QStringLiteral("Odd%1") : QStringLiteral("Even%1")).arg(i), "", {} });
         writeBook(many);
-        setSort(3, true);
+        setSort(0, false);
         auto model = newModel();
         QSignalSpy done(model.get(), &ContactsViewModel::contactsLoaded);
         model->setSearchText(QStringLiteral("odd"));
         model->updateContacts();
         QVERIFY(done.wait(5000));
-        QCOMPARE(model->contactsArray().size(), 5000);
-        QCOMPARE(visibleNames(*model).size(), 2500);
-        QCOMPARE(visibleNames(*model).last(), QStringLiteral("Odd4999"));
+        QCOMPARE(visibleNames(*model).size(), 1500);
+        QCOMPARE(visibleNames(*model).last(), QStringLiteral("Odd2999"));
+        model->sortContacts();
+        QCOMPARE(visibleNames(*model).first(), QStringLiteral("Odd999"));
+        model->setComparator(true);
+        model->setSearchText(QStringLiteral("odd1"));
+        QCOMPARE(visibleNames(*model).first(), QStringLiteral("Odd1"));
     }
 };
 
