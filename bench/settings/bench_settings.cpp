@@ -4,7 +4,9 @@
 // switch, reset. Settings go to a real settings file in a temporary home.
 // Prints medians; the target is in the output.
 #include "Clock.h"
+#include "HistoryCallDataService.h"
 #include "Output.h"
+#include "Platform.h"
 #include "SettingViewModel.h"
 #include "Statistics.h"
 #include "TemporaryHome.h"
@@ -69,10 +71,11 @@ int main(int argc, char *argv[])
     QGuiApplication app(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Material"));
     UserDefaultsService::shared();
+    HistoryCallDataService history(Platform::dataDirectory() + QStringLiteral("/CallHistoryData.sqlite"));
 
-    report(QStringLiteral("model creation"), medianMs(50, [](int) { SettingViewModel vm; }), 0);
+    report(QStringLiteral("model creation"), medianMs(50, [&](int) { SettingViewModel vm(&history); }), 0);
 
-    SettingViewModel vm;
+    SettingViewModel vm(&history);
     // Catalogue lookups print their log line; keep it out of the numbers' way.
     report(QStringLiteral("tap: country with one prefix (stores it)"),
            medianMs(200, [&](int i) { vm.selectCountry(i % 2 ? QStringLiteral("Japan") : QStringLiteral("China")); }),

@@ -237,7 +237,7 @@ bool writeHistory(const QString &home, const QList<Person> &people)
             record.telephone = QString::fromUtf8(phoneNumber(random));
         }
     });
-    return HistoryCallDataService(path).count() == historyRows;
+    return bench::storedHistoryCount(path) == historyRows;
 }
 
 bool prepareHome(const QString &home)
@@ -475,7 +475,7 @@ int runOnce(int argc, char *argv[], const QString &home)
     // Up: the first frame. Idle: the history read in, nothing queued.
     frames.waitForFrameAfter(0, "no first frame");
     std::printf("stamp window %lld\n", frames.frameNs());
-    HistoryCallDataService *history = HistoryCallDataService::shared();
+    HistoryCallDataService *history = quietonApp.historyDataService();
     waitUntil([history] { return !history->isFetchingInBackground(); }, "the history was not read");
     QCoreApplication::processEvents();
     std::printf("stamp idle %lld\n", monotonicNs());

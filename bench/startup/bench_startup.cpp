@@ -42,7 +42,7 @@ bool writeHistory(const QString &home, int rows)
         record.lastName = QStringLiteral("Last%1").arg(i % 700);
         record.telephone = QStringLiteral("+33 6 %1").arg(10000000 + i % 5000);
     });
-    return HistoryCallDataService(path).count() == rows;
+    return bench::storedHistoryCount(path) == rows;
 }
 
 // Launches the app repeatedly on `home` and prints the medians.

@@ -23,13 +23,13 @@ void populateHistory(const QString &path, int count, const std::function<void(in
             const QDateTime start(QDate(2023, 1, 1), QTime(8, 0));
             for (int i = 0; i < count; ++i) {
                 HistoryData record;
-                record.setTime(HistoryCallDataService::timeText(start.addSecs(qint64(i) * 317)));
+                record.time = HistoryCallDataService::timeText(start.addSecs(qint64(i) * 317));
                 record.callHidden = i % 2;
                 describe(i, record);
                 insert.bindValue(0, record.firstName);
                 insert.bindValue(1, record.lastName);
                 insert.bindValue(2, record.telephone);
-                insert.bindValue(3, record.time());
+                insert.bindValue(3, record.time);
                 insert.bindValue(4, int(record.callHidden));
                 insert.exec();
             }
@@ -38,6 +38,13 @@ void populateHistory(const QString &path, int count, const std::function<void(in
         db.close();
     }
     QSqlDatabase::removeDatabase(connection);
+}
+
+qsizetype storedHistoryCount(const QString &path)
+{
+    HistoryCallDataService store(path);
+    store.fetchHistory();
+    return store.savedEntities().size();
 }
 
 } // namespace bench

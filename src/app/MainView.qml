@@ -10,7 +10,7 @@ Page {
     readonly property MainViewModel vm: MainViewModel { }
     property bool shouldShowBannerAd: false
     readonly property CallObserver callObserver: CallObserver { }
-    readonly property CallObserverDelegate callObserverDelegate: CallObserverDelegate { }
+    readonly property CallObserverDelegate callObserverDelegate: QuietonApp.makeCallObserverDelegate(mainView)
 
     Component.onCompleted: {
         vm.recordMainViewBuilt()
@@ -33,7 +33,10 @@ Page {
             current: tabs.currentIndex === 1
             component: Component { ContactsView { id: contacts; vm: QuietonApp.makeContactsViewModel(contacts) } }
         }
-        TabPage { current: tabs.currentIndex === 2; component: Component { HistoryView { } } }
+        TabPage {
+            current: tabs.currentIndex === 2
+            component: Component { HistoryView { id: history; vm: QuietonApp.makeHistoryViewModel(history) } }
+        }
         TabPage { current: tabs.currentIndex === 3; component: Component { SettingView { } } }
     }
 

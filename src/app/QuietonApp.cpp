@@ -1,9 +1,14 @@
 #include "QuietonApp.h"
 
+#include "CallObserverDelegate.h"
 #include "CheckUpdate.h"
+#include "ContactsViewModel.h"
 #include "CrashManager.h"
+#include "HistoryCallDataService.h"
+#include "HistoryViewModel.h"
 #include "Platform.h"
 #include "Service.h"
+#include "SettingViewModel.h"
 #include "UserDefaultsService.h"
 #include "WidgetLink.h"
 
@@ -30,7 +35,12 @@ void QuietonApp::limitHeaps()
 }
 
 QuietonApp::QuietonApp(QObject *parent)
-    : QObject(parent), m_defaultsService(UserDefaultsService::shared()), m_service(Service::shared())
+    : QObject(parent),
+      m_defaultsService(UserDefaultsService::shared()),
+      m_service(Service::shared()),
+      m_historyDataService(std::make_unique<HistoryCallDataService>(
+          Platform::dataDirectory() + QLatin1Char('/') + QLatin1StringView(HistoryCallDataService::containerName)
+          + QStringLiteral(".sqlite")))
 {
     m_appDelegate.didFinishLaunching();
     theApp = this;
@@ -48,6 +58,35 @@ QuietonApp::~QuietonApp()
 {
     if (theApp == this)
         theApp = nullptr;
+}
+
+CallObserverDelegate *QuietonApp::makeCallObserverDelegate(QObject *owner)
+{
+    auto *delegate = new CallObserverDelegate(m_historyDataService.get(), m_defaultsService, m_service, owner);
+    QJSEngine::setObjectOwnership(delegate, QJSEngine::CppOwnership);
+    return delegate;
+}
+
+SettingViewModel *QuietonApp::makeSettingViewModel(QObject *owner)
+{
+    auto *model = new SettingViewModel(m_historyDataService.get(), owner);
+    QJSEngine::setObjectOwnership(model, QJSEngine::CppOwnership);
+    return model;
+}
+
+HistoryViewModel *QuietonApp::makeHistoryViewModel(QObject *owner)
+{
+    auto *model = new HistoryViewModel(*m_historyDataService, *m_defaultsService, *m_service, owner);
+    QJSEngine::setObjectOwnership(model, QJSEngine::CppOwnership);
+    return model;
+}
+
+ContactsViewModel *QuietonApp::makeContactsViewModel(QObject *owner)
+{
+    auto *model = new ContactsViewModel(*m_defaultsService, *m_service, Platform::addressBook(), Platform::urlOpener(),
+                                        CrashManager::shared(), owner);
+    QJSEngine::setObjectOwnership(model, QJSEngine::CppOwnership);
+    return model;
 }
 
 QuietonApp *QuietonApp::instance()
@@ -80,14 +119,6 @@ void QuietonApp::startUpdateCheckAfterFirstFrame()
         quickWindow->update();
         return;
     }
-}
-
-ContactsViewModel *QuietonApp::makeContactsViewModel(QObject *owner)
-{
-    auto *model = new ContactsViewModel(*m_defaultsService, *m_service, Platform::addressBook(), Platform::urlOpener(),
-                                        CrashManager::shared(), owner);
-    QJSEngine::setObjectOwnership(model, QJSEngine::CppOwnership);
-    return model;
 }
 
 bool QuietonApp::hasCompletedFirstLaunch() const

@@ -1,16 +1,28 @@
 #pragma once
 
 #include "AppDelegate.h"
-#include "ContactsViewModel.h"
 
 #include <QList>
 #include <QObject>
 #include <QUrl>
+
+#include <memory>
 #include <QtQml/qqmlregistration.h>
 
+Q_MOC_INCLUDE("CallObserverDelegate.h")
+Q_MOC_INCLUDE("ContactsViewModel.h")
+Q_MOC_INCLUDE("HistoryCallDataService.h")
+Q_MOC_INCLUDE("HistoryViewModel.h")
+Q_MOC_INCLUDE("SettingViewModel.h")
+
+class CallObserverDelegate;
+class ContactsViewModel;
+class HistoryCallDataService;
+class HistoryViewModel;
 class QJSEngine;
 class QQmlEngine;
 class Service;
+class SettingViewModel;
 class UserDefaultsService;
 
 // The application root: start-up of the shared objects, the choice between
@@ -21,6 +33,7 @@ class QuietonApp : public QObject
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(bool hasCompletedFirstLaunch READ hasCompletedFirstLaunch NOTIFY hasCompletedFirstLaunchChanged)
+    Q_PROPERTY(HistoryCallDataService *historyDataService READ historyDataService CONSTANT)
 
 public:
     // Call first in main(): every thread that allocates would otherwise get
@@ -39,8 +52,14 @@ public:
 
     UserDefaultsService *defaultsService() const { return m_defaultsService; }
     Service *service() const { return m_service; }
+    // The call history store in the app's data folder.
+    HistoryCallDataService *historyDataService() const { return m_historyDataService.get(); }
 
-    // The model of a contacts screen, made for the screen `owner` that keeps it.
+    // The models of the screens, made with the shared objects for the
+    // screen `owner` that keeps them.
+    Q_INVOKABLE CallObserverDelegate *makeCallObserverDelegate(QObject *owner);
+    Q_INVOKABLE SettingViewModel *makeSettingViewModel(QObject *owner);
+    Q_INVOKABLE HistoryViewModel *makeHistoryViewModel(QObject *owner);
     Q_INVOKABLE ContactsViewModel *makeContactsViewModel(QObject *owner);
 
     // Read afresh from the settings on every evaluation.
@@ -74,6 +93,7 @@ private:
     AppDelegate m_appDelegate;
     UserDefaultsService *m_defaultsService;
     Service *m_service;
+    std::unique_ptr<HistoryCallDataService> m_historyDataService;
     bool m_mainViewShown = false;
     QList<QUrl> m_waitingLinks;
 };

@@ -41,7 +41,7 @@ QByteArray residentKib()
 
 // For the start-up benchmark: the monotonic time of the first frame and of
 // the first moment after it with nothing queued, and the resident memory then.
-void reportStartup(QQmlApplicationEngine &engine)
+void reportStartup(QQmlApplicationEngine &engine, HistoryCallDataService *history)
 {
     auto *window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
     if (!window) {
@@ -49,7 +49,7 @@ void reportStartup(QQmlApplicationEngine &engine)
         QCoreApplication::exit(1);
         return;
     }
-    QObject::connect(window, &QQuickWindow::frameSwapped, window, [] {
+    QObject::connect(window, &QQuickWindow::frameSwapped, window, [history] {
         static bool seen = false;
         if (std::exchange(seen, true))
             return;
@@ -64,7 +64,6 @@ void reportStartup(QQmlApplicationEngine &engine)
             });
         };
         // Idle also means the call history has been read in.
-        HistoryCallDataService *history = HistoryCallDataService::shared();
         if (history->isFetchingInBackground())
             QObject::connect(history, &HistoryCallDataService::savedEntitiesChanged, history, reportWhenIdle,
                              Qt::SingleShotConnection);
@@ -120,6 +119,6 @@ int main(int argc, char *argv[])
     if (link.isValid() && !link.isEmpty())
         quietonApp.deliverLink(link);
     if (arguments.isSet(startupReport))
-        reportStartup(engine);
+        reportStartup(engine, quietonApp.historyDataService());
     return application.exec();
 }

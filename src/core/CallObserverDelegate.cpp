@@ -6,11 +6,6 @@
 
 #include <QTextStream>
 
-CallObserverDelegate::CallObserverDelegate(QObject *parent)
-    : CallObserverDelegate(HistoryCallDataService::shared(), UserDefaultsService::shared(), Service::shared(), parent)
-{
-}
-
 CallObserverDelegate::CallObserverDelegate(HistoryCallDataService *historyDataService,
                                            UserDefaultsService *defaultsService, Service *service, QObject *parent)
     : QObject(parent),

@@ -16,10 +16,9 @@ class CallObserverDelegate : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("The call observer delegate is made by the app")
 
 public:
-    // With the shared history store, settings store and service.
-    explicit CallObserverDelegate(QObject *parent = nullptr);
     CallObserverDelegate(HistoryCallDataService *historyDataService, UserDefaultsService *defaultsService,
                          Service *service, QObject *parent = nullptr);
 

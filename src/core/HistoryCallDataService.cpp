@@ -1,45 +1,41 @@
 #include "HistoryCallDataService.h"
 
-#include "Platform.h"
-
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QJSEngine>
-#include <QThreadPool>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QTextStream>
+#include <QUrl>
+#include <QtConcurrent>
 
 #include <algorithm>
-#include <vector>
+#include <atomic>
+#include <limits>
 
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
+#include <unistd.h>
 
 namespace {
 
-// SQLite's primary result codes that mean "this file is not a usable database".
+// SQLite's primary result codes that mean "this file is damaged".
 constexpr int sqliteCorrupt = 11;
 constexpr int sqliteNotADatabase = 26;
 
-const QString insertStatement = QStringLiteral(
-    "INSERT INTO HistoryData (firstName, lastName, telephone, time, callHidden) VALUES (?, ?, ?, ?, ?)");
-const QString selectColumns = QStringLiteral("SELECT rowid, firstName, lastName, telephone, time, callHidden FROM HistoryData");
+const QString selectColumns =
+    QStringLiteral("SELECT rowid, firstName, lastName, telephone, time, callHidden FROM HistoryData");
 
 QString describe(const QSqlError &error)
 {
-    QString text = error.text().trimmed();
+    const QString text = error.text().trimmed();
     return text.isEmpty() ? QStringLiteral("unknown error") : text;
 }
 
-int sqliteCode(const QSqlError &error)
+bool isDamage(const QSqlError &error)
 {
     bool ok = false;
-    const int code = error.nativeErrorCode().toInt(&ok);
-    return ok ? (code & 0xff) : -1;
+    const int code = error.nativeErrorCode().toInt(&ok) & 0xff;
+    return ok && (code == sqliteCorrupt || code == sqliteNotADatabase);
 }
 
 // A null string is stored as NULL, anything else as text.
@@ -48,41 +44,13 @@ QVariant textValue(const QString &text)
     return text.isNull() ? QVariant(QMetaType::fromType<QString>()) : QVariant(text);
 }
 
-QString readText(const QVariant &value)
-{
-    return value.isNull() ? QString() : value.toString();
-}
-
-// Calls repeat the same names and numbers: equal texts share one copy. A
-// fixed table of recent texts, indexed by hash, keeps the cost of a lookup
-// flat however many different texts a history holds.
-class TextPool
-{
-public:
-    QString share(QString text)
-    {
-        if (text.isEmpty())
-            return text;
-        QString &slot = m_slots[qHash(text) % m_slots.size()];
-        if (slot != text)
-            slot = std::move(text);
-        return slot;
-    }
-
-private:
-    std::vector<QString> m_slots = std::vector<QString>(1 << 16);
-};
-
 HistoryData readRecord(const QSqlQuery &query)
 {
-    HistoryData r;
-    r.objectId = query.value(0).toLongLong();
-    r.firstName = readText(query.value(1));
-    r.lastName = readText(query.value(2));
-    r.telephone = readText(query.value(3));
-    r.setTime(readText(query.value(4)));
-    r.callHidden = query.value(5).toBool();
-    return r;
+    const auto text = [&](int column) {
+        const QVariant value = query.value(column);
+        return value.isNull() ? QString() : value.toString();
+    };
+    return HistoryData{ query.value(0).toLongLong(), text(1), text(2), text(3), text(4), query.value(5).toBool() };
 }
 
 void log(const QString &line)
@@ -90,125 +58,125 @@ void log(const QString &line)
     QTextStream(stdout) << line << Qt::endl;
 }
 
+QString newConnectionName()
+{
+    static std::atomic<int> count = 0;
+    return QStringLiteral("HistoryCallDataService-%1").arg(++count);
+}
+
+// Copies every row of `from` that can be read into `to`, ids kept. A damaged
+// page fails the reads that touch it: the rows after it are found again by
+// looking further on, first in growing steps, then by halving the gap.
+int copyReadableRows(const QSqlDatabase &from, const QSqlDatabase &to)
+{
+    QSqlQuery read(from), insert(to);
+    read.setForwardOnly(true);
+    insert.prepare(QStringLiteral("INSERT INTO HistoryData (rowid, firstName, lastName, telephone, time, callHidden) "
+                                  "VALUES (?, ?, ?, ?, ?, ?)"));
+    const auto readsAfter = [&](qint64 after) {
+        read.prepare(selectColumns + QStringLiteral(" WHERE rowid > ? ORDER BY rowid LIMIT 1"));
+        read.addBindValue(after);
+        return read.exec() && (read.next() || !read.lastError().isValid());
+    };
+    constexpr qint64 last = std::numeric_limits<qint64>::max();
+    qint64 after = std::numeric_limits<qint64>::min();
+    int copied = 0;
+    for (;;) {
+        read.prepare(selectColumns + QStringLiteral(" WHERE rowid > ? ORDER BY rowid"));
+        read.addBindValue(after);
+        bool ok = read.exec();
+        while (ok && read.next()) {
+            const HistoryData r = readRecord(read);
+            after = r.objectId;
+            const QVariantList values{ r.objectId, textValue(r.firstName), textValue(r.lastName),
+                                       textValue(r.telephone), textValue(r.time), r.callHidden ? 1 : 0 };
+            for (int i = 0; i < values.size(); ++i)
+                insert.bindValue(i, values[i]);
+            copied += insert.exec() ? 1 : 0;
+        }
+        if (ok && !read.lastError().isValid())
+            return copied;
+        // Ids are searched as distances from `after`, which never overflow.
+        const auto plus = [](qint64 id, quint64 distance) { return qint64(quint64(id) + distance); };
+        qint64 failing = after;
+        quint64 step = 1;
+        while (step != 0 && step <= quint64(last) - quint64(failing) && !readsAfter(plus(failing, step))) {
+            failing = plus(failing, step);
+            step *= 2;
+        }
+        if (step == 0 || step > quint64(last) - quint64(failing))
+            return copied;
+        qint64 working = plus(failing, step);
+        while (quint64(working) - quint64(failing) > 1) {
+            const qint64 middle = plus(failing, (quint64(working) - quint64(failing)) / 2);
+            (readsAfter(middle) ? working : failing) = middle;
+        }
+        after = working;
+    }
+}
+
 } // namespace
 
-HistoryCallDataService *HistoryCallDataService::shared()
-{
-    static HistoryCallDataService *const instance = new HistoryCallDataService(
-        Platform::dataDirectory() + QLatin1Char('/') + QLatin1StringView(containerName) + QStringLiteral(".sqlite"),
-        FirstFetch::InBackground);
-    return instance;
-}
-
-HistoryCallDataService *HistoryCallDataService::create(QQmlEngine *, QJSEngine *)
-{
-    HistoryCallDataService *instance = shared();
-    QJSEngine::setObjectOwnership(instance, QJSEngine::CppOwnership);
-    return instance;
-}
-
-HistoryCallDataService::HistoryCallDataService(const QString &databasePath, FirstFetch firstFetch, QObject *parent)
-    : QObject(parent),
+HistoryCallDataService::HistoryCallDataService(const QString &databasePath, QObject *parent)
+    : QAbstractListModel(parent),
       m_databasePath(databasePath),
-      m_connectionName(QStringLiteral("HistoryCallDataService-%1").arg(quintptr(this), 0, 16)),
+      m_connectionName(newConnectionName()),
       m_clock([] { return QDateTime::currentDateTime(); })
 {
     QString error;
-    LoadResult result = loadStore(error);
-    if (result != LoadResult::Loaded)
+    switch (openStore(error)) {
+    case Opened:
+        startFirstRead();
+        break;
+    case Damaged:
         log(QStringLiteral("## Error loading Core data :") + error);
-    if (result == LoadResult::Unreadable && moveAsideUnreadableFile()) {
-        QString retryError;
-        if (loadStore(retryError) != LoadResult::Loaded)
-            log(QStringLiteral("## Error loading Core data :") + retryError);
+        setAsideDamagedFile();
+        break;
+    case Failed:
+        log(QStringLiteral("## Error loading Core data :") + error);
+        break;
     }
-    if (firstFetch == FirstFetch::InBackground && m_loaded)
-        startBackgroundFetch();
-    else
-        fetchHistory();
 }
 
 HistoryCallDataService::~HistoryCallDataService()
 {
-    if (m_backgroundFetch.valid())
-        m_backgroundFetch.wait();
+    if (m_firstReadPending)
+        m_firstRead.waitForFinished();
     closeStore();
 }
 
-HistoryCallDataService::FetchResult HistoryCallDataService::readAllRecords(const QString &databasePath)
+int HistoryCallDataService::rowCount(const QModelIndex &parent) const
 {
-    FetchResult result;
-    const QString connection = QStringLiteral("HistoryCallDataService-reader-%1").arg(quintptr(&result), 0, 16);
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
-        db.setDatabaseName(databasePath);
-        db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY;QSQLITE_BUSY_TIMEOUT=5000"));
-        QSqlQuery query(db);
-        query.setForwardOnly(true);
-        bool ok = db.open() && query.exec(QStringLiteral("SELECT count(*) FROM HistoryData")) && query.next();
-        if (ok)
-            result.rows.reserve(query.value(0).toLongLong());
-        ok = ok && query.exec(selectColumns + QStringLiteral(" ORDER BY rowid"));
-        TextPool pool;
-        while (ok && query.next()) {
-            HistoryData record = readRecord(query);
-            record.firstName = pool.share(std::move(record.firstName));
-            record.lastName = pool.share(std::move(record.lastName));
-            record.telephone = pool.share(std::move(record.telephone));
-            result.rows.append(std::move(record));
-        }
-        if (!ok || query.lastError().isValid()) {
-            result.error = describe(query.lastError().isValid() ? query.lastError() : db.lastError());
-            result.rows.clear();
-        } else {
-            result.ok = true;
-        }
-        query = QSqlQuery();
-        db.close();
-    }
-    QSqlDatabase::removeDatabase(connection);
-    return result;
+    return parent.isValid() ? 0 : int(m_records.size());
 }
 
-void HistoryCallDataService::startBackgroundFetch()
+QVariant HistoryCallDataService::data(const QModelIndex &index, int role) const
 {
-    QString error;
-    if (!readDataVersion(m_versionBeforeBackgroundFetch, error)) {
-        fetchHistory();
-        return;
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const HistoryData &record = m_records.at(index.row());
+    const auto text = [](const QString &value) { return value.isNull() ? QVariant() : QVariant(value); };
+    switch (role) {
+    case ObjectIdRole:
+        return record.objectId;
+    case FirstNameRole:
+        return text(record.firstName);
+    case LastNameRole:
+        return text(record.lastName);
+    case TelephoneRole:
+        return text(record.telephone);
+    case TimeRole:
+        return text(record.time);
+    case CallHiddenRole:
+        return record.callHidden;
     }
-    // The worker asks for the records to be published before it finishes;
-    // the destructor waits for it, so the request never outlives the store
-    // (Qt drops events posted to an object that is gone).
-    auto task = std::make_shared<std::packaged_task<FetchResult()>>([this, path = m_databasePath] {
-        FetchResult result = readAllRecords(path);
-        QMetaObject::invokeMethod(this, &HistoryCallDataService::waitForBackgroundFetch, Qt::QueuedConnection);
-        return result;
-    });
-    m_backgroundFetch = task->get_future();
-    QThreadPool::globalInstance()->start([task] { (*task)(); });
+    return {};
 }
 
-void HistoryCallDataService::waitForBackgroundFetch()
+QHash<int, QByteArray> HistoryCallDataService::roleNames() const
 {
-    if (!m_backgroundFetch.valid())
-        return;
-    FetchResult result = m_backgroundFetch.get();
-    if (!result.ok) {
-        log(QStringLiteral("## Error fetch: ") + result.error);
-        return;
-    }
-    // The rows are the table as it is now if no other connection wrote
-    // since this one opened (the worker read after that).
-    qint64 version = 0;
-    QString error;
-    const bool unchanged = readDataVersion(version, error) && version == m_versionBeforeBackgroundFetch;
-    publishAll(std::move(result.rows), version);
-    m_inSync = unchanged;
-#ifdef __GLIBC__
-    // The read left the worker's heap full of freed query buffers; hand them back.
-    malloc_trim(0);
-#endif
+    return { { ObjectIdRole, "objectId" }, { FirstNameRole, "firstName" }, { LastNameRole, "lastName" },
+             { TelephoneRole, "telephone" }, { TimeRole, "time" },         { CallHiddenRole, "callHidden" } };
 }
 
 QSqlDatabase HistoryCallDataService::database() const
@@ -216,27 +184,24 @@ QSqlDatabase HistoryCallDataService::database() const
     return QSqlDatabase::database(m_connectionName, false);
 }
 
-HistoryCallDataService::LoadResult HistoryCallDataService::loadStore(QString &error)
+HistoryCallDataService::OpenResult HistoryCallDataService::openStore(QString &error)
 {
     closeStore();
     const QFileInfo file(m_databasePath);
-    if (!QDir().mkpath(file.absolutePath())) {
-        error = QStringLiteral("cannot create the folder %1").arg(file.absolutePath());
-        return LoadResult::Failed;
+    const QString folder = file.absolutePath();
+    if (!QDir().mkpath(folder)) {
+        error = QStringLiteral("cannot create the folder %1").arg(folder);
+        return Failed;
     }
     if (file.exists() && !file.isFile()) {
         error = QStringLiteral("%1 is not a file").arg(m_databasePath);
-        return LoadResult::Failed;
+        return Failed;
     }
+    // SQLite needs the folder too, for its journal files.
+    const bool writable = ::access(QFile::encodeName(folder).constData(), W_OK) == 0
+        && (!file.exists() || ::access(QFile::encodeName(m_databasePath).constData(), W_OK) == 0);
 
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
-    db.setDatabaseName(m_databasePath);
-    db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=5000"));
-    if (!db.open()) {
-        error = describe(db.lastError());
-        return sqliteCode(db.lastError()) == sqliteNotADatabase ? LoadResult::Unreadable : LoadResult::Failed;
-    }
-
     QSqlQuery query(db);
     const auto run = [&](const QString &statement) {
         if (query.exec(statement))
@@ -244,78 +209,287 @@ HistoryCallDataService::LoadResult HistoryCallDataService::loadStore(QString &er
         error = describe(query.lastError());
         return false;
     };
-    // A new file keeps its text as UTF-16, the form QString reads without
-    // conversion; an existing file keeps the encoding it has.
-    bool ok = run(QStringLiteral("PRAGMA encoding = 'UTF-16le'"));
-    ok = ok && run(QStringLiteral("PRAGMA journal_mode=WAL"));
-    // A commit reaches the operating system before saveData() returns, so a
-    // record survives the app being killed at any moment. The disk is synced
-    // at checkpoints rather than on every record (a sync costs milliseconds
-    // here): a power cut may lose the latest records, never the file.
-    ok = ok && run(QStringLiteral("PRAGMA synchronous=NORMAL"));
-    ok = ok
-        && run(QStringLiteral("CREATE TABLE IF NOT EXISTS HistoryData "
-                              "(firstName TEXT, lastName TEXT, telephone TEXT, time TEXT, callHidden INTEGER)"));
-    if (ok) {
-        // A table from an older or foreign file may lack columns: add them, keep its rows.
-        QStringList present;
-        ok = run(QStringLiteral("PRAGMA table_info(HistoryData)"));
-        while (ok && query.next())
-            present.append(query.value(1).toString());
-        const QStringList wanted = { QStringLiteral("firstName"), QStringLiteral("lastName"),
-                                     QStringLiteral("telephone"), QStringLiteral("time"),
-                                     QStringLiteral("callHidden") };
-        for (const QString &column : wanted) {
-            if (ok && !present.contains(column, Qt::CaseInsensitive)) {
-                const QString type = column == QLatin1StringView("callHidden") ? QStringLiteral("INTEGER")
-                                                                               : QStringLiteral("TEXT");
-                ok = run(QStringLiteral("ALTER TABLE HistoryData ADD COLUMN %1 %2").arg(column, type));
-            }
+    int version = 0;
+    const auto openAs = [&](const QString &name, const QString &options) {
+        db.close();
+        db.setDatabaseName(name);
+        db.setConnectOptions(options);
+        if (!db.open()) {
+            error = describe(db.lastError());
+            return false;
+        }
+        query = QSqlQuery(db);
+        if (!run(QStringLiteral("PRAGMA user_version")) || !query.next())
+            return false;
+        version = query.value(0).toInt();
+        m_readName = name;
+        m_readOptions = options;
+        return true;
+    };
+    // Read-only: as it is when SQLite can keep its shared-memory file next to
+    // it, else as a file that nobody changes while it is open.
+    const auto openReadOnly = [&] {
+        m_readOnly = true;
+        const QString url = QUrl::fromLocalFile(m_databasePath).toString(QUrl::FullyEncoded);
+        const QString options = QStringLiteral("QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=5000");
+        return openAs(url + QStringLiteral("?mode=ro"), options)
+            || openAs(url + QStringLiteral("?immutable=1"), options);
+    };
+
+    bool ok;
+    if (!writable) {
+        ok = openReadOnly();
+        if (ok)
+            log(QStringLiteral("The call history file %1 cannot be written here; it is shown read-only and new calls "
+                               "are not recorded.").arg(m_databasePath));
+    } else {
+        m_readOnly = false;
+        ok = openAs(m_databasePath, QStringLiteral("QSQLITE_BUSY_TIMEOUT=5000"));
+        if (ok && version > schemaVersion) {
+            ok = openReadOnly();
+            if (ok)
+                log(QStringLiteral("The call history file %1 comes from a newer version of the app; it is shown "
+                                   "read-only and never changed.").arg(m_databasePath));
+        } else if (ok) {
+            m_readName = m_databasePath;
+            m_readOptions = QStringLiteral("QSQLITE_OPEN_READONLY;QSQLITE_BUSY_TIMEOUT=5000");
+            // A commit reaches the operating system before saveData() returns,
+            // so a record survives the app being killed at any moment. The disk
+            // is synced at checkpoints rather than on every record: a power cut
+            // may lose the latest records, never the file.
+            ok = run(QStringLiteral("PRAGMA journal_mode=WAL")) && run(QStringLiteral("PRAGMA synchronous=NORMAL"));
+            if (ok && version < schemaVersion)
+                ok = migrate(db, error);
         }
     }
     if (!ok) {
-        const int code = sqliteCode(query.lastError());
+        const bool damaged = isDamage(query.lastError()) || isDamage(db.lastError());
         query = QSqlQuery();
+        db = QSqlDatabase();
         closeStore();
-        return code == sqliteNotADatabase || code == sqliteCorrupt ? LoadResult::Unreadable : LoadResult::Failed;
+        return damaged ? Damaged : Failed;
     }
     m_loaded = true;
-    return LoadResult::Loaded;
+    return Opened;
+}
+
+bool HistoryCallDataService::migrate(QSqlDatabase &db, QString &error)
+{
+    // A file of the first form has the table, or not yet, or one that lacks
+    // columns: one transaction brings it to the current form, rows kept.
+    QSqlQuery query(db);
+    const auto run = [&](const QString &statement) {
+        if (query.exec(statement))
+            return true;
+        error = describe(query.lastError());
+        return false;
+    };
+    bool ok = db.transaction();
+    if (!ok)
+        error = describe(db.lastError());
+    ok = ok
+        && run(QStringLiteral("CREATE TABLE IF NOT EXISTS HistoryData "
+                              "(firstName TEXT, lastName TEXT, telephone TEXT, time TEXT, callHidden INTEGER)"))
+        && run(QStringLiteral("PRAGMA table_info(HistoryData)"));
+    QStringList present;
+    while (ok && query.next())
+        present.append(query.value(1).toString().toLower());
+    for (const char *column : { "firstName", "lastName", "telephone", "time", "callHidden" }) {
+        const QString name = QString::fromLatin1(column);
+        if (ok && !present.contains(name.toLower()))
+            ok = run(QStringLiteral("ALTER TABLE HistoryData ADD COLUMN %1 %2")
+                         .arg(name, name == QLatin1StringView("callHidden") ? QStringLiteral("INTEGER")
+                                                                            : QStringLiteral("TEXT")));
+    }
+    ok = ok && run(QStringLiteral("PRAGMA user_version = %1").arg(schemaVersion));
+    if (ok && !db.commit()) {
+        ok = false;
+        error = describe(db.lastError());
+    }
+    if (!ok)
+        db.rollback();
+    return ok;
 }
 
 void HistoryCallDataService::closeStore()
 {
     m_loaded = false;
-    m_inSync = false;
+    m_dataVersion = -1;
     if (QSqlDatabase::contains(m_connectionName)) {
-        {
-            QSqlDatabase db = database();
-            db.close();
-        }
+        database().close();
         QSqlDatabase::removeDatabase(m_connectionName);
     }
 }
 
-bool HistoryCallDataService::moveAsideUnreadableFile()
+bool HistoryCallDataService::ensureLoaded(QString &error)
+{
+    // A store that could not be opened (a full disk, say) tries again at
+    // each use, so that it records again once the cause is gone.
+    if (m_loaded)
+        return true;
+    switch (openStore(error)) {
+    case Opened:
+        readAgain();
+        break;
+    case Damaged:
+        setAsideDamagedFile();
+        break;
+    case Failed:
+        break;
+    }
+    if (!m_loaded && error.isEmpty())
+        error = QStringLiteral("the call history store %1 is not loaded").arg(m_databasePath);
+    return m_loaded;
+}
+
+HistoryCallDataService::ReadResult HistoryCallDataService::readAll(const QSqlDatabase &db)
+{
+    ReadResult result;
+    QSqlQuery query(db);
+    query.setForwardOnly(true);
+    bool ok = query.exec(selectColumns + QStringLiteral(" ORDER BY rowid"));
+    while (ok && query.next())
+        result.rows.append(readRecord(query));
+    if (!ok || query.lastError().isValid()) {
+        result.error = describe(query.lastError());
+        result.damaged = isDamage(query.lastError());
+        result.rows.clear();
+    }
+    return result;
+}
+
+void HistoryCallDataService::startFirstRead()
+{
+    // Whatever another program writes from now on makes the next fetch read again.
+    m_dataVersion = dataVersion();
+    m_firstReadPending = true;
+    // The rows leave through a pointer: taking them moves them, and the
+    // future keeps nothing of them.
+    m_firstRead = QtConcurrent::run([name = m_readName, options = m_readOptions] {
+        const QString connection = newConnectionName();
+        auto result = std::make_shared<ReadResult>();
+        {
+            QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
+            db.setDatabaseName(name);
+            db.setConnectOptions(options);
+            if (db.open()) {
+                *result = readAll(db);
+            } else {
+                result->error = describe(db.lastError());
+                result->damaged = isDamage(db.lastError());
+            }
+        }
+        QSqlDatabase::removeDatabase(connection);
+        return result;
+    });
+    // Runs at once when the read is already done, and on this thread when
+    // waitForFirstRead() ends up running the read itself.
+    m_firstRead.then(this, [this](const std::shared_ptr<ReadResult> &result) {
+        if (m_firstReadPending)
+            takeFirstRead(std::move(*result));
+    });
+}
+
+void HistoryCallDataService::waitForFirstRead()
+{
+    if (!m_firstReadPending)
+        return;
+    m_firstRead.waitForFinished();
+    if (m_firstReadPending)
+        takeFirstRead(std::move(*m_firstRead.result()));
+}
+
+void HistoryCallDataService::takeFirstRead(ReadResult result)
+{
+    m_firstReadPending = false;
+    if (!result.error.isEmpty()) {
+        m_dataVersion = -1;
+        if (result.damaged && !m_readOnly)
+            setAsideDamagedFile();
+        else
+            log(QStringLiteral("## Error fetch: ") + result.error);
+        return;
+    }
+    publish(std::move(result.rows));
+}
+
+void HistoryCallDataService::publish(QList<HistoryData> rows)
+{
+    beginResetModel();
+    m_records = std::move(rows);
+    endResetModel();
+    emit savedEntitiesChanged();
+}
+
+qint64 HistoryCallDataService::dataVersion()
+{
+    QSqlQuery query(database());
+    return query.exec(QStringLiteral("PRAGMA data_version")) && query.next() ? query.value(0).toLongLong() : -1;
+}
+
+void HistoryCallDataService::readAgain()
+{
+    const qint64 version = dataVersion();
+    ReadResult result = readAll(database());
+    if (!result.error.isEmpty()) {
+        m_dataVersion = -1;
+        if (result.damaged && !m_readOnly)
+            setAsideDamagedFile();
+        else
+            log(QStringLiteral("## Error fetch: ") + result.error);
+        return;
+    }
+    m_dataVersion = version;
+    publish(std::move(result.rows));
+}
+
+void HistoryCallDataService::setAsideDamagedFile()
 {
     // The user's file is never deleted: it and its journal files move to a
-    // name of their own, and a new history starts in its place.
+    // name of their own, and what can still be read goes into a new file.
+    closeStore();
     const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-    QString aside = m_databasePath + QStringLiteral(".unreadable-") + stamp;
+    QString aside = m_databasePath + QStringLiteral(".damaged-") + stamp;
     for (int n = 2; QFileInfo::exists(aside) || QFileInfo::exists(aside + QStringLiteral("-wal")); ++n)
-        aside = m_databasePath + QStringLiteral(".unreadable-%1-%2").arg(stamp).arg(n);
+        aside = m_databasePath + QStringLiteral(".damaged-%1-%2").arg(stamp).arg(n);
     if (!QFile::rename(m_databasePath, aside)) {
-        log(QStringLiteral("The call history file %1 is unreadable and could not be moved aside; it stays as it is.")
+        log(QStringLiteral("The call history file %1 is damaged and could not be moved aside; it stays as it is.")
                 .arg(m_databasePath));
-        return false;
+        return;
     }
     for (const QString suffix : { QStringLiteral("-wal"), QStringLiteral("-shm") }) {
         if (QFileInfo::exists(m_databasePath + suffix))
             QFile::rename(m_databasePath + suffix, aside + suffix);
     }
-    log(QStringLiteral("The call history file was unreadable; it was kept as %1 and a new history was started.")
-            .arg(aside));
-    return true;
+    QString error;
+    if (openStore(error) != Opened) {
+        log(QStringLiteral("## Error loading Core data :") + error);
+        return;
+    }
+    int copied = 0;
+    const QString connection = newConnectionName();
+    {
+        QSqlDatabase damaged = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
+        damaged.setDatabaseName(aside);
+        damaged.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
+        QSqlDatabase db = database();
+        if (damaged.open() && db.transaction()) {
+            copied = copyReadableRows(damaged, db);
+            if (!db.commit())
+                copied = 0;
+        }
+    }
+    QSqlDatabase::removeDatabase(connection);
+    log(QStringLiteral("The call history file was damaged; it was kept as %1 and the %2 calls still readable in it "
+                       "were copied into a new one.").arg(aside).arg(copied));
+    const qint64 version = dataVersion();
+    ReadResult result = readAll(database());
+    if (!result.error.isEmpty()) {
+        log(QStringLiteral("## Error fetch: ") + result.error);
+        return;
+    }
+    m_dataVersion = version;
+    publish(std::move(result.rows));
 }
 
 QString HistoryCallDataService::timeText(const QDateTime &when)
@@ -326,28 +500,21 @@ QString HistoryCallDataService::timeText(const QDateTime &when)
 void HistoryCallDataService::addHistory(const QString &firstName, const QString &lastName, const QString &telephone,
                                         bool callHidden)
 {
-    HistoryData record;
-    record.firstName = firstName;
-    record.lastName = lastName;
-    record.telephone = telephone;
     const QString now = timeText(m_clock());
-    record.setTime(now.isNull() ? QStringLiteral("") : now);
-    record.callHidden = callHidden;
-    m_pending.append(PendingChange{ false, std::move(record) });
+    m_pending.append(PendingChange{ false, HistoryData{ 0, firstName, lastName, telephone,
+                                                       now.isNull() ? QStringLiteral("") : now, callHidden } });
     saveData();
     fetchHistory();
 }
 
 void HistoryCallDataService::deleteObject(qint64 objectId)
 {
-    HistoryData record;
-    record.objectId = objectId;
-    m_pending.append(PendingChange{ true, std::move(record) });
+    m_pending.append(PendingChange{ true, HistoryData{ objectId, {}, {}, {}, {}, false } });
 }
 
 void HistoryCallDataService::saveData()
 {
-    waitForBackgroundFetch();
+    waitForFirstRead();
     QString error;
     if (!commitPending(error))
         log(QStringLiteral("## Error saving to core data ") + error);
@@ -357,54 +524,36 @@ bool HistoryCallDataService::commitPending(QString &error)
 {
     if (m_pending.isEmpty())
         return true;
-    if (!m_loaded) {
-        error = QStringLiteral("the call history store %1 is not loaded").arg(m_databasePath);
+    if (!ensureLoaded(error))
         return false;
-    }
     QSqlDatabase db = database();
     if (!db.transaction()) {
         error = describe(db.lastError());
         return false;
     }
-    QSqlQuery insert(db);
-    QSqlQuery remove(db);
-    bool ok = true;
-    bool insertPrepared = false;
-    bool removePrepared = false;
-    QList<qint64> inserted;
-    QList<qint64> deleted;
-    for (const PendingChange &change : std::as_const(m_pending)) {
+    QSqlQuery insert(db), remove(db);
+    bool ok = insert.prepare(QStringLiteral("INSERT INTO HistoryData (firstName, lastName, telephone, time, "
+                                            "callHidden) VALUES (?, ?, ?, ?, ?)"))
+        && remove.prepare(QStringLiteral("DELETE FROM HistoryData WHERE rowid = ?"));
+    QList<PendingChange> done = m_pending;
+    for (PendingChange &change : done) {
+        if (!ok)
+            break;
+        HistoryData &r = change.record;
         if (change.isDelete) {
-            if (!removePrepared)
-                ok = removePrepared = remove.prepare(QStringLiteral("DELETE FROM HistoryData WHERE rowid = ?"));
-            if (ok) {
-                remove.bindValue(0, change.record.objectId);
-                ok = remove.exec();
-            }
-            if (!ok) {
-                error = describe(remove.lastError());
-                break;
-            }
-            deleted.append(change.record.objectId);
+            remove.bindValue(0, r.objectId);
+            ok = remove.exec();
         } else {
-            if (!insertPrepared)
-                ok = insertPrepared = insert.prepare(insertStatement);
-            if (ok) {
-                const HistoryData &r = change.record;
-                insert.bindValue(0, textValue(r.firstName));
-                insert.bindValue(1, textValue(r.lastName));
-                insert.bindValue(2, textValue(r.telephone));
-                insert.bindValue(3, textValue(r.time()));
-                insert.bindValue(4, r.callHidden ? 1 : 0);
-                ok = insert.exec();
-            }
-            if (!ok) {
-                error = describe(insert.lastError());
-                break;
-            }
-            inserted.append(insert.lastInsertId().toLongLong());
+            const QVariantList values{ textValue(r.firstName), textValue(r.lastName), textValue(r.telephone),
+                                       textValue(r.time), r.callHidden ? 1 : 0 };
+            for (int i = 0; i < values.size(); ++i)
+                insert.bindValue(i, values[i]);
+            ok = insert.exec();
+            r.objectId = insert.lastInsertId().toLongLong();
         }
     }
+    if (!ok)
+        error = describe(insert.lastError().isValid() ? insert.lastError() : remove.lastError());
     insert.finish();
     remove.finish();
     if (ok && !db.commit()) {
@@ -416,158 +565,58 @@ bool HistoryCallDataService::commitPending(QString &error)
         return false;
     }
     m_pending.clear();
-    m_deletedSinceFetch.append(deleted);
-    for (qint64 id : std::as_const(inserted)) {
-        if (m_lowestInsertedSinceFetch == 0 || id < m_lowestInsertedSinceFetch)
-            m_lowestInsertedSinceFetch = id;
+
+    // The list follows the rows written, in the table's order (by id).
+    bool readAll = false;
+    for (const PendingChange &change : std::as_const(done)) {
+        const qint64 id = change.record.objectId;
+        const auto it = std::lower_bound(m_records.cbegin(), m_records.cend(), id,
+                                         [](const HistoryData &r, qint64 id) { return r.objectId < id; });
+        const int row = int(it - m_records.cbegin());
+        if (change.isDelete && it != m_records.cend() && it->objectId == id) {
+            beginRemoveRows({}, row, row);
+            m_records.removeAt(row);
+            endRemoveRows();
+        } else if (!change.isDelete && it == m_records.cend()) {
+            beginInsertRows({}, row, row);
+            m_records.append(change.record);
+            endInsertRows();
+        } else if (!change.isDelete) {
+            readAll = true; // SQLite reused an id below the last one
+        }
     }
+    if (readAll)
+        readAgain();
+    else
+        emit savedEntitiesChanged();
     return true;
 }
 
 void HistoryCallDataService::deleteAllHistory()
 {
-    waitForBackgroundFetch();
+    waitForFirstRead();
     QString error;
-    bool ok = m_loaded;
-    if (!ok) {
-        error = QStringLiteral("the call history store %1 is not loaded").arg(m_databasePath);
-    } else {
+    bool ok = ensureLoaded(error);
+    if (ok) {
         QSqlQuery query(database());
         ok = query.exec(QStringLiteral("DELETE FROM HistoryData"));
         if (!ok)
             error = describe(query.lastError());
-        // Which rows went is not tracked: the next fetch reads the table again.
-        m_inSync = false;
     }
-    if (ok)
-        ok = commitPending(error);
+    ok = ok && commitPending(error);
     if (!ok)
         log(QStringLiteral("Error deleting history data: ") + error);
-    fetchHistory();
-}
-
-bool HistoryCallDataService::readDataVersion(qint64 &version, QString &error)
-{
-    QSqlQuery query(database());
-    if (!query.exec(QStringLiteral("PRAGMA data_version")) || !query.next()) {
-        error = describe(query.lastError());
-        return false;
-    }
-    version = query.value(0).toLongLong();
-    return true;
+    if (m_loaded)
+        readAgain();
 }
 
 void HistoryCallDataService::fetchHistory()
 {
-    waitForBackgroundFetch();
-    if (!m_loaded) {
-        // Nothing can be read: the list stays as it is (empty).
-        return;
-    }
-    QSqlDatabase db = database();
+    waitForFirstRead();
     QString error;
-    // One read transaction, so the data version and the rows belong together.
-    bool ok = db.transaction();
-    if (!ok)
-        error = describe(db.lastError());
-    qint64 version = 0;
-    ok = ok && readDataVersion(version, error);
-    if (ok) {
-        const bool onlyOwnChanges = m_inSync && version == m_dataVersion;
-        ok = onlyOwnChanges ? incrementalFetch(error) : fullFetch(version, error);
-    }
-    db.commit();
-    if (!ok)
-        log(QStringLiteral("## Error fetch: ") + error);
-}
-
-bool HistoryCallDataService::fullFetch(qint64 version, QString &error)
-{
-    QList<HistoryData> rows;
-    QSqlQuery query(database());
-    query.setForwardOnly(true);
-    bool ok = query.exec(QStringLiteral("SELECT count(*) FROM HistoryData"));
-    if (ok && query.next())
-        rows.reserve(query.value(0).toLongLong());
-    ok = ok && query.exec(selectColumns + QStringLiteral(" ORDER BY rowid"));
-    while (ok && query.next())
-        rows.append(readRecord(query));
-    if (!ok || query.lastError().isValid()) {
-        error = describe(query.lastError());
-        m_inSync = false;
-        return false;
-    }
-    publishAll(std::move(rows), version);
-    return true;
-}
-
-void HistoryCallDataService::publishAll(QList<HistoryData> &&rows, qint64 version)
-{
-    emit entitiesAboutToBeReset();
-    m_savedEntities = std::move(rows);
-    emit entitiesReset();
-    m_inSync = true;
-    m_dataVersion = version;
-    m_deletedSinceFetch.clear();
-    m_lowestInsertedSinceFetch = 0;
-    emit savedEntitiesChanged();
-}
-
-bool HistoryCallDataService::incrementalFetch(QString &error)
-{
-    // The list matches the table as of the last read, minus what this object
-    // saved since: rows it deleted, and rows it inserted. SQLite gives a new
-    // row an id above every id in the table, so the inserted rows are exactly
-    // those above the list's last id, in id order.
-    bool changed = false;
-    const auto byId = [](const HistoryData &r, qint64 id) { return r.objectId < id; };
-    for (qint64 id : std::as_const(m_deletedSinceFetch)) {
-        const auto it = std::lower_bound(m_savedEntities.cbegin(), m_savedEntities.cend(), id, byId);
-        if (it == m_savedEntities.cend() || it->objectId != id)
-            continue;
-        const int row = int(it - m_savedEntities.cbegin());
-        emit entitiesAboutToBeRemoved(row, row);
-        m_savedEntities.removeAt(row);
-        emit entitiesRemoved();
-        changed = true;
-    }
-    m_deletedSinceFetch.clear();
-
-    if (m_lowestInsertedSinceFetch != 0) {
-        const qint64 lastId = m_savedEntities.isEmpty() ? 0 : m_savedEntities.constLast().objectId;
-        if (m_lowestInsertedSinceFetch <= lastId) {
-            // An id was reused below the list's end: only a full read is sure.
-            if (changed)
-                emit savedEntitiesChanged();
-            return fullFetch(m_dataVersion, error);
-        }
-        QSqlQuery query(database());
-        query.setForwardOnly(true);
-        bool ok = query.prepare(selectColumns + QStringLiteral(" WHERE rowid > ? ORDER BY rowid"));
-        QList<HistoryData> rows;
-        if (ok) {
-            query.addBindValue(lastId);
-            ok = query.exec();
-        }
-        while (ok && query.next()) {
-            rows.append(readRecord(query));
-        }
-        if (!ok || query.lastError().isValid()) {
-            error = describe(query.lastError());
-            if (changed)
-                emit savedEntitiesChanged();
-            return false;
-        }
-        m_lowestInsertedSinceFetch = 0;
-        if (!rows.isEmpty()) {
-            const int first = int(m_savedEntities.size());
-            emit entitiesAboutToBeInserted(first, first + int(rows.size()) - 1);
-            m_savedEntities.append(rows);
-            emit entitiesInserted();
-            changed = true;
-        }
-    }
-    if (changed)
-        emit savedEntitiesChanged();
-    return true;
+    if (!ensureLoaded(error))
+        return; // nothing can be read: the list stays as it is
+    // Only another program's commits change the file behind the list.
+    if (m_dataVersion < 0 || dataVersion() != m_dataVersion)
+        readAgain();
 }

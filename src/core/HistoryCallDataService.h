@@ -2,70 +2,62 @@
 
 #include "HistoryData.h"
 
+#include <QAbstractListModel>
 #include <QDateTime>
+#include <QFuture>
 #include <QList>
-#include <QObject>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
 #include <functional>
-#include <future>
+#include <memory>
 
-class QJSEngine;
-class QQmlEngine;
 class QSqlDatabase;
-class QSqlError;
 
 // The call history: a SQLite file with one table, "HistoryData", whose rows
-// are the recorded calls in the order they were added.
+// are the recorded calls in the order they were added, shown as a list model.
 //
 // Changes are staged first (addHistory, deleteObject) and written by
 // saveData() in one transaction; a write that fails stays staged and goes
-// with the next save. savedEntities() is the list of stored records as the
-// last fetchHistory() found it. A fetch re-reads the whole table only when it
-// cannot tell what changed: after saves of its own that only added or removed
-// known rows, with no other writer in between, it applies just those changes.
+// with the next save. The model follows its own saves row by row; the whole
+// table is read again only when it is first opened, when another program
+// changed the file, and after a clear-all.
 //
-// The app's own store reads the file for the first time on a worker thread,
-// so that a long history never holds up the first frame; until that read is
-// in, savedEntities() is empty. Any operation that reads or writes the store
-// first waits for it, so its result is the same as with an immediate read.
-class HistoryCallDataService : public QObject
+// The first read runs on a worker thread, so that a long history never holds
+// up the first frame; until it is in, the list is empty. Any operation first
+// waits for it, so its result is the same as with an immediate read.
+class HistoryCallDataService : public QAbstractListModel
 {
     Q_OBJECT
     QML_ELEMENT
-    QML_SINGLETON
+    QML_UNCREATABLE("The call history store is made by the app")
     Q_PROPERTY(int count READ count NOTIFY savedEntitiesChanged)
 
 public:
     static constexpr auto containerName = "CallHistoryData";
     static constexpr auto entityName = "HistoryData";
+    // The form of the file this code writes (PRAGMA user_version).
+    static constexpr int schemaVersion = 1;
 
-    // The process-wide store in the app's data folder, created on first use.
-    static HistoryCallDataService *shared();
-    static HistoryCallDataService *create(QQmlEngine *, QJSEngine *);
+    enum Role { ObjectIdRole = Qt::UserRole + 1, FirstNameRole, LastNameRole, TelephoneRole, TimeRole, CallHiddenRole };
 
-    enum class FirstFetch {
-        Immediate,   // the constructor reads the records
-        InBackground // a worker thread reads them; they are published when in
-    };
-
-    // A store on the SQLite file at `databasePath`, opened at once.
-    explicit HistoryCallDataService(const QString &databasePath, FirstFetch firstFetch = FirstFetch::Immediate,
-                                    QObject *parent = nullptr);
+    explicit HistoryCallDataService(const QString &databasePath, QObject *parent = nullptr);
     ~HistoryCallDataService() override;
 
-    const QList<HistoryData> &savedEntities() const { return m_savedEntities; }
-    int count() const { return int(m_savedEntities.size()); }
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    // The records in store order; empty until the first read is in.
+    const QList<HistoryData> &savedEntities() const { return m_records; }
+    int count() const { return int(m_records.size()); }
     QString databasePath() const { return m_databasePath; }
-    // Whether the file could be opened; without it nothing is read or written.
+    // Whether the file is open (read-only or not).
     bool isLoaded() const { return m_loaded; }
     // Whether staged changes wait for a save.
     bool hasPendingChanges() const { return !m_pending.isEmpty(); }
     // Whether the first read of the records is still running.
-    bool isFetchingInBackground() const { return m_backgroundFetch.valid(); }
-    // Waits for the first read, if it still runs, and publishes its records.
-    void waitForBackgroundFetch();
+    bool isFetchingInBackground() const { return m_firstReadPending; }
 
     Q_INVOKABLE void fetchHistory();
     // Records a call made now, saves and fetches.
@@ -83,15 +75,8 @@ public:
     void setClock(std::function<QDateTime()> clock) { m_clock = std::move(clock); }
 
 signals:
-    // savedEntities was replaced or changed; always the last of the signals.
+    // The records changed; after the model's own row signals.
     void savedEntitiesChanged();
-    // Finer notices for list views, in model terms (rows first..last).
-    void entitiesAboutToBeInserted(int first, int last);
-    void entitiesInserted();
-    void entitiesAboutToBeRemoved(int first, int last);
-    void entitiesRemoved();
-    void entitiesAboutToBeReset();
-    void entitiesReset();
 
 private:
     struct PendingChange
@@ -99,40 +84,42 @@ private:
         bool isDelete = false;
         HistoryData record; // for a delete, only objectId counts
     };
-    enum class LoadResult { Loaded, Unreadable, Failed };
-    struct FetchResult
+    struct ReadResult
     {
-        bool ok = false;
-        QString error;
+        QString error; // empty: read
+        bool damaged = false;
         QList<HistoryData> rows;
     };
-    static FetchResult readAllRecords(const QString &databasePath);
+    enum OpenResult { Opened, Failed, Damaged };
+    static ReadResult readAll(const QSqlDatabase &db);
 
     QSqlDatabase database() const;
-    LoadResult loadStore(QString &error);
+    OpenResult openStore(QString &error);
+    static bool migrate(QSqlDatabase &db, QString &error);
     void closeStore();
-    bool moveAsideUnreadableFile();
+    bool ensureLoaded(QString &error);
+    void startFirstRead();
+    void waitForFirstRead();
+    void takeFirstRead(ReadResult result);
+    void publish(QList<HistoryData> rows);
+    void readAgain();
+    void setAsideDamagedFile();
     bool commitPending(QString &error);
-    bool readDataVersion(qint64 &version, QString &error);
-    bool fullFetch(qint64 version, QString &error);
-    void startBackgroundFetch();
-    void publishAll(QList<HistoryData> &&rows, qint64 version);
-    bool incrementalFetch(QString &error);
+    qint64 dataVersion();
 
     QString m_databasePath;
     QString m_connectionName;
+    // How a reader of its own opens the file (the first read's worker).
+    QString m_readName;
+    QString m_readOptions;
     bool m_loaded = false;
-    QList<HistoryData> m_savedEntities;
+    bool m_readOnly = false;
+    QList<HistoryData> m_records;
     QList<PendingChange> m_pending;
     std::function<QDateTime()> m_clock;
-    std::future<FetchResult> m_backgroundFetch;
-    qint64 m_versionBeforeBackgroundFetch = 0;
-
-    // What savedEntities lacks compared with the table: valid while
-    // m_inSync, i.e. since the last full read nobody but this object wrote
-    // (the file's data version is still m_dataVersion).
-    bool m_inSync = false;
-    qint64 m_dataVersion = 0;
-    QList<qint64> m_deletedSinceFetch;
-    qint64 m_lowestInsertedSinceFetch = 0; // 0: nothing inserted
+    QFuture<std::shared_ptr<ReadResult>> m_firstRead;
+    bool m_firstReadPending = false;
+    // SQLite's count of other connections' commits as of the last full
+    // read: while it stays, the list equals the table.
+    qint64 m_dataVersion = -1;
 };

@@ -3,7 +3,6 @@ list(APPEND QUIETON_SOURCES
     core/CallObserverDelegate.cpp core/CallObserverDelegate.h
     core/HistoryCallDataService.cpp core/HistoryCallDataService.h
     core/HistoryData.h
-    core/HistoryListModel.cpp core/HistoryListModel.h
     core/UserDefaultsService.cpp core/UserDefaultsService.h
 )
 list(APPEND QUIETON_QML

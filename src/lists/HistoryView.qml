@@ -13,8 +13,7 @@ Page {
     id: historyView
     objectName: "historyView"
 
-    // Created with the screen, i.e. the first time the tab is shown.
-    readonly property HistoryViewModel vm: HistoryViewModel { }
+    required property HistoryViewModel vm
     readonly property Service service: Service
     property bool editMode: false
     property bool showingCallAlert: false

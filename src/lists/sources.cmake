@@ -5,8 +5,6 @@ list(APPEND QUIETON_QML
 )
 list(APPEND QUIETON_SOURCES
     lists/AdsManager.h
-    lists/FilteredHistoryModel.cpp lists/FilteredHistoryModel.h
-    lists/HistorySearchIndex.cpp lists/HistorySearchIndex.h
     lists/HistoryViewModel.cpp lists/HistoryViewModel.h
     lists/ContactsListModel.cpp lists/ContactsListModel.h
     lists/ContactsViewModel.cpp lists/ContactsViewModel.h

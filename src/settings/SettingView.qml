@@ -14,7 +14,7 @@ Page {
     id: settingView
     objectName: "settingView"
 
-    readonly property SettingViewModel vm: SettingViewModel { }
+    readonly property SettingViewModel vm: QuietonApp.makeSettingViewModel(settingView)
     // The shared update checker; tests hand in one of their own.
     property CheckUpdate checkNewVersionService: CheckUpdate
     readonly property Service service: Service

@@ -72,10 +72,10 @@ bool isList(const QVariant &value)
 
 } // namespace
 
-SettingViewModel::SettingViewModel(QObject *parent)
+SettingViewModel::SettingViewModel(HistoryCallDataService *historyDataService, QObject *parent)
     : QObject(parent),
       m_defaultsService(UserDefaultsService::shared()),
-      m_historyDataService(HistoryCallDataService::shared()),
+      m_historyDataService(historyDataService),
       m_sortByFirstName(0),
       m_sortByLastName(1),
       m_sortByTelephone(2)

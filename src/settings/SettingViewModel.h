@@ -19,6 +19,7 @@ class SettingViewModel : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("The settings model is made by the app")
     Q_PROPERTY(int sortByFirstName READ sortByFirstName CONSTANT)
     Q_PROPERTY(int sortByLastName READ sortByLastName CONSTANT)
     Q_PROPERTY(int sortByTelephone READ sortByTelephone CONSTANT)
@@ -43,7 +44,7 @@ public:
     // The prefix "All Other Countries" stands for.
     static constexpr auto otherCountriesPrefix = "#31#";
 
-    explicit SettingViewModel(QObject *parent = nullptr);
+    explicit SettingViewModel(HistoryCallDataService *historyDataService, QObject *parent = nullptr);
 
     int sortByFirstName() const { return m_sortByFirstName; }
     int sortByLastName() const { return m_sortByLastName; }

@@ -2,6 +2,7 @@
 // technology switched on, over a real vCard address book and a real history
 // file in temporary folders.
 #include "HistoryCallDataService.h"
+#include "Platform.h"
 #include "QuickTestSetup.h"
 #include "RecordingPlatform.h"
 #include "UserDefaultsService.h"
@@ -115,9 +116,9 @@ protected:
                    "BEGIN:VCARD\nVERSION:3.0\nN:;\nTEL:0602\nEND:VCARD\n");
         book.close();
 
-        HistoryCallDataService::shared()->addHistory(QStringLiteral("Anna"), QStringLiteral("Smith"),
-                                                     QStringLiteral("0601"), true);
-        HistoryCallDataService::shared()->addHistory(QString(), QString(), QStringLiteral("0602"), false);
+        HistoryCallDataService history(Platform::dataDirectory() + QStringLiteral("/CallHistoryData.sqlite"));
+        history.addHistory(QStringLiteral("Anna"), QStringLiteral("Smith"), QStringLiteral("0601"), true);
+        history.addHistory(QString(), QString(), QStringLiteral("0602"), false);
     }
     void publish(QQmlContext *context) override
     {

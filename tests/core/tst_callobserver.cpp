@@ -33,7 +33,12 @@ class TestCallObserver : public QObject
     std::unique_ptr<CallObserverDelegate> m_delegate;
 
     Service &service() { return *Service::shared(); }
-    QList<HistoryData> onDisk() { return HistoryCallDataService(m_store->databasePath()).savedEntities(); }
+    QList<HistoryData> onDisk()
+    {
+        HistoryCallDataService file(m_store->databasePath());
+        file.fetchHistory();
+        return file.savedEntities();
+    }
     // What the dialler does: ask for the call, then fill the pending record.
     void dial(const QString &first, const QString &last, const QString &number, bool hidden)
     {

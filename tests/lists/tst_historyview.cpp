@@ -1,9 +1,13 @@
 // The history screen in real QML views, over the app's history in a real
 // SQLite file and a telephony that records requests and reports calls.
 #include "HistoryCallDataService.h"
+#include "HistoryViewModel.h"
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
+#include "QuietonApp.h"
 #include "RecordingPlatform.h"
+#include "Service.h"
+#include "UserDefaultsService.h"
 
 #include <QQmlContext>
 #include <QtQml/qqmlextensionplugin.h>
@@ -29,9 +33,15 @@ public:
             const QString s = value.toString();
             return s.isNull() ? QStringLiteral("") : s;
         };
-        HistoryCallDataService::shared()->addHistory(text(firstName), text(lastName), telephone, hidden);
+        QuietonApp::create(nullptr, nullptr)->historyDataService()->addHistory(text(firstName), text(lastName), telephone, hidden);
     }
-    Q_INVOKABLE void clearHistory() { HistoryCallDataService::shared()->deleteAllHistory(); }
+    Q_INVOKABLE void clearHistory() { QuietonApp::create(nullptr, nullptr)->historyDataService()->deleteAllHistory(); }
+    // A history model over the app's store, for one screen.
+    Q_INVOKABLE HistoryViewModel *newModel()
+    {
+        return new HistoryViewModel(*QuietonApp::create(nullptr, nullptr)->historyDataService(),
+                                    *UserDefaultsService::shared(), *Service::shared(), this);
+    }
 };
 
 class Setup : public QuickTestSetup

@@ -24,6 +24,9 @@ class TestSettingViewModel : public QObject
     Q_OBJECT
 
     RecordingUrlOpener *m_opener = nullptr;
+    std::unique_ptr<HistoryCallDataService> m_history;
+
+    HistoryCallDataService *history() { return m_history.get(); }
 
     // The standard suite as it is on disk now, read by a store of its own.
     static std::unique_ptr<KeyValueStore> onDisk()
@@ -32,9 +35,10 @@ class TestSettingViewModel : public QObject
     }
     static std::optional<QString> storedPrefix() { return onDisk()->stringValue(QStringLiteral("prefix")); }
     // The call records in the history file, read afresh.
-    static qsizetype storedCalls()
+    qsizetype storedCalls()
     {
-        HistoryCallDataService file(HistoryCallDataService::shared()->databasePath());
+        HistoryCallDataService file(history()->databasePath());
+        file.fetchHistory();
         return file.savedEntities().size();
     }
     static QStringList logged(StdoutCapture &capture)
@@ -65,6 +69,8 @@ private slots:
     void initTestCase()
     {
         TestHome::use();
+        m_history = std::make_unique<HistoryCallDataService>(Platform::dataDirectory()
+                                                             + QStringLiteral("/CallHistoryData.sqlite"));
         QCoreApplication::setApplicationVersion(QString());
         m_opener = RecordingPlatform::installUrlOpener();
     }
@@ -73,7 +79,7 @@ private slots:
     void freshStoreAndStoredValuesAtCreation()
     {
         {
-            SettingViewModel vm;
+            SettingViewModel vm(history());
             QCOMPARE(vm.prefixNumber(), QStringLiteral("#31#"));
             QVERIFY(vm.autoHiddenNumber());
             QVERIFY(vm.autoSaveToHistory());
@@ -86,7 +92,7 @@ private slots:
         defaults.setBool(QStringLiteral("saveToHistory"), false);
         defaults.setInteger(QStringLiteral("autoSortBy"), 1);
         {
-            SettingViewModel vm;
+            SettingViewModel vm(history());
             QCOMPARE(vm.prefixNumber(), QString());
             QVERIFY(!vm.autoHiddenNumber());
             QVERIFY(!vm.autoSaveToHistory());
@@ -94,14 +100,14 @@ private slots:
         }
         // An order this version does not know selects none of the three.
         defaults.setInteger(QStringLiteral("autoSortBy"), 7);
-        SettingViewModel unknown;
+        SettingViewModel unknown(history());
         QCOMPARE(sortFlags(unknown), QString());
         unknown.resetSettings();
     }
 
     void togglesAndSortOrderAreWrittenAtOnce()
     {
-        SettingViewModel vm;
+        SettingViewModel vm(history());
         QSignalSpy hiddenSpy(&vm, &SettingViewModel::autoHiddenNumberChanged);
         vm.setAutoHiddenNumber(true);
         vm.setAutoSaveToHistory(true);
@@ -123,7 +129,7 @@ private slots:
         vm.setAutoSortByLastName(false);
         QCOMPARE(sortFlags(vm), QString());
         QCOMPARE(onDisk()->integerValue(QStringLiteral("autoSortBy")), 1);
-        SettingViewModel next;
+        SettingViewModel next(history());
         QCOMPARE(sortFlags(next), QStringLiteral("L"));
         next.resetSettings();
     }
@@ -148,7 +154,7 @@ private slots:
     {
         QFETCH(QString, text);
         QFETCH(bool, accepted);
-        SettingViewModel vm;
+        SettingViewModel vm(history());
         vm.choosePrefix(QStringLiteral("*67"));
         QCOMPARE(vm.saveManualPrefix(text), accepted);
         const QString expected = accepted ? text : QStringLiteral("*67");
@@ -158,7 +164,7 @@ private slots:
 
     void countryListAndAllOtherCountries()
     {
-        SettingViewModel vm;
+        SettingViewModel vm(history());
         checkCountryList(vm);
         QCOMPARE(vm.allOtherCountries(), QStringLiteral("All Other Countries"));
         vm.choosePrefix(QStringLiteral("141"));
@@ -180,7 +186,7 @@ private slots:
     {
         QFETCH(QString, country);
         QFETCH(QString, prefix);
-        SettingViewModel vm;
+        SettingViewModel vm(history());
         vm.selectAllOtherCountries();
         StdoutCapture capture;
         QVERIFY(!vm.selectCountry(country));
@@ -192,7 +198,7 @@ private slots:
 
     void countryWithSeveralPrefixesOffersAChoice()
     {
-        SettingViewModel vm;
+        SettingViewModel vm(history());
         vm.selectAllOtherCountries();
         QSignalSpy prefixSpy(&vm, &SettingViewModel::prefixNumberChanged);
         StdoutCapture capture;
@@ -217,7 +223,7 @@ private slots:
 
     void unknownCountryChangesNothing()
     {
-        SettingViewModel vm;
+        SettingViewModel vm(history());
         vm.choosePrefix(QStringLiteral("184"));
         vm.selectCountry(QStringLiteral("Brazil"));
         StdoutCapture capture;
@@ -241,7 +247,7 @@ private slots:
         QTranslator german;
         QVERIFY(german.load(QStringLiteral(":/i18n/catalogue_de.qm")));
         QCoreApplication::installTranslator(&german);
-        SettingViewModel vm;
+        SettingViewModel vm(history());
         QCoreApplication::removeTranslator(&german);
 
         QVERIFY(!vm.prefix_country_codes().contains(QStringLiteral("Germany")));
@@ -276,15 +282,14 @@ private slots:
     // onboarding flags; clear all also empties the history.
     void resetKeepsTheHistoryClearAllEmptiesIt()
     {
-        HistoryCallDataService &history = *HistoryCallDataService::shared();
-        history.addHistory(QStringLiteral("Ada"), QStringLiteral("Lovelace"), QStringLiteral("0612"), true);
-        history.addHistory(QString(), QString(), QStringLiteral("0700"), false);
+        history()->addHistory(QStringLiteral("Ada"), QStringLiteral("Lovelace"), QStringLiteral("0612"), true);
+        history()->addHistory(QString(), QString(), QStringLiteral("0700"), false);
         const qsizetype calls = storedCalls();
         QVERIFY(calls >= 2);
         UserDefaultsService::shared()->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
         UserDefaultsService::shared()->setBool(QStringLiteral("isReadUserGuide"), true);
 
-        SettingViewModel vm;
+        SettingViewModel vm(history());
         for (const bool clearAll : { false, true }) {
             vm.choosePrefix(QStringLiteral("*67"));
             vm.setAutoHiddenNumber(true);
@@ -307,7 +312,7 @@ private slots:
             QVERIFY(disk->boolValue(QStringLiteral("isReadUserGuide")));
             QCOMPARE(storedCalls(), clearAll ? 0 : calls);
         }
-        QCOMPARE(history.count(), 0);
+        QCOMPARE(history()->count(), 0);
     }
 };
 

@@ -1,6 +1,7 @@
 #include "PhoneDriver.h"
 
 #include "HistoryCallDataService.h"
+#include "Platform.h"
 #include "RecordingTelephony.h"
 
 PhoneDriver::PhoneDriver(RecordingTelephony *telephony, QObject *parent) : QObject(parent), m_telephony(telephony) { }
@@ -33,7 +34,8 @@ void PhoneDriver::report(const QString &id, bool outgoing, bool connected, bool 
 QVariantList PhoneDriver::storedRows() const
 {
     QVariantList rows;
-    HistoryCallDataService file(HistoryCallDataService::shared()->databasePath());
+    HistoryCallDataService file(Platform::dataDirectory() + QStringLiteral("/CallHistoryData.sqlite"));
+    file.fetchHistory();
     for (const HistoryData &r : file.savedEntities()) {
         rows.append(QVariantMap{ { QStringLiteral("firstName"), r.firstName },
                                  { QStringLiteral("lastName"), r.lastName },

@@ -31,7 +31,7 @@ TestCase {
     }
 
     function showHistory() {
-        const view = createTemporaryObject(historyComponent, testCase)
+        const view = createTemporaryObject(historyComponent, testCase, { vm: history.newModel() })
         verify(view)
         waitForRendering(view)
         return view
@@ -61,10 +61,9 @@ TestCase {
     }
 
     function listedTelephones(view) {
-        const model = view.vm.filteredContacts
         const out = []
-        for (let i = 0; i < model.count; ++i)
-            out.push(model.get(i).telephone)
+        for (let i = 0; i < view.vm.filteredContacts.count; ++i)
+            out.push(findChild(row(view, i), "numberLine").text)
         return out
     }
 
@@ -236,7 +235,6 @@ TestCase {
         mouseClick(findChild(dialog, "privateDialingButton"))
         verify(Service.callFailed)
         tryCompare(dialog, "visible", false)
-        wait(50)
         // No alert of any kind comes up.
         const overlay = view.Overlay.overlay
         for (let i = 0; i < overlay.children.length; ++i)

@@ -7,6 +7,6 @@ Item {
     Component.onCompleted: UserDefaultsService.setBool("hasCompletedFirstLaunch", true)
     MainView { id: main; anchors.fill: parent }
     property var steps: [
-        [100, function() { HistoryCallDataService.deleteAllHistory(); main.vm.selectedTab = 2 }]
+        [100, function() { QuietonApp.historyDataService.deleteAllHistory(); main.vm.selectedTab = 2 }]
     ]
 }

@@ -21,7 +21,7 @@ Item {
 
     // A populated history, oldest call first.
     function fill() {
-        HistoryCallDataService.deleteAllHistory()
+        QuietonApp.historyDataService.deleteAllHistory()
         const calls = [
             ["Anna", "Smith", "+33 6 12 34 56 78", true],
             ["Bob", "Hannah", "0612345678", false],
@@ -34,7 +34,7 @@ Item {
             ["Zoe", "Quinn", "0611223344", false]
         ]
         for (const c of calls)
-            HistoryCallDataService.addHistory(c[0], c[1], c[2], c[3])
+            QuietonApp.historyDataService.addHistory(c[0], c[1], c[2], c[3])
     }
 
     property var steps: [

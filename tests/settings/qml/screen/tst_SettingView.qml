@@ -181,7 +181,7 @@ TestCase {
 
     // Each dialog stores nothing when cancelled and does its work when confirmed.
     function test_resetKeepsTheHistoryButClearAllEmptiesIt() {
-        HistoryCallDataService.addHistory("Ada", "Lovelace", "0612", true)
+        QuietonApp.historyDataService.addHistory("Ada", "Lovelace", "0612", true)
         const calls = disk.storedCalls()
         verify(calls >= 1)
         const view = createView()
