@@ -21,8 +21,8 @@ TestCase {
     Component { id: updateAlertComponent; AppUpdateAlert { } }
     Component { id: confirmationComponent; CallConfirmationDialog { } }
 
-    function show(component) {
-        const view = createTemporaryObject(component, testCase)
+    function show(component, properties) {
+        const view = createTemporaryObject(component, testCase, properties)
         verify(view)
         waitForRendering(view)
         return view
@@ -64,7 +64,7 @@ TestCase {
     }
 
     function test_contacts() {
-        const view = show(contactsComponent)
+        const view = show(contactsComponent, { vm: QuietonApp.makeContactsViewModel(testCase) })
         view.appeared()
         tryCompare(view.vm.visibleContacts, "count", 2)
         tryVerify(() => findChild(view, "contactRow1") !== null)
@@ -90,7 +90,7 @@ TestCase {
     }
 
     function test_history() {
-        const view = show(historyComponent)
+        const view = show(historyComponent, { vm: QuietonApp.makeHistoryViewModel(testCase) })
         tryCompare(view.vm.filteredContacts, "count", 2)
         tryVerify(() => findChild(view, "historyRow_1") !== null)
         expectNames("history", ["Search", "Edit"])
