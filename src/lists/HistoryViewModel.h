@@ -1,9 +1,8 @@
 #pragma once
 
-#include "FilteredHistoryModel.h"
-#include "HistoryData.h"
-#include "HistorySearchIndex.h"
 #include "Service.h"
+#include "HistoryData.h"
+#include "SearchFilter.h"
 
 #include <QList>
 #include <QObject>
@@ -11,50 +10,46 @@
 #include <QVariant>
 #include <QtQml/qqmlregistration.h>
 
-#include <future>
 #include <optional>
 
 class HistoryCallDataService;
 class Service;
 class UserDefaultsService;
 
-// The history tab's model: the records the history store publishes, the
-// search-filtered rows the screen lists, and the record whose row was tapped.
-// It never writes records itself except to delete the ones the user removes.
+// The history tab's model: the store's records as the screen lists them,
+// filtered by the search text in the store's order, and the record whose row
+// was tapped. It writes nothing itself but the deletions the user asks for.
 class HistoryViewModel : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Made for its screen by the app's start-up")
-    Q_PROPERTY(Service *service READ service CONSTANT)
+    QML_UNCREATABLE("Made by the app with its services")
     Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
-    Q_PROPERTY(FilteredHistoryModel *filteredContacts READ filteredContacts CONSTANT)
-    Q_PROPERTY(int historyCount READ historyCount NOTIFY historyListArrayChanged)
+    Q_PROPERTY(SearchFilter *filteredContacts READ filteredContacts CONSTANT)
+    Q_PROPERTY(int historyCount READ historyCount NOTIFY historyCountChanged)
+    // A HistoryData, or undefined before the first tap.
     Q_PROPERTY(QVariant selectedContact READ selectedContactValue NOTIFY selectedContactChanged)
+    Q_PROPERTY(Service *service READ service CONSTANT)
 
 public:
-    HistoryViewModel(HistoryCallDataService &historyDataService, UserDefaultsService &defaultsService,
-                     Service &service, QObject *parent = nullptr);
+    HistoryViewModel(HistoryCallDataService &historyDataService, UserDefaultsService &defaultsService, Service &service,
+                     QObject *parent = nullptr);
 
-    Service *service() const { return m_service; }
-    ~HistoryViewModel() override;
-
-    QString searchText() const { return m_searchText; }
+    Service *service() const { return &m_service; }
+    QString searchText() const { return m_filteredContacts->searchText(); }
     // Filters again at once, on every change.
-    void setSearchText(const QString &text);
-
-    const QList<HistoryData> &historyListArray() const { return m_historyListArray; }
-    int historyCount() const { return int(m_historyListArray.size()); }
-    FilteredHistoryModel *filteredContacts() { return &m_filteredContacts; }
+    void setSearchText(const QString &text) { m_filteredContacts->setSearchText(text); }
+    SearchFilter *filteredContacts() const { return m_filteredContacts; }
+    int historyCount() const;
     const std::optional<HistoryData> &selectedContact() const { return m_selectedContact; }
 
-    // Recomputes filteredContacts from historyListArray and searchText.
+    // Filters the store's records again with the current text.
     Q_INVOKABLE void applySearch();
     // The record listed at `row` becomes the selected one.
     Q_INVOKABLE void selectRow(int row);
-    // Deletes the records listed at `rows`, one after the other in ascending
-    // order, each taken from the list as it was when the call began; the
-    // store saves and fetches again after each.
+    // Deletes the records listed at `rows`, in ascending order, each taken
+    // from the list as it was when the call began; the store saves and
+    // fetches again after each.
     Q_INVOKABLE void deleteRows(const QList<int> &rows);
     // Calls the selected record's number, privately or not, and tells the
     // call observer whose call it is and whether to record it.
@@ -62,57 +57,17 @@ public:
 
 signals:
     void searchTextChanged();
-    void historyListArrayChanged();
+    void historyCountChanged();
     void selectedContactChanged();
 
 private:
-    void receive(const QList<HistoryData> &records);
-    bool applyChanges(const QList<HistoryData> &records);
-    // With `newList`, the list shown is announced as replaced.
-    void applySearch(bool newList);
-    void letGoOfRecords();
-    void startIndexBuild();
-    void adoptIndex();
-    void invalidateIndex();
+    // The store's record listed at `row`, if there is one.
+    const HistoryData *listed(int row) const;
     QVariant selectedContactValue() const;
 
-    HistoryCallDataService *m_historyDataService;
-    UserDefaultsService *m_defaultsService;
-    Service *m_service;
-    QString m_searchText;
-    QList<HistoryData> m_historyListArray;
-    FilteredHistoryModel m_filteredContacts;
+    HistoryCallDataService &m_historyDataService;
+    UserDefaultsService &m_defaultsService;
+    Service &m_service;
+    SearchFilter *m_filteredContacts;
     std::optional<HistoryData> m_selectedContact;
-
-    // What the store announced since it last published: rows removed, rows
-    // added at the end, or a list replaced as a whole. The model lets go of
-    // the store's list while the store changes it, so the change happens in
-    // place instead of copying every record, and then follows it here.
-    struct Change
-    {
-        bool insert = false;
-        int first = 0;
-        int last = 0;
-    };
-    QList<Change> m_changes;
-    bool m_replaced = false;
-    qsizetype m_listSize = 0;
-
-    // The records' searchable text. A whole list is indexed on a worker
-    // thread as soon as it arrives, so the first search need not wait for
-    // it; after that the index follows the list's changes here. A build
-    // that the list changed under is thrown away.
-    HistorySearchIndex m_index;
-    bool m_indexValid = false;
-    std::future<HistorySearchIndex> m_indexBuild;
-    bool m_indexBuildOutdated = false;
-    // The rows each step of the current typing found: a longer text only
-    // looks among the rows a shorter one kept, and going back a character
-    // reuses what was found before.
-    struct Step
-    {
-        QString foldedText;
-        QList<int> rows;
-    };
-    QList<Step> m_steps;
 };

@@ -1,12 +1,16 @@
 // The contacts screen in real QML views, over a real vCard folder, a
 // telephony that records requests and reports calls, and the history in a
 // real SQLite file.
+#include "ContactsViewModel.h"
+#include "CrashManager.h"
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
 #include "RecordingSharer.h"
 #include "RecordingTelephony.h"
 #include "RecordingUrlOpener.h"
 #include "RecordingUrlOpener.h"
+#include "Service.h"
+#include "UserDefaultsService.h"
 #include "VCardFolderAddressBook.h"
 
 #include <QDir>
@@ -22,6 +26,13 @@ class Driver : public PhoneDriver
     Q_OBJECT
 public:
     explicit Driver(TestApp &app) : PhoneDriver(app), m_opener(app.urlOpener) { }
+
+    // A contacts model over the book's folder, for one screen.
+    Q_INVOKABLE ContactsViewModel *newModel()
+    {
+        return new ContactsViewModel(app().defaults(), app().service(), m_book, *m_opener,
+                                     m_crashManager, this);
+    }
 
     // Replaces the address book with one vCard file of these people, each
     // a list [first, last, number...].
@@ -55,6 +66,8 @@ public:
 
 private:
     RecordingUrlOpener *m_opener;
+    VCardFolderAddressBook m_book;
+    CrashManager m_crashManager;
 };
 
 class Setup : public QuickTestSetup

@@ -1,15 +1,13 @@
 // The contacts model over a real vCard folder and real settings files:
 // loading, access answers, sorting and searching.
-#include "ContactsListModel.h"
 #include "ContactsViewModel.h"
+#include "CrashManager.h"
 #include "JsonFileKeyValueStore.h"
-#include "Platform.h"
-#include "RecordingSharer.h"
-#include "RecordingTelephony.h"
 #include "RecordingUrlOpener.h"
-#include "RecordingUrlOpener.h"
-#include "StdoutCapture.h"
 #include "TestApp.h"
+#include "RecordingUrlOpener.h"
+#include "Service.h"
+#include "StdoutCapture.h"
 #include "TestHome.h"
 #include "UserDefaultsService.h"
 #include "VCardFolderAddressBook.h"
@@ -18,6 +16,7 @@
 #include <QFile>
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
+#include <QThreadPool>
 #include <QtTest>
 
 namespace {
@@ -71,6 +70,16 @@ QStringList names(const QList<FetchedContact> &contacts, QString FetchedContact:
     return out;
 }
 
+// The first names the search leaves, in list order.
+QStringList visibleNames(ContactsViewModel &model)
+{
+    QStringList out;
+    SearchFilter *rows = model.visibleContacts();
+    for (int row = 0; row < rows->count(); ++row)
+        out.append(rows->index(row, 0).data(rows->roleNames().key("firstName")).toString());
+    return out;
+}
+
 } // namespace
 
 class TestContactsViewModel : public QObject
@@ -78,19 +87,24 @@ class TestContactsViewModel : public QObject
     Q_OBJECT
 
     std::unique_ptr<TestApp> m_app;
-    std::unique_ptr<CountingAddressBook> m_book;
-    RecordingUrlOpener *m_opener = nullptr;
 
-    std::unique_ptr<ContactsViewModel> newModel()
-    {
-        return std::make_unique<ContactsViewModel>(m_app->defaults(), m_app->service(), *m_book, *m_opener,
-                                                   m_app->app().crashManager());
-    }
+    // The home is set before the book takes its folder from it.
+    const QString m_home = TestHome::use();
+
+    CountingAddressBook m_book;
+    RecordingUrlOpener m_opener;
+    CrashManager m_crashManager;
 
     void setSort(qint64 key, bool ascending)
     {
         m_app->defaults().setInteger(QStringLiteral("autoSortBy"), key);
         m_app->defaults().setBool(QStringLiteral("comparator"), ascending);
+    }
+
+    std::unique_ptr<ContactsViewModel> newModel()
+    {
+        return std::make_unique<ContactsViewModel>(m_app->defaults(), m_app->service(), m_book,
+                                                   m_opener, m_crashManager);
     }
 
     // A model that has been shown once and has read the whole book.
@@ -107,11 +121,9 @@ class TestContactsViewModel : public QObject
 private slots:
     void initTestCase()
     {
-        TestHome::use();
         m_app = std::make_unique<TestApp>();
-        m_book = std::make_unique<CountingAddressBook>();
-        m_opener = m_app->urlOpener;
     }
+    void cleanupTestCase() { m_app.reset(); }
 
     void noFolderMeansNoContactsAndNoRefusal()
     {
@@ -123,12 +135,14 @@ private slots:
     }
 
     // Book order, one record per person with the first number, ids from one
-    // counter; sorted on the next showing, and a reload never reuses ids.
+    // counter; sorted on the next showing, access asked once per model, and
+    // a reload never reuses ids.
     void loadingKeepsTheBookOrderUntilShownAgain()
     {
         setSort(0, true);
         writeBook({ { "Zed", "Last", { "3", "4", "5" } }, { "Amy", "", {} }, { "Mia", "Moe", { "+33 6" } } });
         const qint64 firstId = FetchedContact::peekNextId();
+        const int requests = m_book.requests;
         auto model = loaded();
         const QList<FetchedContact> contacts = model->contactsArray();
         QCOMPARE(names(contacts), (QStringList{ "Zed", "Amy", "Mia" }));
@@ -136,6 +150,9 @@ private slots:
         QCOMPARE(contacts[2].id, firstId + 2);
         model->updateContacts();
         QCOMPARE(names(model->contactsArray()), (QStringList{ "Amy", "Mia", "Zed" }));
+        model->updateContacts();
+        QThreadPool::globalInstance()->waitForDone();
+        QCOMPARE(m_book.requests - requests, 1);
         QCOMPARE(loaded()->contactsArray().first().id, firstId + 3);
     }
 
@@ -148,11 +165,10 @@ private slots:
         auto model = loaded();
         model->updateContacts();
         QCOMPARE(names(model->contactsArray()), (QStringList{ "B", "C", "A" }));
-        QSignalSpy resets(model->visibleContactsModel(), &QAbstractItemModel::modelReset);
-        QSignalSpy changes(model.get(), &ContactsViewModel::contactsArrayChanged);
+        QSignalSpy resets(model->visibleContacts(), &QAbstractItemModel::modelReset);
         model->updateContacts();
         model->sortContacts();
-        QCOMPARE(resets.count() + changes.count(), 0);
+        QCOMPARE(resets.count(), 0);
 
         model->setComparator(false);
         QCOMPARE(names(model->contactsArray()), (QStringList{ "A", "C", "B" }));
@@ -160,17 +176,6 @@ private slots:
         model->updateContacts();
         QCOMPARE(names(model->contactsArray()), (QStringList{ "C", "B", "A" }));
         QCOMPARE(resets.count(), 2);
-    }
-
-    void accessIsAskedOncePerModel()
-    {
-        writeBook({ { "A", "B", { "1" } } });
-        const int before = m_book->requests;
-        auto model = loaded();
-        model->updateContacts();
-        model->updateContacts();
-        QTest::qWait(50);
-        QCOMPARE(m_book->requests - before, 1);
     }
 
     void refusedAccessIsReportedAndShown()
@@ -181,10 +186,8 @@ private slots:
         blocker.close();
         StdoutCapture out;
         auto model = newModel();
-        QSignalSpy denied(model.get(), &ContactsViewModel::accessDeniedChanged);
         model->updateContacts();
-        QVERIFY(denied.wait(5000));
-        QVERIFY(model->accessDenied());
+        QTRY_VERIFY_WITH_TIMEOUT(model->accessDenied(), 5000);
         QVERIFY(model->contactsArray().isEmpty());
         const QStringList lines = out.lines();
         QVERIFY(std::any_of(lines.begin(), lines.end(), [](const QString &line) {
@@ -192,7 +195,7 @@ private slots:
         }));
 
         model->openSettings();
-        QCOMPARE(m_opener->opened.last(), QUrl::fromLocalFile(QFileInfo(contactsFolder()).absolutePath()));
+        QCOMPARE(m_opener.opened.last(), QUrl::fromLocalFile(QFileInfo(contactsFolder()).absolutePath()));
         QFile::remove(contactsFolder());
     }
 
@@ -262,19 +265,19 @@ private slots:
         QCOMPARE(newModel()->comparator(), false);
     }
 
-    // Any of the three fields, case-insensitively beyond ASCII; a search
-    // changes rows in place and never resets them.
+    // Any of the three fields, case-insensitively beyond ASCII, composed and
+    // decomposed accents alike.
     void searchMatchesAnyOfTheThreeFields()
     {
         writeBook({ { "Anna", "Smith", { "06 12" } },
                     { "Bob", "Hannah", { "0700" } },
                     { "Carl", "Jones", { "1 2" } },
-                    { QStringLiteral("ÅNNE"), "", {} } });
+                    { QStringLiteral("ÅNNE"), "", {} },
+                    { QStringLiteral("\u00C9lodie"), "", {} },
+                    { QStringLiteral("Rene\u0301e"), "", {} } });
         setSort(3, true);
         auto model = loaded();
-        ContactsListModel *rows = model->visibleContactsModel();
-        QAbstractItemModelTester tester(rows, QAbstractItemModelTester::FailureReportingMode::QtTest);
-        QSignalSpy resets(rows, &QAbstractItemModel::modelReset);
+        QAbstractItemModelTester tester(model->visibleContacts(), QAbstractItemModelTester::FailureReportingMode::QtTest);
 
         const QList<std::pair<QString, QStringList>> steps = {
             { "NN", { "Anna", "Bob", QStringLiteral("ÅNNE") } },
@@ -282,51 +285,38 @@ private slots:
             { "12", { "Anna" } },
             { " ", { "Anna", "Carl" } },
             { "nobody", {} },
+            { QStringLiteral("e\u0301"), { QStringLiteral("\u00C9lodie"), QStringLiteral("Rene\u0301e") } },
+            { QStringLiteral("n\u00E9e"), { QStringLiteral("Rene\u0301e") } },
         };
         for (const auto &[text, expected] : steps) {
             model->setSearchText(text);
-            QCOMPARE(names(model->visibleContacts()), expected);
-            QCOMPARE(rows->count(), expected.size());
+            QCOMPARE(visibleNames(*model), expected);
         }
         model->setSearchText(QString());
-        QCOMPARE(model->visibleContacts(), model->contactsArray());
-        QCOMPARE(rows->data(rows->index(1), ContactsListModel::LastNameRole).toString(), QStringLiteral("Hannah"));
-        QCOMPARE(resets.count(), 0);
+        QCOMPARE(visibleNames(*model), names(model->contactsArray()));
     }
 
-    // Deleting letters and re-sorting under a search must give what a fresh
-    // search would.
-    void searchFollowsDeletingAndSorting()
-    {
-        writeBook({ { "Sam", "Ansel", { "1" } }, { "Ann", "Zed", { "2" } }, { "Bo", "Nann", { "3" } }, { "Al", "Cook", { "4" } } });
-        setSort(0, true);
-        auto model = loaded();
-        model->setSearchText(QStringLiteral("anne"));
-        QCOMPARE(names(model->visibleContacts()), QStringList());
-        model->setSearchText(QStringLiteral("an"));
-        QCOMPARE(names(model->visibleContacts()), (QStringList{ "Sam", "Ann", "Bo" }));
-        model->sortContacts();
-        QCOMPARE(names(model->visibleContacts()), (QStringList{ "Ann", "Bo", "Sam" }));
-        model->setComparator(false);
-        model->setSearchText(QStringLiteral("a"));
-        QCOMPARE(names(model->visibleContacts()), (QStringList{ "Sam", "Bo", "Ann", "Al" }));
-    }
-
-    void searchTypedWhileTheBookIsStillArriving()
+    // People who arrive, and sorts made, while a search is on: the rows a
+    // fresh search would give.
+    void searchFollowsArrivalsAndSorting()
     {
         QList<Card> many;
-        for (int i = 0; i < 5000; ++i)
-            many.append({ i % 2 ? QStringLiteral("Odd%1").arg(i) : QStringLiteral("Even%1").arg(i), "", {} });
+        for (int i = 0; i < 3000; ++i)
+            many.append({ (i % 2 ? QStringLiteral("Odd%1") : QStringLiteral("Even%1")).arg(i), "", {} });
         writeBook(many);
-        setSort(3, true);
+        setSort(0, false);
         auto model = newModel();
         QSignalSpy done(model.get(), &ContactsViewModel::contactsLoaded);
         model->setSearchText(QStringLiteral("odd"));
         model->updateContacts();
         QVERIFY(done.wait(5000));
-        QCOMPARE(model->contactsArray().size(), 5000);
-        QCOMPARE(model->visibleContactsModel()->count(), 2500);
-        QCOMPARE(model->visibleContacts().last().firstName, QStringLiteral("Odd4999"));
+        QCOMPARE(visibleNames(*model).size(), 1500);
+        QCOMPARE(visibleNames(*model).last(), QStringLiteral("Odd2999"));
+        model->sortContacts();
+        QCOMPARE(visibleNames(*model).first(), QStringLiteral("Odd999"));
+        model->setComparator(true);
+        model->setSearchText(QStringLiteral("odd1"));
+        QCOMPARE(visibleNames(*model).first(), QStringLiteral("Odd1"));
     }
 };
 

@@ -1,11 +1,12 @@
 // The history screen in real QML views, over the app's history in a real
 // SQLite file and a telephony that records requests and reports calls.
 #include "HistoryCallDataService.h"
+#include "HistoryViewModel.h"
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
-#include "RecordingSharer.h"
-#include "RecordingTelephony.h"
-#include "RecordingUrlOpener.h"
+#include "QuietonApp.h"
+#include "Service.h"
+#include "UserDefaultsService.h"
 
 #include <QQmlContext>
 #include <QtQuickTest>
@@ -32,6 +33,11 @@ public:
         app().history().addHistory(text(firstName), text(lastName), telephone, hidden);
     }
     Q_INVOKABLE void clearHistory() { app().history().deleteAllHistory(); }
+    // A history model over the app's store, for one screen.
+    Q_INVOKABLE HistoryViewModel *newModel()
+    {
+        return new HistoryViewModel(app().history(), app().defaults(), app().service(), this);
+    }
 };
 
 class Setup : public QuickTestSetup

@@ -20,14 +20,14 @@ TestCase {
 
     Component { id: mainViewComponent; MainView { app: testApp; anchors.fill: parent } }
     Component { id: dialerComponent; DialerView { id: dialerView1; vm: testApp.createDialerViewModel(dialerView1); anchors.fill: parent } }
-    Component { id: contactsComponent; ContactsView { id: contactsView2; vm: testApp.createContactsViewModel(contactsView2); anchors.fill: parent } }
-    Component { id: historyComponent; HistoryView { id: historyView3; vm: testApp.createHistoryViewModel(historyView3); anchors.fill: parent } }
+    Component { id: contactsComponent; ContactsView { anchors.fill: parent } }
+    Component { id: historyComponent; HistoryView { anchors.fill: parent } }
     Component { id: settingComponent; SettingView { id: settingView4; vm: testApp.createSettingViewModel(settingView4); anchors.fill: parent } }
     Component { id: updateAlertComponent; AppUpdateAlert { checker: testApp.checkNewVersionService } }
     Component { id: confirmationComponent; CallConfirmationDialog { confirmation: testApp.confirmation; } }
 
-    function show(component) {
-        const view = createTemporaryObject(component, testCase)
+    function show(component, properties) {
+        const view = createTemporaryObject(component, testCase, properties)
         verify(view)
         waitForRendering(view)
         return view
@@ -69,7 +69,7 @@ TestCase {
     }
 
     function test_contacts() {
-        const view = show(contactsComponent)
+        const view = show(contactsComponent, { vm: testApp.createContactsViewModel(testCase) })
         view.appeared()
         tryCompare(view.vm.visibleContacts, "count", 2)
         tryVerify(() => findChild(view, "contactRow1") !== null)
@@ -95,7 +95,7 @@ TestCase {
     }
 
     function test_history() {
-        const view = show(historyComponent)
+        const view = show(historyComponent, { vm: testApp.createHistoryViewModel(testCase) })
         tryCompare(view.vm.filteredContacts, "count", 2)
         tryVerify(() => findChild(view, "historyRow_1") !== null)
         expectNames("history", ["Search", "Edit"])

@@ -8,6 +8,6 @@ import Quieton.App
 
 // Onboarding, page 1 of 3, as a first-time user sees it.
 Item {
-    WelcomeView { id: welcomeView1; vm: testApp.createWelcomeViewModel(welcomeView1); id: welcome; anchors.fill: parent }
+    WelcomeView { id: welcome; vm: testApp.createWelcomeViewModel(welcome); anchors.fill: parent }
     property var steps: [[100, function() { welcome.vm.selectedPage = 0 }]]
 }
