@@ -377,9 +377,7 @@ Page {
     SettingCover {
         objectName: "userGuideCover"
         presented: settingView.isUserGuideForQuietonPresented
-        sourceComponent: Component {
-            UserGuideForQuietonView { id: guide; vm: settingView.vm.createUserGuideModel(guide) }
-        }
+        sourceComponent: Component { UserGuideForQuietonView { id: g; vm: settingView.vm.createUserGuideModel(g) } }
         // The guide may have counted itself as read while it was open.
         onDismiss: {
             settingView.isUserGuideForQuietonPresented = false
@@ -389,17 +387,13 @@ Page {
     SettingCover {
         objectName: "feedbackCover"
         presented: settingView.isSendFeedBackPresented
-        sourceComponent: Component {
-            SendFeedBackView { id: feedback; vm: settingView.vm.createSendFeedBackModel(feedback) }
-        }
+        sourceComponent: Component { SendFeedBackView { id: f; vm: settingView.vm.createSendFeedBackModel(f) } }
         onDismiss: settingView.isSendFeedBackPresented = false
     }
     SettingCover {
         objectName: "aboutCover"
         presented: settingView.isAboutPresented
-        sourceComponent: Component {
-            AboutView { service: settingView.service; urlOpener: settingView.vm.urlOpener }
-        }
+        sourceComponent: Component { AboutView { service: settingView.service; urlOpener: settingView.vm.urlOpener } }
         onDismiss: settingView.isAboutPresented = false
     }
 }

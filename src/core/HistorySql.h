@@ -1,0 +1,63 @@
+#pragma once
+
+// What the history store's two files share: reading a record, telling a
+// damaged file, logging. Private to the store.
+#include "HistoryData.h"
+
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QTextStream>
+#include <QVariant>
+
+#include <atomic>
+
+namespace HistorySql {
+
+// SQLite's primary result codes that mean "this file is damaged".
+inline constexpr int sqliteCorrupt = 11;
+inline constexpr int sqliteNotADatabase = 26;
+
+inline const QString selectColumns =
+    QStringLiteral("SELECT rowid, firstName, lastName, telephone, time, callHidden FROM HistoryData");
+
+inline QString describe(const QSqlError &error)
+{
+    const QString text = error.text().trimmed();
+    return text.isEmpty() ? QStringLiteral("unknown error") : text;
+}
+
+inline bool isDamage(const QSqlError &error)
+{
+    bool ok = false;
+    const int code = error.nativeErrorCode().toInt(&ok) & 0xff;
+    return ok && (code == sqliteCorrupt || code == sqliteNotADatabase);
+}
+
+// A null string is stored as NULL, anything else as text.
+inline QVariant textValue(const QString &text)
+{
+    return text.isNull() ? QVariant(QMetaType::fromType<QString>()) : QVariant(text);
+}
+
+inline HistoryData readRecord(const QSqlQuery &query)
+{
+    const auto text = [&](int column) {
+        const QVariant value = query.value(column);
+        return value.isNull() ? QString() : value.toString();
+    };
+    return HistoryData{ query.value(0).toLongLong(), text(1), text(2), text(3), text(4), query.value(5).toBool() };
+}
+
+inline void log(const QString &line)
+{
+    QTextStream(stdout) << line << Qt::endl;
+}
+
+inline QString newConnectionName()
+{
+    static std::atomic<int> count = 0;
+    return QStringLiteral("HistoryCallDataService-%1").arg(++count);
+}
+
+
+} // namespace HistorySql
