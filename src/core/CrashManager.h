@@ -1,13 +1,8 @@
 #pragma once
 
-// Crash reporting has no backend yet; screens and models keep the one
-// instance so that it can be wired in later without touching them.
+// Crash reporting has no backend yet; the app's start-up makes the one
+// instance and screens and models keep it, so that it can be wired in later
+// without touching them.
 class CrashManager
 {
-public:
-    static CrashManager &shared()
-    {
-        static CrashManager instance;
-        return instance;
-    }
 };

@@ -7,13 +7,9 @@
 #include <QStandardPaths>
 #include <QTextStream>
 
-#include <QThread>
+#include <QtConcurrent/QtConcurrentMap>
 
 #include <algorithm>
-#include <atomic>
-#include <condition_variable>
-#include <mutex>
-#include <thread>
 #include <cerrno>
 #include <cstring>
 #include <dirent.h>
@@ -193,45 +189,6 @@ QString VCardFolderAddressBook::enumerateContacts(
     std::vector<FileEntry> files;
     collectFiles(root, folders, files, error);
 
-    // Files are read in chunks by helper threads and handed over chunk by
-    // chunk in path order, gathered into batches of batchSize.
-    struct Chunk
-    {
-        QList<AddressBookContact> contacts;
-        int broken = 0;
-        QString error;
-        bool done = false;
-    };
-    constexpr size_t filesPerChunk = 256;
-    const size_t chunkCount = (files.size() + filesPerChunk - 1) / filesPerChunk;
-    std::vector<Chunk> chunks(chunkCount);
-    std::mutex mutex;
-    std::condition_variable chunkDone;
-    std::atomic<size_t> nextChunk = 0;
-    std::atomic<bool> stop = false;
-    const auto work = [&] {
-        FileOpener opener(folders);
-        QByteArray bytes;
-        // Once stopped, the chunks left are marked done without reading them.
-        for (size_t c = nextChunk++; c < chunkCount && !stop; c = nextChunk++) {
-            Chunk chunk;
-            const auto collect = [&chunk](AddressBookContact &&contact) { chunk.contacts.append(std::move(contact)); };
-            const size_t end = std::min(files.size(), (c + 1) * filesPerChunk);
-            for (size_t f = c * filesPerChunk; f < end && !m_stopped; ++f) {
-                QString fileError;
-                if (readFile(opener, files[f], bytes, fileError))
-                    chunk.broken += VCardReader::read(bytes, collect, &m_stopped).brokenCards;
-                else if (chunk.error.isEmpty())
-                    chunk.error = fileError;
-            }
-            chunk.done = true;
-            {
-                std::lock_guard lock(mutex);
-                chunks[c] = std::move(chunk);
-            }
-            chunkDone.notify_all();
-        }
-    };
     QList<AddressBookContact> batch;
     const auto add = [&](AddressBookContact &&contact) {
         if (m_stopped)
@@ -242,40 +199,56 @@ QString VCardFolderAddressBook::enumerateContacts(
             batch = QList<AddressBookContact>();
         }
     };
-    int broken = 0;
-    if (chunkCount < 2) {
-        // A few files, perhaps large ones: read here, handing over as the
-        // cards are read.
+    // Reads files [first, first + count) for `collect`; returns the broken
+    // cards and the first file error.
+    const auto readFiles = [&](size_t first, size_t count, const auto &collect, QString &fileError) {
         FileOpener opener(folders);
         QByteArray bytes;
-        for (size_t f = 0; f < files.size() && !m_stopped; ++f) {
-            const FileEntry &file = files[f];
-            QString fileError;
-            if (readFile(opener, file, bytes, fileError))
-                broken += VCardReader::read(bytes, add, &m_stopped).brokenCards;
-            else if (error.isEmpty())
-                error = fileError;
+        int broken = 0;
+        for (size_t f = first; f < std::min(files.size(), first + count) && !m_stopped; ++f) {
+            QString why;
+            if (readFile(opener, files[f], bytes, why))
+                broken += VCardReader::read(bytes, collect, &m_stopped).brokenCards;
+            else if (fileError.isEmpty())
+                fileError = why;
         }
-    }
-    std::vector<std::thread> helpers;
-    for (int i = 0; chunkCount >= 2 && i < std::clamp(QThread::idealThreadCount(), 1, 4); ++i)
-        helpers.emplace_back(work);
-    for (size_t c = 0; chunkCount >= 2 && c < chunkCount; ++c) {
-        Chunk chunk;
+        return broken;
+    };
+    int broken = 0;
+    constexpr size_t filesPerChunk = 256;
+    if (files.size() <= filesPerChunk) {
+        // A few files, perhaps large ones: read here, handing over as the
+        // cards are read.
+        broken = readFiles(0, files.size(), add, error);
+    } else {
+        // Many files: read in chunks on the thread pool, handed over chunk by
+        // chunk in path order.
+        struct Chunk
         {
-            std::unique_lock lock(mutex);
-            chunkDone.wait(lock, [&] { return chunks[c].done; });
-            chunk = std::move(chunks[c]);
+            QList<AddressBookContact> contacts;
+            int broken = 0;
+            QString error;
+        };
+        QList<size_t> firsts;
+        for (size_t f = 0; f < files.size(); f += filesPerChunk)
+            firsts.append(f);
+        const std::function<Chunk(size_t)> readChunk = [&](size_t first) {
+            Chunk chunk;
+            const auto collect = [&chunk](AddressBookContact &&contact) { chunk.contacts.append(std::move(contact)); };
+            chunk.broken = readFiles(first, filesPerChunk, collect, chunk.error);
+            return chunk;
+        };
+        QFuture<Chunk> chunks = QtConcurrent::mapped(firsts, readChunk);
+        for (int c = 0; c < firsts.size(); ++c) {
+            Chunk chunk = chunks.resultAt(c);
+            broken += chunk.broken;
+            if (error.isEmpty())
+                error = chunk.error;
+            for (AddressBookContact &contact : chunk.contacts)
+                add(std::move(contact));
         }
-        broken += chunk.broken;
-        if (error.isEmpty())
-            error = chunk.error;
-        for (AddressBookContact &contact : chunk.contacts)
-            add(std::move(contact));
+        chunks.waitForFinished();
     }
-    stop = true;
-    for (std::thread &helper : helpers)
-        helper.join();
     if (!batch.isEmpty() && !m_stopped)
         deliver(std::move(batch));
     if (broken > 0)
