@@ -2,7 +2,6 @@
 // the store lookup, reporting for bench_startup: the monotonic time of the
 // first frame and of the first moment after it with the history read in and
 // nothing queued, and the resident memory then. Quits at that moment.
-#include "BuildConfig.h"
 #include "QuietonApp.h"
 
 #include <QFile>
@@ -42,10 +41,7 @@ QByteArray residentKib()
 int main(int argc, char *argv[])
 {
     QGuiApplication application(argc, argv);
-    QGuiApplication::setApplicationName(QStringLiteral("quieton"));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Quieton"));
-    QGuiApplication::setApplicationVersion(QStringLiteral(QUIETON_VERSION));
-    QGuiApplication::setDesktopFileName(QStringLiteral("quieton"));
+    QuietonApp::nameApplication();
     QQuickStyle::setStyle(QStringLiteral("Material"));
 
     QuietonApp app;

@@ -7,6 +7,9 @@
 #include "SettingViewModel.h"
 #include "WelcomeViewModel.h"
 #include "WidgetLink.h"
+#include "BuildConfig.h"
+
+#include <QGuiApplication>
 
 #include <QQuickWindow>
 #include <QTextStream>
@@ -37,6 +40,14 @@ QuietonApp::QuietonApp(PlatformParts parts, CheckUpdate::Config updateCheck, QOb
 }
 
 QuietonApp::~QuietonApp() = default;
+
+void QuietonApp::nameApplication()
+{
+    QGuiApplication::setApplicationName(QStringLiteral("quieton"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Quieton"));
+    QGuiApplication::setApplicationVersion(QStringLiteral(QUIETON_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("quieton"));
+}
 
 void QuietonApp::checkForUpdateAfterFirstFrame(QWindow *window)
 {

@@ -58,6 +58,9 @@ public:
                         QObject *parent = nullptr);
     ~QuietonApp() override;
 
+    // Gives the application its names and version (call right after making it).
+    static void nameApplication();
+
     UserDefaultsService *defaultsService() { return &m_defaultsService; }
     Service *service() { return &m_service; }
     HistoryCallDataService *historyDataService() { return &m_historyDataService; }

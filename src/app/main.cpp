@@ -1,4 +1,3 @@
-#include "BuildConfig.h"
 #include "QuietonApp.h"
 #include "SingleInstance.h"
 
@@ -11,10 +10,7 @@
 int main(int argc, char *argv[])
 {
     QGuiApplication application(argc, argv);
-    QGuiApplication::setApplicationName(QStringLiteral("quieton"));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Quieton"));
-    QGuiApplication::setApplicationVersion(QStringLiteral(QUIETON_VERSION));
-    QGuiApplication::setDesktopFileName(QStringLiteral("quieton"));
+    QuietonApp::nameApplication();
 
     QCommandLineParser arguments;
     arguments.setApplicationDescription(QStringLiteral("Private calls: dial with your number withheld."));

@@ -133,6 +133,11 @@ void HistoryCallDataService::waitForFirstRead()
 void HistoryCallDataService::takeFirstRead(ReadResult result)
 {
     m_firstReadPending = false;
+    take(std::move(result), m_dataVersion);
+}
+
+void HistoryCallDataService::take(ReadResult result, qint64 version)
+{
     if (!result.error.isEmpty()) {
         m_dataVersion = -1;
         if (result.damaged && !m_readOnly)
@@ -141,6 +146,7 @@ void HistoryCallDataService::takeFirstRead(ReadResult result)
             log(QStringLiteral("## Error fetch: ") + result.error);
         return;
     }
+    m_dataVersion = version;
     publish(std::move(result.rows));
 }
 
@@ -161,17 +167,7 @@ qint64 HistoryCallDataService::dataVersion()
 void HistoryCallDataService::readAgain()
 {
     const qint64 version = dataVersion();
-    ReadResult result = readAll(database());
-    if (!result.error.isEmpty()) {
-        m_dataVersion = -1;
-        if (result.damaged && !m_readOnly)
-            setAsideDamagedFile();
-        else
-            log(QStringLiteral("## Error fetch: ") + result.error);
-        return;
-    }
-    m_dataVersion = version;
-    publish(std::move(result.rows));
+    take(readAll(database()), version);
 }
 
 QString HistoryCallDataService::timeText(const QDateTime &when)

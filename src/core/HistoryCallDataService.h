@@ -106,6 +106,9 @@ private:
     void startFirstRead();
     void waitForFirstRead();
     void takeFirstRead(ReadResult result);
+    // Publishes a whole read taken at data version `version`, or reports why
+    // it failed (setting a damaged file aside).
+    void take(ReadResult result, qint64 version);
     void publish(QList<HistoryData> rows);
     void readAgain();
     void setAsideDamagedFile();
