@@ -468,16 +468,16 @@ int runOnce(int argc, char *argv[], const QString &home)
     if (!window)
         fail("no window");
     FrameWatch frames(window);
+    quietonApp.startAfterFirstFrame(window, false);
 
     // Up: the first frame. Idle: the history read in, nothing queued.
     frames.waitForFrameAfter(0, "no first frame");
     std::printf("stamp window %lld\n", frames.frameNs());
     HistoryCallDataService *history = quietonApp.historyDataService();
-    waitUntil([history] { return !history->isFetchingInBackground(); }, "the history was not read");
+    waitUntil([history] { return history->count() == historyRows && !history->isFetchingInBackground(); },
+              "the history was not all read");
     QCoreApplication::processEvents();
     std::printf("stamp idle %lld\n", monotonicNs());
-    if (history->count() != historyRows)
-        fail("the history is not all there");
     memorySamples("idle");
     frames.settle(200);
 

@@ -49,13 +49,17 @@ void QuietonApp::nameApplication()
     QGuiApplication::setDesktopFileName(QStringLiteral("quieton"));
 }
 
-void QuietonApp::checkForUpdateAfterFirstFrame(QWindow *window)
+void QuietonApp::startAfterFirstFrame(QWindow *window, bool checkForUpdate)
 {
     auto *quickWindow = qobject_cast<QQuickWindow *>(window);
     if (!quickWindow)
         return;
     connect(quickWindow, &QQuickWindow::frameSwapped, this,
-            [this] { m_checkNewVersionService.checkForUpdate(true, false); },
+            [this, checkForUpdate] {
+                m_historyDataService.readInBackground();
+                if (checkForUpdate)
+                    m_checkNewVersionService.checkForUpdate(true, false);
+            },
             Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
     // In case the first frame is already up: one more to hear about.
     quickWindow->update();

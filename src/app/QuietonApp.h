@@ -70,9 +70,10 @@ public:
     UrlOpener *urlOpener() { return m_platform.urlOpener.get(); }
     const PlatformParts &platform() const { return m_platform; }
 
-    // Asks the store for a newer version once the app's window shows its
-    // first frame (so that start-up never shares its time with it).
-    void checkForUpdateAfterFirstFrame(QWindow *window);
+    // What waits for the app window's first frame, so that start-up never
+    // shares its time with it: the call history's first read, then, unless
+    // `checkForUpdate` is false, asking the store for a newer version.
+    void startAfterFirstFrame(QWindow *window, bool checkForUpdate = true);
 
     // The screens' models, each made for the screen `owner` and living as
     // long as it does.

@@ -39,7 +39,7 @@ int main(int argc, char *argv[])
     engine.load(QUrl(QStringLiteral("qrc:/Quieton/App/AppWindow.qml")));
     if (engine.rootObjects().isEmpty())
         return 1;
-    app.checkForUpdateAfterFirstFrame(qobject_cast<QWindow *>(engine.rootObjects().constFirst()));
+    app.startAfterFirstFrame(qobject_cast<QWindow *>(engine.rootObjects().constFirst()));
     if (link.isValid() && !link.isEmpty())
         app.deliverLink(link);
     return application.exec();

@@ -20,7 +20,6 @@ HistoryCallDataService::HistoryCallDataService(const QString &databasePath, QObj
     QString error;
     switch (openStore(error)) {
     case Opened:
-        startFirstRead();
         break;
     case Damaged:
         log(QStringLiteral("## Error loading Core data :") + error);
@@ -89,8 +88,11 @@ HistoryCallDataService::ReadResult HistoryCallDataService::readAll(const QSqlDat
     return result;
 }
 
-void HistoryCallDataService::startFirstRead()
+void HistoryCallDataService::readInBackground()
 {
+    if (m_readStarted || !m_loaded)
+        return;
+    m_readStarted = true;
     // Whatever another program writes from now on makes the next fetch read again.
     m_dataVersion = dataVersion();
     m_firstReadPending = true;
@@ -123,6 +125,10 @@ void HistoryCallDataService::startFirstRead()
 
 void HistoryCallDataService::waitForFirstRead()
 {
+    if (!m_readStarted && m_loaded) {
+        readAgain();
+        return;
+    }
     if (!m_firstReadPending)
         return;
     m_firstRead.waitForFinished();
@@ -166,6 +172,7 @@ qint64 HistoryCallDataService::dataVersion()
 
 void HistoryCallDataService::readAgain()
 {
+    m_readStarted = true;
     const qint64 version = dataVersion();
     take(readAll(database()), version);
 }

@@ -23,10 +23,11 @@ class QSqlDatabase;
 // table is read again only when it is first opened, when another program
 // changed the file, and after a clear-all.
 //
-// The first read runs on a worker thread, so that a long history never holds
-// up the first frame; until it is in, the model has no rows. Any operation,
-// savedEntities() included, first waits for it, so its result is the same as
-// with an immediate read.
+// The first read runs on a worker thread once readInBackground() asks for it
+// (the app does after its first frame), so that a long history never holds
+// up the window; until it is in, the model has no rows. Any operation,
+// savedEntities() included, first waits for it, or reads at once if nothing
+// asked yet, so its result is the same as with an immediate read.
 class HistoryCallDataService : public QAbstractListModel
 {
     Q_OBJECT
@@ -64,6 +65,8 @@ public:
     // Whether the first read of the records is still running.
     bool isFetchingInBackground() const { return m_firstReadPending; }
 
+    // Starts the first read of the records on a worker thread (once).
+    void readInBackground();
     Q_INVOKABLE void fetchHistory();
     // Records a call made now, saves and fetches.
     Q_INVOKABLE void addHistory(const QString &firstName, const QString &lastName, const QString &telephone,
@@ -103,7 +106,6 @@ private:
     static bool migrate(QSqlDatabase &db, QString &error);
     void closeStore();
     bool ensureLoaded(QString &error);
-    void startFirstRead();
     void waitForFirstRead();
     void takeFirstRead(ReadResult result);
     // Publishes a whole read taken at data version `version`, or reports why
@@ -126,6 +128,7 @@ private:
     QList<PendingChange> m_pending;
     std::function<QDateTime()> m_clock;
     QFuture<std::shared_ptr<ReadResult>> m_firstRead;
+    bool m_readStarted = false;
     bool m_firstReadPending = false;
     // SQLite's count of other connections' commits as of the last full
     // read: while it stays, the list equals the table.

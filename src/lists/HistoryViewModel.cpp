@@ -28,6 +28,8 @@ HistoryViewModel::HistoryViewModel(HistoryCallDataService &historyDataService, U
     connect(m_filteredContacts, &SearchFilter::searchTextChanged, this, &HistoryViewModel::searchTextChanged);
     connect(&historyDataService, &HistoryCallDataService::savedEntitiesChanged, this,
             &HistoryViewModel::historyCountChanged);
+    // The screen shows the rows once read, even if it comes before the app's first frame.
+    historyDataService.readInBackground();
 }
 
 int HistoryViewModel::historyCount() const

@@ -45,7 +45,7 @@ private slots:
         engine.loadData("import QtQuick\nimport QtQuick.Controls\nApplicationWindow { width: 400; height: 700; visible: true }");
         auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
         QVERIFY(window);
-        app.checkForUpdateAfterFirstFrame(window);
+        app.startAfterFirstFrame(window);
         QVERIFY(m_server.requests.isEmpty()); // nothing before the event loop runs
 
         QTRY_COMPARE(m_server.requests.size(), 1);
