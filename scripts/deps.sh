@@ -13,6 +13,7 @@ packages=(
     qml6-module-qt-labs-folderlistmodel qml6-module-qttest
     libqt6sql6-sqlite dbus-daemon dbus-bin python3-dbus python3-dbusmock python3-gi xdg-utils ofono
     xvfb xauth libgl1-mesa-dri fonts-dejavu-core
+    appstream desktop-file-utils dpkg-dev file
 )
 [ "${1:-}" = fuzz ] && packages+=(clang-14 libclang-rt-14-dev util-linux)
 

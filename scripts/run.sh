@@ -10,9 +10,10 @@ app="$build/quieton"
 
 applications="${XDG_DATA_HOME:-$HOME/.local/share}/applications"
 mkdir -p "$applications"
-sed "s|@QUIETON@|$app|" "$root/tools/quieton.desktop.in" > "$applications/quieton.desktop"
+id=app.quieton.Quieton
+sed -e "s|@QUIETON_EXEC@|$app|" -e "s|@QUIETON_BUNDLE_ID@|$id|" "$root/data/quieton.desktop.in" > "$applications/$id.desktop"
 if command -v xdg-mime >/dev/null; then
-    xdg-mime default quieton.desktop x-scheme-handler/quieton 2>/dev/null || true
+    xdg-mime default "$id.desktop" x-scheme-handler/quieton 2>/dev/null || true
 fi
 
 if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ] && [ -z "${QT_QPA_PLATFORM:-}" ]; then

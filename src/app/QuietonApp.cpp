@@ -46,7 +46,7 @@ void QuietonApp::nameApplication()
     QGuiApplication::setApplicationName(QStringLiteral("quieton"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Quieton"));
     QGuiApplication::setApplicationVersion(QStringLiteral(QUIETON_VERSION));
-    QGuiApplication::setDesktopFileName(QStringLiteral("quieton"));
+    QGuiApplication::setDesktopFileName(QStringLiteral(QUIETON_APP_ID));
 }
 
 void QuietonApp::startAfterFirstFrame(QWindow *window, bool checkForUpdate)

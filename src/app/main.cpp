@@ -1,3 +1,4 @@
+#include "BuildConfig.h"
 #include "QuietonApp.h"
 #include "SingleInstance.h"
 
@@ -39,7 +40,7 @@ int main(int argc, char *argv[])
     engine.load(QUrl(QStringLiteral("qrc:/Quieton/App/AppWindow.qml")));
     if (engine.rootObjects().isEmpty())
         return 1;
-    app.startAfterFirstFrame(qobject_cast<QWindow *>(engine.rootObjects().constFirst()));
+    app.startAfterFirstFrame(qobject_cast<QWindow *>(engine.rootObjects().constFirst()), QUIETON_UPDATE_CHECK);
     if (link.isValid() && !link.isEmpty())
         app.deliverLink(link);
     return application.exec();
