@@ -195,6 +195,40 @@ private slots:
             QVERIFY(QDir(m_dir.path()).entryList({ QStringLiteral("killed.json.*") }).isEmpty());
         }
     }
+
+    // Two programs writing one suite at once (the widget and the app, or two
+    // copies of the app) lose none of each other's values; a store opened
+    // before them sees their values, and its own write keeps them.
+    void concurrentWritersLoseNothing()
+    {
+        const QString file = path(QStringLiteral("shared.json"));
+        auto early = JsonFileKeyValueStore::open(file);
+        early->setInteger(QStringLiteral("early"), 1);
+        const int writes = 250;
+        QProcess writers[2];
+        for (int i = 0; i < 2; ++i) {
+            writers[i].start(QCoreApplication::applicationFilePath(),
+                             { QStringLiteral("--write-many"), file, QString(QChar(u'a' + i)), QString::number(writes) });
+        }
+        for (QProcess &writer : writers) {
+            QVERIFY(writer.waitForFinished(120000));
+            QCOMPARE(writer.exitCode(), 0);
+        }
+        QStringList lost;
+        auto after = JsonFileKeyValueStore::open(file);
+        for (const QString &key : { QStringLiteral("a%1"), QStringLiteral("b%1") }) {
+            for (int n = 0; n < writes; ++n) {
+                if (after->integerValue(key.arg(n)) != n)
+                    lost.append(key.arg(n));
+            }
+        }
+        QVERIFY2(lost.isEmpty(), qPrintable(QStringLiteral("%1 lost, first %2").arg(lost.size()).arg(lost.value(0))));
+        QCOMPARE(early->integerValue(QStringLiteral("b%1").arg(writes - 1)), writes - 1);
+        early->setInteger(QStringLiteral("late"), 2);
+        after = JsonFileKeyValueStore::open(file);
+        QCOMPARE(after->integerValue(QStringLiteral("a0")), 0);
+        QCOMPARE(after->integerValue(QStringLiteral("early")) + after->integerValue(QStringLiteral("late")), 3);
+    }
 };
 
 int main(int argc, char *argv[])
@@ -204,6 +238,12 @@ int main(int argc, char *argv[])
         store->setString(QStringLiteral("padding"), QString(4096, u'x'));
         store->setInteger(QStringLiteral("round"), QByteArray(argv[3]).toLongLong());
         ::kill(::getpid(), SIGKILL);
+    }
+    if (argc == 5 && qstrcmp(argv[1], "--write-many") == 0) {
+        auto store = JsonFileKeyValueStore::open(QString::fromLocal8Bit(argv[2]));
+        for (int n = 0; n < QByteArray(argv[4]).toInt(); ++n)
+            store->setInteger(QString::fromLocal8Bit(argv[3]) + QString::number(n), n);
+        return 0;
     }
     QCoreApplication app(argc, argv);
     TestJsonFileKeyValueStore test;

@@ -13,6 +13,11 @@
 // so a process killed right after a write keeps it and never leaves a
 // half-written file. Entries of shapes this version does not know are kept
 // as they are.
+//
+// Other programs (the widget, a second copy of the app) may use the same
+// file: a write takes the file's lock, reads it again and changes only its
+// own key, so their values survive; a read first takes in what changed on
+// disk since the last look.
 class JsonFileKeyValueStore : public KeyValueStore
 {
 public:
@@ -29,9 +34,25 @@ public:
     void setObject(const QString &key, const SettingValue &value) override;
 
 private:
-    explicit JsonFileKeyValueStore(QString path, QJsonObject values);
-    void write() const;
+    // What identifies one version of the file: each write makes a new file.
+    struct Stamp
+    {
+        quint64 inode = 0;
+        qint64 modifiedNs = -1;
+        qint64 size = -1;
+        bool operator==(const Stamp &) const = default;
+    };
+    // The file's at `path`, or the open file's when `descriptor` is given.
+    static Stamp stampOf(const QString &path, int descriptor = -1);
+    enum class Read { Missing, Read, Unparseable, Unreadable };
+    static Read readFile(const QString &path, QJsonObject &values, Stamp &stamp);
+    static bool setAside(const QString &path, QString &aside);
+
+    explicit JsonFileKeyValueStore(QString path, QJsonObject values, Stamp stamp);
+    void takeInChanges() const;
+    void write();
 
     QString m_path;
-    QJsonObject m_values;
+    mutable QJsonObject m_values;
+    mutable Stamp m_stamp;
 };
