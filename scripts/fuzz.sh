@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs a fuzzing campaign on one target: scripts/fuzz.sh TARGET SECONDS
-# TARGET is vcard, link, lookup, settings or channel (see fuzz/). The targets
+# TARGET is vcard, link, lookup or settings (see fuzz/). The targets
 # are built with clang, ASan and UBSan in build-fuzz/ (or
 # $QUIETON_FUZZ_BUILD_DIR). Inputs found to be new go to build-fuzz/corpus/
 # TARGET; the seed corpus fuzz/TARGET/corpus is read, not written. A finding

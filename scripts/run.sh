@@ -12,6 +12,9 @@ applications="${XDG_DATA_HOME:-$HOME/.local/share}/applications"
 mkdir -p "$applications"
 id=app.quieton.Quieton
 sed -e "s|@QUIETON_EXEC@|$app|" -e "s|@QUIETON_BUNDLE_ID@|$id|" "$root/data/quieton.desktop.in" > "$applications/$id.desktop"
+services="${XDG_DATA_HOME:-$HOME/.local/share}/dbus-1/services"
+mkdir -p "$services"
+sed -e "s|@QUIETON_EXEC@|$app|" -e "s|@QUIETON_BUNDLE_ID@|$id|" "$root/data/quieton.service.in" > "$services/$id.service"
 if command -v xdg-mime >/dev/null; then
     xdg-mime default "$id.desktop" x-scheme-handler/quieton 2>/dev/null || true
 fi

@@ -1,70 +1,79 @@
 #include "SingleInstance.h"
 
-#include "Platform.h"
+#include "BuildConfig.h"
+#include "WidgetLink.h"
 
-#include <QCryptographicHash>
-#include <QLocalServer>
-#include <QLocalSocket>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
 #include <QTextStream>
 
-#include <unistd.h>
+namespace {
 
-SingleInstance::SingleInstance(QObject *parent) : QObject(parent) { }
+const QString interfaceName = QStringLiteral("org.freedesktop.Application");
 
-QString SingleInstance::serverName()
+void say(const QString &line)
 {
-    // One running app per user and settings folder: an app started on other
-    // settings (another XDG config home) is a separate app.
-    const QByteArray folder = QCryptographicHash::hash(Platform::configDirectory().toUtf8(), QCryptographicHash::Sha1);
-    return QStringLiteral("quieton-%1-%2").arg(::getuid()).arg(QString::fromLatin1(folder.toHex().left(12)));
+    QTextStream(stdout) << line << Qt::endl;
+}
+
+} // namespace
+
+SingleInstance::SingleInstance(QDBusConnection bus, QObject *parent) : QObject(parent), m_bus(std::move(bus)) { }
+
+QString SingleInstance::objectPath()
+{
+    return u'/' + QStringLiteral(QUIETON_APP_ID).replace(u'.', u'/');
+}
+
+bool SingleInstance::listen()
+{
+    if (!m_bus.isConnected()) {
+        say(QStringLiteral("No session bus: links from later launches cannot reach this app"));
+        return true;
+    }
+    // The object first, so that a launch which finds the name finds it answering.
+    m_bus.registerObject(objectPath(), this, QDBusConnection::ExportAllSlots);
+    const auto reply = m_bus.interface()->registerService(QStringLiteral(QUIETON_APP_ID),
+                                                          QDBusConnectionInterface::DontQueueService,
+                                                          QDBusConnectionInterface::DontAllowReplacement);
+    if (reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceNotRegistered) {
+        m_bus.unregisterObject(objectPath());
+        return false;
+    }
+    return true;
 }
 
 bool SingleInstance::forwardToRunning(const QUrl &link)
 {
-    QLocalSocket socket;
-    socket.connectToServer(serverName());
-    if (!socket.waitForConnected(200))
-        return false;
-    socket.write(link.toEncoded() + '\n');
-    socket.waitForBytesWritten(1000);
-    socket.disconnectFromServer();
-    return true;
+    QDBusMessage call = QDBusMessage::createMethodCall(QStringLiteral(QUIETON_APP_ID), objectPath(), interfaceName,
+                                                       link.isEmpty() ? QStringLiteral("Activate")
+                                                                      : QStringLiteral("Open"));
+    if (link.isEmpty())
+        call << QVariantMap();
+    else
+        call << QStringList{ QString::fromUtf8(link.toEncoded()) } << QVariantMap();
+    // Only the app that runs now: the bus is not to start one for it.
+    call.setAutoStartService(false);
+    return m_bus.call(call, QDBus::Block, 5000).type() == QDBusMessage::ReplyMessage;
 }
 
-bool SingleInstance::readMessages(QIODevice &device)
+void SingleInstance::Activate(const QVariantMap &)
 {
-    while (device.canReadLine()) {
-        const QByteArray line = device.readLine(maxMessageBytes + 1);
-        if (!line.endsWith('\n'))
-            return false;
-        const QByteArray message = line.trimmed();
-        if (message.isEmpty())
-            emit activationRequested();
+    emit activationRequested();
+}
+
+void SingleInstance::Open(const QStringList &uris, const QVariantMap &)
+{
+    for (const QString &uri : uris) {
+        if (uri.size() > WidgetLink::maxLinkLength)
+            say(QStringLiteral("## Link refused: longer than %1 characters").arg(WidgetLink::maxLinkLength));
         else
-            emit linkReceived(QUrl::fromEncoded(message));
+            emit linkReceived(QUrl::fromEncoded(uri.toUtf8()));
     }
-    return device.bytesAvailable() <= maxMessageBytes;
 }
 
-void SingleInstance::listen()
+void SingleInstance::ActivateAction(const QString &, const QVariantList &, const QVariantMap &)
 {
-    m_server = new QLocalServer(this);
-    m_server->setSocketOptions(QLocalServer::UserAccessOption);
-    QLocalServer::removeServer(serverName());
-    if (!m_server->listen(serverName()))
-        return;
-    connect(m_server, &QLocalServer::newConnection, this, [this] {
-        while (QLocalSocket *socket = m_server->nextPendingConnection()) {
-            connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-            // Nothing past one message is buffered.
-            socket->setReadBufferSize(maxMessageBytes + 1);
-            connect(socket, &QLocalSocket::readyRead, socket, [this, socket] {
-                if (!readMessages(*socket)) {
-                    QTextStream(stdout) << "## Link refused: longer than " << maxMessageBytes - 1 << " characters"
-                                        << Qt::endl;
-                    socket->abort();
-                }
-            });
-        }
-    });
+    // The app has no actions; the desktop asking for one only brings it forward.
+    emit activationRequested();
 }

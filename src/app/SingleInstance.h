@@ -1,38 +1,42 @@
 #pragma once
 
-#include "WidgetLink.h"
-
+#include <QDBusConnection>
 #include <QObject>
 #include <QUrl>
+#include <QVariantMap>
 
-class QIODevice;
-class QLocalServer;
-
-// Keeps one running app per user and settings folder. A second launch hands its link (or a plain
-// "come forward") to the running one and exits.
+// Keeps one running app per session, the freedesktop way: the first launch
+// owns the app's name on the session bus and answers
+// org.freedesktop.Application there (which is also how the desktop starts it,
+// its desktop file being D-Bus activatable); a later launch hands its link
+// (Open) or a plain "come forward" (Activate) to it and exits.
 class SingleInstance : public QObject
 {
     Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
 public:
-    explicit SingleInstance(QObject *parent = nullptr);
+    explicit SingleInstance(QDBusConnection bus = QDBusConnection::sessionBus(), QObject *parent = nullptr);
 
-    // Sends `link` to an app already running; true when one took it.
+    // Takes the app's name on the bus. False only when another app holds it;
+    // without a session bus the app runs on its own.
+    bool listen();
+    // Sends `link` (an empty one: "come forward") to the app holding the
+    // name; true when it took it.
     bool forwardToRunning(const QUrl &link);
-    // Starts listening for later launches.
-    void listen();
 
-    // The longest message a launch may send: a link at its bound, and its line end.
-    static constexpr qint64 maxMessageBytes = WidgetLink::maxLinkLength + 1;
-    // Takes the complete lines `device` holds: an empty one asks the app to
-    // come forward, any other is a link. False when what is left is a line
-    // past the bound: the sender is then cut off.
-    bool readMessages(QIODevice &device);
+    static QString objectPath();
 
 signals:
     void linkReceived(const QUrl &link);
     void activationRequested();
 
+public slots:
+    // org.freedesktop.Application, called by the desktop and by later launches.
+    void Activate(const QVariantMap &platformData);
+    void Open(const QStringList &uris, const QVariantMap &platformData);
+    void ActivateAction(const QString &name, const QVariantList &parameter, const QVariantMap &platformData);
+
 private:
-    static QString serverName();
-    QLocalServer *m_server = nullptr;
+    QDBusConnection m_bus;
 };

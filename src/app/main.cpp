@@ -23,9 +23,8 @@ int main(int argc, char *argv[])
             : QUrl::fromUserInput(arguments.positionalArguments().constFirst());
 
     SingleInstance singleInstance;
-    if (singleInstance.forwardToRunning(link))
-        return 0;
-    singleInstance.listen();
+    if (!singleInstance.listen())
+        return singleInstance.forwardToRunning(link) ? 0 : 1;
 
     QQuickStyle::setStyle(QStringLiteral("Material"));
     QuietonApp app;

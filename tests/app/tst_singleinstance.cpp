@@ -1,7 +1,9 @@
-// One running app per user and settings folder: a second launch on the same
-// settings hands over its link, a launch on other settings runs on its own.
+// One running app per session: a later `quieton [link]` hands its link (or a
+// "come forward") to the app that owns the name on the session bus, and exits.
+#include "PrivateBus.h"
 #include "SingleInstance.h"
 #include "StdoutCapture.h"
+#include "WidgetLink.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -11,58 +13,47 @@ class TestSingleInstance : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_homes;
-
-    void useConfigHome(const QString &name)
-    {
-        qputenv("XDG_CONFIG_HOME", m_homes.filePath(name).toUtf8());
-    }
-
 private slots:
-    void laterLaunchesOnTheSameSettingsReachTheRunningApp()
+    void laterLaunchesHandOverAndExit()
     {
-        useConfigHome(QStringLiteral("a"));
-        SingleInstance running;
-        running.listen();
+        PrivateBus bus;
+        QVERIFY(bus.isRunning());
+        SingleInstance running(bus.connection());
+        QVERIFY(running.listen());
         QSignalSpy links(&running, &SingleInstance::linkReceived);
         QSignalSpy activations(&running, &SingleInstance::activationRequested);
 
-        SingleInstance second;
-        QVERIFY(second.forwardToRunning(QUrl(QStringLiteral("quieton://x?number=0612&hidden=true"))));
-        QTRY_COMPARE(links.count(), 1);
-        QCOMPARE(links.at(0).at(0).toUrl(), QUrl(QStringLiteral("quieton://x?number=0612&hidden=true")));
+        // A temporary folder's path far longer than a socket's may be.
+        QTemporaryDir tmp(QDir::tempPath() + u'/' + QString(200, u't'));
+        QVERIFY(tmp.isValid());
+        const auto launch = [&](const QString &link) {
+            QProcess second;
+            QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+            environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus.address());
+            environment.insert(QStringLiteral("TMPDIR"), tmp.path());
+            second.setProcessEnvironment(environment);
+            second.start(QStringLiteral(QUIETON_APP_BINARY), link.isEmpty() ? QStringList() : QStringList{ link });
+            // The running app answers from this thread's event loop.
+            QTRY_VERIFY_WITH_TIMEOUT(second.state() == QProcess::NotRunning, 20000);
+            QCOMPARE(second.exitStatus(), QProcess::NormalExit);
+            QCOMPARE(second.exitCode(), 0);
+        };
 
-        QVERIFY(second.forwardToRunning(QUrl()));
-        QTRY_COMPARE(activations.count(), 1);
+        launch(QStringLiteral("quieton://x?number=0612&hidden=true"));
         QCOMPARE(links.count(), 1);
+        QCOMPARE(links.at(0).at(0).toUrl(), QUrl(QStringLiteral("quieton://x?number=0612&hidden=true")));
+        launch(QString());
+        QCOMPARE(activations.count(), 1);
 
-        // A link at the bound goes through; a longer one is not buffered: its
-        // sender is cut off.
+        // A link at the bound goes through, a longer one is refused.
         StdoutCapture out;
         const QString start = QStringLiteral("quieton://x?number=1&pad=");
         const QUrl atBound(start + QString(WidgetLink::maxLinkLength - start.size(), u'a'));
-        QVERIFY(SingleInstance().forwardToRunning(QUrl(start + QString(1 << 20, u'a'))));
-        QVERIFY(second.forwardToRunning(atBound));
-        QTRY_COMPARE(links.count(), 2);
+        running.Open({ start + QString(WidgetLink::maxLinkLength, u'a'), QString::fromUtf8(atBound.toEncoded()) }, {});
+        QCOMPARE(links.count(), 2);
         QCOMPARE(links.at(1).at(0).toUrl(), atBound);
-        QTRY_COMPARE(out.lines(), QStringList{ QStringLiteral("## Link refused: longer than 4096 characters") });
-    }
-
-    void aLaunchOnOtherSettingsRunsOnItsOwn()
-    {
-        useConfigHome(QStringLiteral("a"));
-        SingleInstance running;
-        running.listen();
-        QSignalSpy links(&running, &SingleInstance::linkReceived);
-
-        useConfigHome(QStringLiteral("b"));
-        SingleInstance other;
-        QVERIFY(!other.forwardToRunning(QUrl(QStringLiteral("quieton://x?number=1"))));
-        other.listen();
-        QSignalSpy otherLinks(&other, &SingleInstance::linkReceived);
-        QVERIFY(other.forwardToRunning(QUrl(QStringLiteral("quieton://x?number=2"))));
-        QTRY_COMPARE(otherLinks.count(), 1);
-        QCOMPARE(links.count(), 0);
+        QCOMPARE(out.lines(), QStringList{ QStringLiteral("## Link refused: longer than 4096 characters") });
+        QCOMPARE(activations.count(), 1);
     }
 };
 
