@@ -14,6 +14,7 @@ packages=(
     libqt6sql6-sqlite dbus-daemon dbus-bin python3-dbus python3-dbusmock python3-gi xdg-utils ofono
     xvfb xauth libgl1-mesa-dri fonts-dejavu-core
     appstream desktop-file-utils dpkg-dev file
+    libebook1.2-dev evolution-data-server
 )
 [ "${1:-}" = fuzz ] && packages+=(clang-14 libclang-rt-14-dev util-linux)
 

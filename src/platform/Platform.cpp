@@ -1,7 +1,9 @@
 #include "Platform.h"
 
 #include "ClipboardSharer.h"
+#include "CombinedAddressBook.h"
 #include "DesktopUrlOpener.h"
+#include "EdsAddressBook.h"
 #include "JsonFileKeyValueStore.h"
 #include "NoWidgetHost.h"
 #include "SystemTelephony.h"
@@ -30,8 +32,13 @@ void Platform::fillMissing(PlatformParts &parts)
         parts.widgets = std::make_unique<NoWidgetHost>();
     if (!parts.sharer)
         parts.sharer = std::make_unique<ClipboardSharer>();
-    if (!parts.addressBook)
-        parts.addressBook = std::make_unique<VCardFolderAddressBook>();
+    if (!parts.addressBook) {
+        // Evolution Data Server's books, then the vCard folder that sync tools fill.
+        std::vector<std::unique_ptr<AddressBook>> books;
+        books.push_back(std::make_unique<EdsAddressBook>());
+        books.push_back(std::make_unique<VCardFolderAddressBook>());
+        parts.addressBook = std::make_unique<CombinedAddressBook>(std::move(books));
+    }
     const QDir config(configDirectory());
     if (!parts.standardSettings) {
         parts.standardSettings = openSettings(config.filePath(QStringLiteral("quieton.json")));
