@@ -16,8 +16,10 @@ AddressBook::AccessAnswer CombinedAddressBook::requestAccess()
         if (!part.error.isEmpty())
             errors.append(part.error);
     }
-    if (!answer.granted)
-        answer.error = errors.join(QStringLiteral("; "));
+    // A book that is there but refuses (a registry that does not answer, a
+    // folder that cannot be listed) is for the user to mend: no access.
+    if (!errors.isEmpty())
+        answer = { false, errors.join(QStringLiteral("; ")) };
     return answer;
 }
 

@@ -5,8 +5,9 @@
 #include <memory>
 #include <vector>
 
-// Several address books read as one, in the order given: the app may read it
-// when it may read any of them, and reads those it may.
+// Several address books read as one, in the order given. The app may read it
+// when none refuses with a reason and one at least grants; a book that is
+// simply not there (no reason given) is passed over.
 class CombinedAddressBook : public AddressBook
 {
 public:
