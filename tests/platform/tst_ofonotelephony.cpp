@@ -1,48 +1,34 @@
-// The oFono backend against python3-dbusmock's oFono template on a private
-// bus, for what the real daemon (tst_ofonodaemon) cannot easily be made to
-// do: modems that come, change their interfaces, and a Dial that fails.
+// The oFono backend against python3-dbusmock's oFono template, for what the
+// real daemon cannot easily be made to do: modems that come, change their
+// interfaces, and a Dial that fails.
 #include "OfonoTelephony.h"
 #include "PrivateBus.h"
 
 #include <QDBusMessage>
-#include <QDBusObjectPath>
 #include <QtTest>
 
 namespace {
 
 const QString mockInterface = QStringLiteral("org.freedesktop.DBus.Mock");
-const QString ofono = QStringLiteral("org.ofono");
 const QString manager = QStringLiteral("org.ofono.VoiceCallManager");
+const DialRequest request{ QString(), QStringLiteral("0612345678") };
 
-QProcess *startMock(PrivateBus &bus, const QString &parameters)
-{
-    QStringList arguments{ "-m", "dbusmock", "--template", "ofono" };
-    if (!parameters.isEmpty())
-        arguments << QStringLiteral("-p") << parameters;
-    return bus.startService(QStringLiteral("/usr/bin/python3"), arguments, ofono);
-}
-
-// The backend on a mock started first, with what it reports.
+// The backend on a mock started first, with the failures it reports.
 struct Rig
 {
-    explicit Rig(const QString &parameters = QString()) : process(startMock(bus, parameters))
+    explicit Rig(const QString &parameters = QStringLiteral("{}"))
+        : process(bus.startService(QStringLiteral("/usr/bin/python3"),
+                                   { "-m", "dbusmock", "--template", "ofono", "-p", parameters }, OfonoTelephony::serviceName))
     {
-        QObject::connect(&telephony, &Telephony::callChanged, &context,
-                         [this](const CallEvent &e) { events.append(e.callId); });
-        QObject::connect(&telephony, &Telephony::requestFailed, &context,
-                         [this](const QString &message) { failures.append(message); });
+        QObject::connect(&telephony, &Telephony::callChanged, &context, [this](const CallEvent &e) { events.append(e.callId); });
+        QObject::connect(&telephony, &Telephony::requestFailed, &context, [this](const QString &m) { failures.append(m); });
     }
-
-    QDBusMessage call(const QString &path, const QString &interface, const QString &method, const QVariantList &args)
+    // A method of the mock itself; fails the test when the mock refuses it.
+    void mock(const QString &path, const QString &method, const QVariantList &args)
     {
-        QDBusMessage message = QDBusMessage::createMethodCall(ofono, path, interface, method);
+        QDBusMessage message = QDBusMessage::createMethodCall(OfonoTelephony::serviceName, path, mockInterface, method);
         message.setArguments(args);
-        return bus.connection().call(message, QDBus::Block, 10000);
-    }
-    void emitSignal(const QString &path, const QString &interface, const QString &name, const QString &signature,
-                    const QVariantList &args)
-    {
-        const QDBusMessage reply = call(path, mockInterface, QStringLiteral("EmitSignal"), { interface, name, signature, args });
+        const QDBusMessage reply = bus.connection().call(message, QDBus::Block, 10000);
         QVERIFY2(reply.type() == QDBusMessage::ReplyMessage, qPrintable(reply.errorMessage()));
     }
     bool waitForModems(int count)
@@ -69,19 +55,25 @@ private slots:
         Rig rig;
         QVERIFY(rig.process);
         QVERIFY(rig.waitForModems(1));
-        QVERIFY(rig.telephony.canOpen(DialRequest{ QString(), QStringLiteral("0612345678") }));
+        QVERIFY(rig.telephony.canOpen(request));
 
-        rig.call(QStringLiteral("/"), mockInterface, QStringLiteral("AddModem"), { QStringLiteral("ril_1"), QVariantMap() });
+        rig.mock(QStringLiteral("/"), QStringLiteral("AddModem"), { QStringLiteral("ril_1"), QVariantMap() });
         QVERIFY(rig.waitForModems(2));
         const auto offer = [&](const QStringList &interfaces) {
-            rig.emitSignal(QStringLiteral("/ril_1"), QStringLiteral("org.ofono.Modem"), QStringLiteral("PropertyChanged"),
-                           "sv", { QStringLiteral("Interfaces"), interfaces });
+            rig.mock(QStringLiteral("/ril_1"), QStringLiteral("EmitSignal"),
+                     { QStringLiteral("org.ofono.Modem"), QStringLiteral("PropertyChanged"), QStringLiteral("sv"),
+                       QVariantList{ QStringLiteral("Interfaces"), interfaces } });
         };
         offer({ QStringLiteral("org.ofono.SimManager") });
         QVERIFY(rig.waitForModems(1));
         offer({ QStringLiteral("org.ofono.SimManager"), manager });
         QVERIFY(rig.waitForModems(2));
         QCOMPARE(rig.telephony.voiceModems(), (QStringList{ "/ril_0", "/ril_1" }));
+
+        // oFono leaves the bus: its modems go with it.
+        rig.bus.stopService(rig.process);
+        QVERIFY(rig.waitForModems(0));
+        QVERIFY(!rig.telephony.canOpen(request));
     }
 
     void noModemCannotOpen()
@@ -89,21 +81,19 @@ private slots:
         Rig rig(QStringLiteral("{\"no_modem\": true}"));
         QVERIFY(rig.process);
         // Until the modems are read, a request waits for them.
-        QVERIFY(rig.telephony.canOpen(DialRequest{ QString(), QStringLiteral("0612") }));
-        rig.telephony.open(DialRequest{ QString(), QStringLiteral("0612") });
+        QVERIFY(rig.telephony.canOpen(request));
+        rig.telephony.open(request);
         QVERIFY(QTest::qWaitFor([&] { return !rig.failures.isEmpty(); }, 10000));
-        QVERIFY(!rig.telephony.canOpen(DialRequest{ QString(), QStringLiteral("0612") }));
+        QVERIFY(!rig.telephony.canOpen(request));
     }
 
     void refusedDialBecomesAFailureNotice()
     {
         Rig rig;
         QVERIFY(rig.waitForModems(1));
-        const QDBusMessage added = rig.call(
-            QStringLiteral("/ril_0"), mockInterface, QStringLiteral("AddMethod"),
-            { manager, QStringLiteral("Dial"), QStringLiteral("ss"), QStringLiteral("o"),
-              QStringLiteral("raise dbus.exceptions.DBusException('No network', name='org.ofono.Error.Failed')") });
-        QVERIFY2(added.type() == QDBusMessage::ReplyMessage, qPrintable(added.errorMessage()));
+        rig.mock(QStringLiteral("/ril_0"), QStringLiteral("AddMethod"),
+                 { manager, QStringLiteral("Dial"), QStringLiteral("ss"), QStringLiteral("o"),
+                   QStringLiteral("raise dbus.exceptions.DBusException('No network', name='org.ofono.Error.Failed')") });
         rig.telephony.open(DialRequest{ QStringLiteral("#31#"), QStringLiteral("0612345678") });
         QVERIFY(QTest::qWaitFor([&] { return !rig.failures.isEmpty(); }, 10000));
         QVERIFY2(rig.failures.constLast().contains(QStringLiteral("No network")), qPrintable(rig.failures.constLast()));

@@ -53,22 +53,6 @@ class TestVCardFolderAddressBook : public QObject
     Q_OBJECT
 
 private slots:
-    void missingFolderIsAnEmptyBookWithAccess()
-    {
-        QTemporaryDir home;
-        VCardFolderAddressBook book(home.filePath(QStringLiteral("contacts")));
-        QVERIFY(book.requestAccess().granted);
-        const Enumeration result = enumerate(book);
-        QVERIFY(result.batchSizes.isEmpty());
-        QVERIFY(result.error.isEmpty());
-
-        // A file in place of the folder is refused.
-        write(home.filePath("contacts"), card("A"));
-        const auto answer = book.requestAccess();
-        QVERIFY(!answer.granted);
-        QVERIFY(!answer.error.isEmpty());
-    }
-
     // The layout a CardDAV synchronisation leaves: one folder per address
     // book, one card per file, plus odd files that are not cards.
     void everyVCardBelowTheFolderInPathOrder()
@@ -120,11 +104,22 @@ private slots:
         QCOMPARE(batches, 1);
     }
 
-    // A locked file is reported and the rest still read; a locked folder is refused.
-    void unreadableFilesAndFolders()
+    // No folder yet is an empty book with access. A locked file is reported
+    // and the rest still read; a locked folder, or a file in its place, is refused.
+    void missingOrUnreadableFilesAndFolders()
     {
         QTemporaryDir home;
         const QString folder = home.filePath(QStringLiteral("contacts"));
+        VCardFolderAddressBook book(folder);
+        QVERIFY(book.requestAccess().granted);
+        const Enumeration none = enumerate(book);
+        QVERIFY(none.batchSizes.isEmpty());
+        QVERIFY(none.error.isEmpty());
+        write(folder, card("A"));
+        QVERIFY(!book.requestAccess().granted);
+        QVERIFY(!book.requestAccess().error.isEmpty());
+
+        QVERIFY(QFile::remove(folder));
         write(folder + "/a.vcf", card("A"));
         write(folder + "/b.vcf", card("B"));
         write(folder + "/c.vcf", card("C"));
@@ -132,7 +127,6 @@ private slots:
         if (QFile(folder + "/b.vcf").open(QIODevice::ReadOnly))
             QSKIP("running as the superuser: file permissions do not keep it out");
 
-        VCardFolderAddressBook book(folder);
         QVERIFY(book.requestAccess().granted);
         const Enumeration result = enumerate(book);
         QCOMPARE(result.families, (QStringList{ "A", "C" }));

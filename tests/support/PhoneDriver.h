@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QObject>
-#include <QVariantList>
-
+#include "RecordingTelephony.h"
 #include "TestApp.h"
 
-class RecordingTelephony;
-class TestApp;
+#include <QObject>
+#include <QVariantList>
 
 // What QML tests need of the phone and of the history file: the requests a
 // recording telephony got, calls it reports on demand, and the call records
@@ -15,18 +13,24 @@ class PhoneDriver : public QObject
 {
     Q_OBJECT
 public:
-    explicit PhoneDriver(TestApp &app, QObject *parent = nullptr);
+    explicit PhoneDriver(TestApp &app, QObject *parent = nullptr)
+        : QObject(parent), m_app(app), m_telephony(app.telephony)
+    {
+    }
 
     // Lowers both call flags, as after a call the app saw through.
     Q_INVOKABLE void resetCallFlags();
 
-    Q_INVOKABLE void setCallsPossible(bool possible);
-    Q_INVOKABLE int openedCount() const;
+    Q_INVOKABLE void setCallsPossible(bool possible) { m_telephony->callsPossible = possible; }
+    Q_INVOKABLE int openedCount() const { return int(m_telephony->opened.size()); }
     // The last dial string the telephony was asked about, and the last one
     // it was asked to call; empty when there was none.
-    Q_INVOKABLE QString lastAsked() const;
-    Q_INVOKABLE QString lastOpened() const;
-    Q_INVOKABLE void report(const QString &id, bool outgoing, bool connected, bool ended);
+    Q_INVOKABLE QString lastAsked() const { return m_telephony->asked.value(m_telephony->asked.size() - 1); }
+    Q_INVOKABLE QString lastOpened() const { return m_telephony->opened.value(m_telephony->opened.size() - 1); }
+    Q_INVOKABLE void report(const QString &id, bool outgoing, bool connected, bool ended)
+    {
+        m_telephony->report(id, outgoing, connected, ended);
+    }
 
     // The records in the app's history file, read afresh from disk, each a
     // map of firstName, lastName, telephone and callHidden.

@@ -8,11 +8,9 @@
 
 namespace {
 
-// The bus listens in its own folder, where the test's things are.
-const char systemConfig[] = R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-BUS Bus Configuration 1.0//EN"
+const char config[] = R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-BUS Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
 <busconfig>
-  <type>system</type>
   <listen>unix:dir=%1</listen>
   <auth>EXTERNAL</auth>
   <policy context="default">
@@ -26,28 +24,16 @@ const char systemConfig[] = R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D
 
 } // namespace
 
-PrivateBus::PrivateBus(Type type)
+PrivateBus::PrivateBus()
 {
-    QStringList arguments{ QStringLiteral("--session") };
-    if (type == Type::System) {
-        const QString config = m_directory.filePath(QStringLiteral("bus.conf"));
-        QFile file(config);
-        if (!file.open(QIODevice::WriteOnly)
-            || file.write(QString::fromLatin1(systemConfig).arg(m_directory.path()).toUtf8()) < 0)
-            return;
-        file.close();
-        arguments = QStringList{ QStringLiteral("--config-file=") + config };
-    }
-    m_daemon.setProgram(QStringLiteral("dbus-daemon"));
-    m_daemon.setArguments(arguments
-                          + QStringList{ QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
-                                         QStringLiteral("--print-address=1") });
-    m_daemon.setProcessChannelMode(QProcess::SeparateChannels);
-    m_daemon.start();
-    if (!m_daemon.waitForStarted(5000))
+    QFile file(m_directory.filePath(QStringLiteral("bus.conf")));
+    if (!file.open(QIODevice::WriteOnly) || file.write(QString::fromLatin1(config).arg(m_directory.path()).toUtf8()) < 0)
         return;
+    file.close();
+    m_daemon.start(QStringLiteral("dbus-daemon"), { QStringLiteral("--config-file=") + file.fileName(), QStringLiteral("--nofork"),
+                                                    QStringLiteral("--nopidfile"), QStringLiteral("--print-address=1") });
     const QDeadlineTimer deadline(10000);
-    while (!m_daemon.canReadLine() && !deadline.hasExpired() && m_daemon.state() == QProcess::Running)
+    while (m_daemon.waitForStarted(5000) && !m_daemon.canReadLine() && !deadline.hasExpired())
         m_daemon.waitForReadyRead(100);
     m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
     m_connectionName = QStringLiteral("private-bus-") + QUuid::createUuid().toString(QUuid::WithoutBraces);
@@ -57,15 +43,8 @@ PrivateBus::~PrivateBus()
 {
     while (!m_services.empty())
         stopService(m_services.back().get());
-    if (!m_connectionName.isEmpty())
-        QDBusConnection::disconnectFromBus(m_connectionName);
-    if (m_daemon.state() != QProcess::NotRunning) {
-        m_daemon.terminate();
-        if (!m_daemon.waitForFinished(5000)) {
-            m_daemon.kill();
-            m_daemon.waitForFinished(5000);
-        }
-    }
+    QDBusConnection::disconnectFromBus(m_connectionName);
+    stop(m_daemon);
 }
 
 QDBusConnection PrivateBus::connection()
@@ -75,55 +54,38 @@ QDBusConnection PrivateBus::connection()
 
 QProcess *PrivateBus::startService(const QString &program, const QStringList &arguments, const QString &busName)
 {
-    auto service = std::make_unique<QProcess>();
+    QProcess *service = m_services.emplace_back(std::make_unique<QProcess>()).get();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"), m_address);
     environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_address);
     service->setProcessEnvironment(environment);
-    service->setProgram(program);
-    service->setArguments(arguments);
-    // What a service says goes to the test's own error output for diagnosis,
-    // except standard output, which the test may read.
+    // Its error output goes to the test's for diagnosis; the test may read its standard output.
     service->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    service->start();
-    if (!service->waitForStarted(5000))
-        return nullptr;
-    QProcess *started = service.get();
-    m_services.push_back(std::move(service));
-    if (!waitForName(busName, true)) {
-        stopService(started);
-        return nullptr;
-    }
-    return started;
+    service->start(program, arguments);
+    QDBusConnectionInterface *bus = connection().interface();
+    if (service->waitForStarted(5000) && bus
+        && QTest::qWaitFor([&] { return bus->isServiceRegistered(busName).value(); }, 10000))
+        return service;
+    stopService(service);
+    return nullptr;
 }
 
 void PrivateBus::stopService(QProcess *service)
 {
-    for (auto it = m_services.begin(); it != m_services.end(); ++it) {
-        if (it->get() != service)
-            continue;
-        if (service->state() != QProcess::NotRunning) {
-            service->terminate();
-            if (!service->waitForFinished(5000)) {
-                service->kill();
-                service->waitForFinished(5000);
-            }
-        }
-        m_services.erase(it);
+    const auto found = std::find_if(m_services.begin(), m_services.end(), [service](const auto &s) { return s.get() == service; });
+    if (found == m_services.end())
         return;
-    }
+    stop(**found);
+    m_services.erase(found);
 }
 
-bool PrivateBus::waitForName(const QString &busName, bool owned, int timeoutMs)
+void PrivateBus::stop(QProcess &process)
 {
-    QDBusConnectionInterface *bus = connection().interface();
-    if (!bus)
-        return false;
-    const QDeadlineTimer deadline(timeoutMs);
-    while (!deadline.hasExpired()) {
-        if (bus->isServiceRegistered(busName).value() == owned)
-            return true;
-        QTest::qWait(20);
+    if (process.state() == QProcess::NotRunning)
+        return;
+    process.terminate();
+    if (!process.waitForFinished(5000)) {
+        process.kill();
+        process.waitForFinished(5000);
     }
-    return false;
 }

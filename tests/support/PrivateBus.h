@@ -1,42 +1,35 @@
 #pragma once
 
 #include <QDBusConnection>
-#include <QList>
 #include <QProcess>
-#include <QString>
-#include <QStringList>
 #include <QTemporaryDir>
 
 #include <memory>
+#include <vector>
 
-// A D-Bus daemon of the test's own, with the services the test starts on it.
-// Everything it started is stopped when it is destroyed.
+// A D-Bus daemon of the test's own, serving as system and session bus of the
+// services the test starts on it: anyone may own any name and send anything,
+// and nothing is activated. Everything it started stops when it is destroyed.
 class PrivateBus
 {
 public:
-    // A System bus lets anyone own any name and send anything, and activates
-    // nothing: daemons that insist on a system bus (oFono) run on it.
-    enum class Type { Session, System };
-
-    explicit PrivateBus(Type type = Type::Session);
+    PrivateBus();
     ~PrivateBus();
     PrivateBus(const PrivateBus &) = delete;
     PrivateBus &operator=(const PrivateBus &) = delete;
 
     bool isRunning() const { return !m_address.isEmpty(); }
     QString address() const { return m_address; }
-
     // A connection of the test to the bus, closed with the bus.
     QDBusConnection connection();
 
-    // Starts `program` with the bus as its system and session bus, and waits
-    // until it owns `busName`. Returns the running process (owned by the
-    // bus), or nullptr when it did not come up within ten seconds.
+    // Starts `program` on this bus and waits until it owns `busName`. Returns
+    // the process (owned by the bus), or nullptr when it did not come up.
     QProcess *startService(const QString &program, const QStringList &arguments, const QString &busName);
-    // Stops a service started above.
     void stopService(QProcess *service);
 
-    bool waitForName(const QString &busName, bool owned, int timeoutMs = 10000);
+    // Terminates `process`, killing it when it does not stop in time.
+    static void stop(QProcess &process);
 
 private:
     QTemporaryDir m_directory;

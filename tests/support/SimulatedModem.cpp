@@ -2,25 +2,18 @@
 
 #include "PrivateBus.h"
 
-#include <QDeadlineTimer>
 #include <QProcess>
 #include <QTest>
 
 SimulatedModem::SimulatedModem(PrivateBus &bus, int stepMs, int modemAfterMs, const QStringList &extraArguments)
     : m_bus(bus)
 {
-    const QStringList arguments = QStringList{ scriptPath(),
-                                               QStringLiteral("--bus"), bus.address(),
-                                               QStringLiteral("--step-ms"), QString::number(stepMs),
-                                               QStringLiteral("--modem-after-ms"), QString::number(modemAfterMs) }
-            + extraArguments;
-    m_process = bus.startService(QStringLiteral("/usr/bin/python3"), arguments,
+    const QStringList arguments{ QStringLiteral(QUIETON_SOURCE_DIR "/tools/simulated-modem.py"),
+                                 QStringLiteral("--bus"), bus.address(),
+                                 QStringLiteral("--step-ms"), QString::number(stepMs),
+                                 QStringLiteral("--modem-after-ms"), QString::number(modemAfterMs) };
+    m_process = bus.startService(QStringLiteral("/usr/bin/python3"), arguments + extraArguments,
                                  QStringLiteral("org.freedesktop.ModemManager1"));
-}
-
-SimulatedModem::~SimulatedModem()
-{
-    stop();
 }
 
 void SimulatedModem::stop()
@@ -28,18 +21,14 @@ void SimulatedModem::stop()
     if (!m_process)
         return;
     lines();
-    m_bus.stopService(m_process);
-    m_process = nullptr;
+    m_bus.stopService(std::exchange(m_process, nullptr));
 }
 
 QStringList SimulatedModem::lines()
 {
-    if (m_process) {
-        while (m_process->canReadLine() || m_process->waitForReadyRead(0)) {
-            if (!m_process->canReadLine())
-                continue;
+    while (m_process && (m_process->canReadLine() || m_process->waitForReadyRead(0))) {
+        if (m_process->canReadLine())
             m_lines.append(QString::fromUtf8(m_process->readLine()).trimmed());
-        }
     }
     return m_lines;
 }
@@ -47,28 +36,17 @@ QStringList SimulatedModem::lines()
 QStringList SimulatedModem::createdNumbers()
 {
     QStringList numbers;
-    const QString marker = QStringLiteral("CreateCall ");
     for (const QString &line : lines()) {
-        if (line.startsWith(marker))
-            numbers.append(line.mid(marker.size()));
+        if (line.startsWith(QLatin1String("CreateCall ")))
+            numbers.append(line.mid(11));
     }
     return numbers;
 }
 
 bool SimulatedModem::waitForLine(const QString &prefix, int timeoutMs)
 {
-    const QDeadlineTimer deadline(timeoutMs);
-    do {
-        for (const QString &line : lines()) {
-            if (line.startsWith(prefix))
-                return true;
-        }
-        QTest::qWait(20);
-    } while (!deadline.hasExpired());
-    return false;
-}
-
-QString SimulatedModem::scriptPath()
-{
-    return QStringLiteral(QUIETON_SOURCE_DIR "/tools/simulated-modem.py");
+    return QTest::qWaitFor([&] {
+        const QStringList all = lines();
+        return std::any_of(all.cbegin(), all.cend(), [&](const QString &line) { return line.startsWith(prefix); });
+    }, timeoutMs);
 }

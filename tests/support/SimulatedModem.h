@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QString>
 #include <QStringList>
 
 class PrivateBus;
@@ -10,11 +9,11 @@ class QProcess;
 class SimulatedModem
 {
 public:
-    // Starts the simulator; `stepMs` is the time between two states of a
-    // call, `modemAfterMs` delays the modem's appearance, `extraArguments`
-    // go to the simulator as they are (e.g. "--no-network").
+    // `stepMs` is the time between two states of a call, `modemAfterMs`
+    // delays the modem's appearance, `extraArguments` go to the simulator
+    // as they are (e.g. "--no-network").
     SimulatedModem(PrivateBus &bus, int stepMs = 150, int modemAfterMs = 0, const QStringList &extraArguments = {});
-    ~SimulatedModem();
+    ~SimulatedModem() { stop(); }
     SimulatedModem(const SimulatedModem &) = delete;
     SimulatedModem &operator=(const SimulatedModem &) = delete;
 
@@ -28,8 +27,6 @@ public:
     QStringList createdNumbers();
     // Waits until it printed a line that starts with `prefix`.
     bool waitForLine(const QString &prefix, int timeoutMs = 10000);
-
-    static QString scriptPath();
 
 private:
     PrivateBus &m_bus;

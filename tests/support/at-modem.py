@@ -1,23 +1,13 @@
 #!/usr/bin/python3
 """A small AT-command modem on loopback TCP, for oFono's phonesim driver.
 
-Listens on 127.0.0.1 (--port, 0 chooses a free one) and prints "Port <n>"
-once it listens. Serves one connection at a time: it answers the queries oFono
-sends while it brings a modem up, "ERROR" to SIM file reads (its SIM holds
-none) and "OK" to every other command.
-
-Calls: "ATD<string>;" is printed as "ATD <string>" and starts an outgoing call
-in state dialing; AT+CLCC lists the calls; ATH / AT+CHUP end them. Commands
-read on standard input, one a line, move calls on as the other side would:
-  alert          outgoing calls that are dialing start ringing at the far end
-  answer         the far end answers (outgoing calls become active)
-  hangup         the far end hangs up: every call ends with NO CARRIER
-  ring <number>  an incoming call from <number> (RING and +CLIP)
-Every command received is also printed as "< <command>" for diagnosis.
-Standard library only; stops at the end of standard input or on SIGTERM.
+Prints "Port <n>" once it listens on 127.0.0.1, then serves one connection at
+a time: fixed answers to oFono's bring-up queries, ERROR to SIM file reads,
+OK to the rest. "ATD<string>;" is printed as "ATD <string>" and starts an
+outgoing call. Lines on standard input act as the far end: "alert", "answer",
+"hangup" (NO CARRIER) and "ring <number>". Stops at the end of its input.
 """
 
-import argparse
 import os
 import selectors
 import socket
@@ -46,8 +36,8 @@ FIXED_ANSWERS = {
 }
 
 
-def say(line):
-    print(line, flush=True)
+def number_type(number):
+    return 145 if number.startswith('+') else 129
 
 
 class Modem:
@@ -69,11 +59,7 @@ class Modem:
         if self.connection:
             self.connection.sendall(b''.join(b'\r\n' + line.encode() + b'\r\n' for line in lines))
 
-    def announce(self, *lines):
-        self.unsolicited.extend(lines)
-
     def quiet_for(self):
-        """Seconds until the line has been quiet long enough for unsolicited results."""
         return max(0.0, self.last_command + QUIET_SECONDS - time.monotonic())
 
     def received(self, data):
@@ -83,32 +69,22 @@ class Modem:
             line, self.buffer = self.buffer.split(b'\r', 1)
             command = line.decode(errors='replace').strip()
             if command:
-                say('< ' + command)
-                self.command(command)
+                self.command(command, command.upper())
 
-    def command(self, command):
-        upper = command.upper()
+    def command(self, command, upper):
         if upper in FIXED_ANSWERS:
             self.send(FIXED_ANSWERS[upper], 'OK')
+        elif upper.startswith('ATD') and not command.endswith(';'):
+            self.send('NO CARRIER')
         elif upper.startswith('ATD'):
-            if not command.endswith(';'):
-                self.send('NO CARRIER')
-                return
-            dialled = command[3:-1]
-            say('ATD ' + dialled)
-            self.add_call(0, DIALING, dialled.rstrip('Ii'))
-            self.send('OK')
-        elif upper == 'ATA':
-            for call in self.calls:
-                if call[2] == INCOMING:
-                    call[2] = ACTIVE
+            print('ATD ' + command[3:-1], flush=True)
+            self.add_call(0, DIALING, command[3:-1].rstrip('Ii'))
             self.send('OK')
         elif upper in ('ATH', 'AT+CHUP', 'ATH0'):
             self.calls.clear()
             self.send('OK')
         elif upper == 'AT+CLCC':
-            self.send(*[f'+CLCC: {i},{d},{s},0,0,"{n}",{145 if n.startswith("+") else 129}'
-                        for i, d, s, n in self.calls], 'OK')
+            self.send(*[f'+CLCC: {i},{d},{s},0,0,"{n}",{number_type(n)}' for i, d, s, n in self.calls], 'OK')
         elif upper == 'AT+CFUN?':
             self.send(f'+CFUN: {self.cfun}', 'OK')
         elif upper.startswith('AT+CFUN='):
@@ -120,41 +96,34 @@ class Modem:
         elif upper == 'AT+COPS?':
             operator = '"00101"' if self.cops_format == 2 else '"Quieton Net"'
             self.send(f'+COPS: 0,{self.cops_format},{operator}', 'OK')
-        elif upper.startswith('AT+CRSM') or upper.startswith('AT+CPBS') or upper.startswith('AT+CSIM'):
+        elif upper.startswith(('AT+CRSM', 'AT+CPBS', 'AT+CSIM')):
             self.send('ERROR')
         else:
             self.send('OK')
 
-    def control(self, line):
-        words = line.split()
-        if not words:
-            return
-        if words[0] == 'alert':
+    def control(self, words):
+        if words == ['alert']:
             for call in self.calls:
                 if call[2] == DIALING:
                     call[2] = ALERTING
-        elif words[0] == 'answer':
+        elif words == ['answer']:
             for call in self.calls:
                 if call[1] == 0:
                     call[2] = ACTIVE
-        elif words[0] == 'hangup' and self.calls:
+        elif words == ['hangup'] and self.calls:
             self.calls.clear()
-            self.announce('NO CARRIER')
-        elif words[0] == 'ring' and len(words) > 1:
+            self.unsolicited.append('NO CARRIER')
+        elif len(words) == 2 and words[0] == 'ring':
             self.add_call(1, INCOMING, words[1])
-            self.announce('RING', f'+CLIP: "{words[1]}",{145 if words[1].startswith("+") else 129}')
+            self.unsolicited += ['RING', f'+CLIP: "{words[1]}",{number_type(words[1])}']
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument('--port', type=int, default=0)
-    port = parser.parse_args().port
-
     server = socket.socket()
     server.setsockopt(socket.SOL_SOCKET, socket.SO_REUSEADDR, 1)
-    server.bind(('127.0.0.1', port))
+    server.bind(('127.0.0.1', 0))
     server.listen(1)
-    say(f'Port {server.getsockname()[1]}')
+    print(f'Port {server.getsockname()[1]}', flush=True)
 
     modem = Modem()
     control = b''
@@ -180,7 +149,7 @@ def main():
                 control += data
                 while b'\n' in control:
                     line, control = control.split(b'\n', 1)
-                    modem.control(line.decode())
+                    modem.control(line.decode().split())
             else:
                 try:
                     data = modem.connection.recv(4096)
