@@ -1,14 +1,11 @@
-// The settings screen in a real QML view, on the app's settings file and
-// history database in a temporary home; the system's URL opener, the share
-// operation and the telephony are replaced by recording ones.
+// The settings screen and the onboarding in real QML views and in the app's
+// own window, on the app's settings file and history database in a temporary
+// home, with a recording URL opener, sharer and telephony.
 #include "CheckUpdate.h"
 #include "JsonFileKeyValueStore.h"
 #include "LoopbackHttpServer.h"
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
-#include "RecordingSharer.h"
-#include "RecordingTelephony.h"
-#include "RecordingUrlOpener.h"
 #include "RecordingSharer.h"
 #include "RecordingUrlOpener.h"
 #include "TestHome.h"
@@ -20,17 +17,14 @@
 #include <QTemporaryDir>
 #include <QtQuickTest>
 
-
 // What the QML tests read from disk and from the recording platform parts.
 class Disk : public PhoneDriver
 {
     Q_OBJECT
 public:
-    explicit Disk(TestApp &app) : PhoneDriver(app), m_opener(app.urlOpener), m_sharer(app.sharer)
-    {
-    }
+    explicit Disk(TestApp &app) : PhoneDriver(app), m_opener(app.urlOpener), m_sharer(app.sharer) { }
 
-    // A value of the standard suite as the settings file holds it now.
+    // A value as the settings file holds it now; undefined when it holds none.
     Q_INVOKABLE QVariant setting(const QString &key) const
     {
         auto file = JsonFileKeyValueStore::open(QDir(TestHome::configDirectory()).filePath(QStringLiteral("quieton.json")));
@@ -104,10 +98,7 @@ private:
 class Setup : public QuickTestSetup
 {
 protected:
-    void prepare() override
-    {
-        markOnboardingDone();
-    }
+    void prepare() override { markOnboardingDone(); }
     void publish(QQmlContext *context) override
     {
         context->setContextProperty(QStringLiteral("disk"), new Disk(testApp()));

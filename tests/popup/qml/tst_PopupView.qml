@@ -1,12 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtTest
-import Quieton.Core
 import Quieton.Popup
-import Quieton.Info
-import Quieton.Lists
-import Quieton.Settings
-import Quieton.App
 
 // Every way a popup goes away, each reported once with its source and each
 // leaving the owner's flag lowered and its binding working.
@@ -35,7 +30,6 @@ TestCase {
                 text: "Underneath"
                 onClicked: owner.underneathClicks += 1
             }
-
             PopupView {
                 id: popup
                 isPresented: owner.showing
@@ -45,7 +39,6 @@ TestCase {
                     objectName: "body"
                     implicitWidth: 200
                     implicitHeight: 120
-                    color: "lightsteelblue"
                 }
             }
         }
@@ -59,7 +52,7 @@ TestCase {
             property alias field: field
             PopupView {
                 id: popup
-                TextField { id: field; objectName: "field"; implicitWidth: 240 }
+                TextField { id: field; implicitWidth: 240 }
             }
         }
     }
@@ -84,14 +77,13 @@ TestCase {
         }
     }
 
+    // An owner with its popup presented with these properties, settled in place.
     function present(props) {
         const owner = createTemporaryObject(ownerComponent, testCase)
-        verify(owner)
         for (const key in props)
             owner.popup[key] = props[key]
         owner.showing = true
         verify(owner.popup.shown)
-        // Settled at its place.
         tryCompare(owner.popup.card, "offsetX", 0, 2000)
         tryCompare(owner.popup.card, "offsetY", 0, 2000)
         return owner
@@ -100,27 +92,22 @@ TestCase {
     // A finger moved in steps, in window coordinates: the popup moves under it.
     function drag(x, y, dx, dy) {
         mousePress(testCase, x, y)
-        const steps = 10
-        for (let i = 1; i <= steps; ++i)
-            mouseMove(testCase, x + dx * i / steps, y + dy * i / steps)
+        for (let i = 1; i <= 10; ++i)
+            mouseMove(testCase, x + dx * i / 10, y + dy * i / 10)
         mouseRelease(testCase, x + dx, y + dy)
     }
 
     function expectGone(owner, source) {
-        compare(owner.popup.isPresented, false)
-        compare(owner.showing, false)
+        compare([owner.popup.isPresented, owner.showing], [false, false])
         compare(owner.sources, [source])
         tryCompare(owner.popup, "shown", false, 2000)
     }
 
+    // A floating card of the content's size plus padding, in the middle.
     function test_theOwnersFlagShowsAndHidesIt() {
         const owner = present({})
         const card = owner.popup.card
-        // A floating card of the content's size plus padding, in the middle.
-        compare(card.width, 240)
-        compare(card.height, 160)
-        compare(card.x, 80)
-        compare(card.y, 320)
+        compare([card.x, card.y, card.width, card.height], [80, 320, 240, 160])
         owner.showing = false
         expectGone(owner, PopupLayout.Binding)
     }
@@ -144,22 +131,16 @@ TestCase {
         // The owner's binding survived: raising its flag presents it again.
         owner.sources = []
         owner.showing = true
-        verify(owner.popup.shown)
         tryCompare(owner.popup.card, "offsetY", 0, 2000)
         owner.popup.closeOnTap = true
         mouseClick(owner.popup.card)
         expectGone(owner, PopupLayout.TapInside)
     }
 
-    function test_dragDismissesPastAThirdOnly() {
+    // Where the drag threshold lies is the layout's; here, the finger's effect.
+    function test_dragDismissesOnlyTowardsItsEdge() {
         let owner = present({ appearFrom: PopupLayout.FromBottom })
         const card = owner.popup.card
-        // A third of 160 is 53.3: 45 points down is not enough.
-        drag(200, 400, 0, 45)
-        wait(50)
-        verify(owner.popup.isPresented)
-        compare(owner.sources, [])
-        tryCompare(card, "offsetY", 0, 3000)
         // Upwards, away from its edge, it does not follow.
         mousePress(testCase, 200, 400)
         for (let i = 1; i <= 8; ++i)
@@ -184,13 +165,11 @@ TestCase {
         const owner = present({})
         wait(400)
         verify(owner.popup.isPresented) // off by default
-
         owner.showing = false
         tryCompare(owner.popup, "shown", false, 2000)
         owner.sources = []
         owner.popup.autohideIn = 150
         owner.showing = true
-        verify(owner.popup.isPresented)
         tryCompare(owner, "showing", false, 2000)
         expectGone(owner, PopupLayout.Autohide)
     }
@@ -211,22 +190,14 @@ TestCase {
     function test_fullScreenCoversTheWholeWindowFromInsideAPage() {
         const owner = present({ type: PopupLayout.FullScreen })
         compare(findChild(owner.popup.card, "body").height, 800)
-        // A drag is scrolling its content, not a dismissal, unless asked for.
-        verify(!owner.popup.dragToDismiss)
-        drag(200, 300, 0, 400)
-        wait(50)
-        verify(owner.popup.isPresented)
+        verify(!owner.popup.dragToDismiss) // a drag scrolls its content
 
+        // Over the tool bar and the tab bar too, following the window's size.
         const window = createTemporaryObject(appWindowComponent, testCase)
-        verify(window)
         window.popup.isPresented = true
         const card = window.popup.card
         tryCompare(card, "offsetY", 0, 2000)
-        // Over the tool bar and the tab bar too, not only over its page.
-        compare(card.mapToItem(null, 0, 0).y, 0)
-        compare(card.height, 640)
-        compare(card.width, 360)
-        // And it follows the window's size.
+        compare([card.mapToItem(null, 0, 0).y, card.width, card.height], [0, 360, 640])
         window.width = 420
         tryCompare(card, "width", 420)
     }
@@ -236,7 +207,6 @@ TestCase {
         owner.popup.isPresented = true
         tryCompare(owner.popup.card, "offsetY", 0, 2000)
         mouseClick(owner.field)
-        verify(owner.field.activeFocus)
         keyClick(Qt.Key_NumberSign)
         keyClick(Qt.Key_3)
         compare(owner.field.text, "#3")

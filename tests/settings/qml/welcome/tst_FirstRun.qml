@@ -1,14 +1,9 @@
 import QtQuick
 import QtTest
-import Quieton.Core
-import Quieton.Popup
-import Quieton.Info
-import Quieton.Lists
-import Quieton.Settings
 import Quieton.App
 
-// The app's own window on a fresh settings file: onboarding until
-// "Get Started", the main screen from then on, also at the next start.
+// The app's own window: onboarding until "Get Started", the main screen
+// from then on, also at the next start.
 TestCase {
     id: testCase
     name: "FirstRun"
@@ -21,7 +16,6 @@ TestCase {
 
     function start() {
         const window = createTemporaryObject(appWindowComponent, testCase)
-        verify(window)
         tryVerify(() => window.active || window.visible)
         return window
     }
@@ -33,46 +27,41 @@ TestCase {
         return loader.item
     }
 
-    function isOnboarding(item) { return item.objectName === "welcomeView" }
-
-    function settle(welcome) {
+    function turnPage(welcome, button) {
+        mouseClick(findChild(welcome, button))
         const pager = findChild(welcome, "pager")
         tryVerify(() => pager.settled, 3000)
     }
 
     function test_onboardingUntilGetStartedThenTheMainScreenForGood() {
-        // Quitting halfway: nothing is stored and the next start begins again
-        // at the first page.
+        defaults.setBool("hasCompletedFirstLaunch", false)
+        // Quitting halfway stores nothing: the next start begins at the first page.
         let window = start()
-        let welcome = scene(window)
-        verify(isOnboarding(welcome))
-        mouseClick(findChild(welcome, "nextButton0"))
-        settle(welcome)
+        compare(scene(window).objectName, "welcomeView")
+        turnPage(scene(window), "nextButton0")
         window.destroy()
         wait(0)
-        verify(!settingsFile.has("hasCompletedFirstLaunch"))
+        verify(!disk.setting("hasCompletedFirstLaunch"))
 
         window = start()
-        welcome = scene(window)
-        verify(isOnboarding(welcome))
+        const welcome = scene(window)
+        compare(welcome.objectName, "welcomeView")
         compare(welcome.vm.selectedPage, 0)
-        for (const name of ["nextButton0", "nextButton1"]) {
-            mouseClick(findChild(welcome, name))
-            settle(welcome)
-        }
+        turnPage(welcome, "nextButton0")
+        turnPage(welcome, "nextButton1")
         let shownMain = false
         welcome.showMainViewChanged.connect(() => { shownMain = welcome.showMainView })
         mouseClick(findChild(welcome, "getStartedButton"))
         verify(shownMain)
-        verify(settingsFile.boolValue("hasCompletedFirstLaunch"))
-        tryVerify(() => !isOnboarding(scene(window)))
+        verify(disk.setting("hasCompletedFirstLaunch"))
+        tryVerify(() => scene(window).objectName !== "welcomeView")
         compare(scene(window).footer.count, 4)
         window.destroy()
         wait(0)
 
         // The next start goes straight to the main screen.
         window = start()
-        verify(!isOnboarding(scene(window)))
+        verify(scene(window).objectName !== "welcomeView")
         compare(scene(window).footer.count, 4)
     }
 }

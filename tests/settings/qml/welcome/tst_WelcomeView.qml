@@ -1,11 +1,6 @@
 import QtQuick
 import QtTest
-import Quieton.Core
-import Quieton.Popup
-import Quieton.Info
-import Quieton.Lists
 import Quieton.Settings
-import Quieton.App
 
 // The onboarding pages on their own, driven by buttons and by swipes.
 TestCase {
@@ -23,7 +18,6 @@ TestCase {
 
     function openWelcome() {
         const view = createTemporaryObject(welcomeComponent, testCase)
-        verify(view)
         waitForRendering(view)
         return view
     }
@@ -45,11 +39,12 @@ TestCase {
 
     function test_nextMovesOnePageWithASpringToTheCostNote() {
         const view = openWelcome()
-        compare(findChild(view, "pageIndicator").count, 3)
+        const indicator = findChild(view, "pageIndicator")
+        compare(indicator.count, 3)
         const pager = findChild(view, "pager")
         mouseClick(findChild(view, "nextButton0"))
         compare(view.vm.selectedPage, 1)
-        compare(findChild(view, "pageIndicator").currentIndex, 1)
+        compare(indicator.currentIndex, 1)
         // The pages travel rather than jump, and come to rest on page 1.
         verify(!pager.settled)
         let between = false
@@ -58,8 +53,7 @@ TestCase {
         settle(view)
         pager.positionChanged.disconnect(watch)
         verify(between)
-        verify(findChild(view, "page1").visible)
-        verify(!findChild(view, "page0").visible)
+        verify(findChild(view, "page1").visible && !findChild(view, "page0").visible)
         mouseClick(findChild(view, "nextButton1"))
         settle(view)
         compare(view.vm.selectedPage, 2)
@@ -68,7 +62,6 @@ TestCase {
         verify(!findChild(findChild(view, "page1"), "costNote").visible)
         compare(view.showMainView, false)
         // The first dot of the page indicator turns back to the first page.
-        const indicator = findChild(view, "pageIndicator")
         mouseClick(indicator, indicator.leftPadding + 4, indicator.height / 2)
         settle(view)
         compare(view.vm.selectedPage, 0)
@@ -88,15 +81,12 @@ TestCase {
         swipe(view, 40, 360, 12)
         settle(view)
         compare(view.vm.selectedPage, 0)
-        for (const expected of [1, 2, 2]) {
-            swipe(view, 340, 40, 12)
+        // Nor after the last; swiped back from it, "Next" returns to it.
+        for (const [from, to, expected] of [[340, 40, 1], [340, 40, 2], [340, 40, 2], [40, 340, 1]]) {
+            swipe(view, from, to, 12)
             settle(view)
             compare(view.vm.selectedPage, expected)
         }
-        // Swiped back from the last page, "Next" returns to it.
-        swipe(view, 40, 340, 12)
-        settle(view)
-        compare(view.vm.selectedPage, 1)
         compare(findChild(view, "pageIndicator").currentIndex, 1)
         mouseClick(findChild(view, "nextButton1"))
         settle(view)
