@@ -416,6 +416,7 @@ private slots:
     // The app checks once, for an optional update, after its window's first frame.
     void theAppChecksOnceAfterItsWindowsFirstFrame()
     {
+        m_window->setVisible(false); // the app's window is the only one
         m_server.answer(storeAnswer("1.1"));
         TestApp test(config(writeInfoPlist(QStringLiteral("1.0"))));
         QQmlApplicationEngine engine;
