@@ -3,9 +3,6 @@
 // file in temporary folders.
 #include "HistoryCallDataService.h"
 #include "QuickTestSetup.h"
-#include "RecordingSharer.h"
-#include "RecordingTelephony.h"
-#include "RecordingUrlOpener.h"
 #include "UserDefaultsService.h"
 #include "VCardFolderAddressBook.h"
 
@@ -17,21 +14,18 @@
 #include <QQuickWindow>
 #include <QtQuickTest>
 
-
-// Reads the window's items the way assistive technology does: through the
-// accessibility interfaces Qt Quick hands out for them.
+// Reads the window's items through the accessibility interfaces Qt Quick
+// hands out for them, as assistive technology does.
 class ScreenReader : public QObject
 {
     Q_OBJECT
 public:
-    // Every control in the window of `item` that a person can currently
-    // press or type into (shown and enabled), each as
-    // { name, role, what }; open popups and dialogs are included.
+    // Every control in the window of `item` that a person can currently press
+    // or type into, open popups included, each as { name, what }.
     Q_INVOKABLE QVariantList controls(QQuickItem *item) const
     {
-        // As when a screen reader starts: every live control is told, and
-        // publishes its name and role.
-        QAccessible::setActive(true);
+        QAccessible::setActive(true); // as when a screen reader starts
+
         QVariantList found;
         if (item && item->window())
             collect(item->window()->contentItem(), found);
@@ -54,17 +48,14 @@ private:
         return false;
     }
 
-    // What the item is, for the failure message: its objectName, else its
-    // type, with the nearest named ancestor.
+    // For the failure message: the item's objectName, else its type, in its nearest named ancestor.
     static QString describe(const QQuickItem *item)
     {
-        QString what = item->objectName().isEmpty() ? QString::fromLatin1(item->metaObject()->className())
-                                                    : item->objectName();
-        for (const QQuickItem *up = item->parentItem(); up; up = up->parentItem()) {
-            if (!up->objectName().isEmpty())
-                return what + QStringLiteral(" in ") + up->objectName();
-        }
-        return what;
+        const QQuickItem *up = item->parentItem();
+        while (up && up->objectName().isEmpty())
+            up = up->parentItem();
+        return (item->objectName().isEmpty() ? QString::fromLatin1(item->metaObject()->className()) : item->objectName())
+               + (up ? QStringLiteral(" in ") + up->objectName() : QString());
     }
 
     static void collect(QQuickItem *item, QVariantList &found)
@@ -72,25 +63,18 @@ private:
         if (!item->isVisible() || !item->isEnabled())
             return;
         if (takesInput(item)) {
-            QString name;
-            int role = -1;
+            const auto spokenName = [](QQuickItem *spoken) {
+                QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(spoken);
+                return iface ? iface->text(QAccessible::Name) : QString();
+            };
+            QString name = spokenName(item);
             // A mouse area speaks through the item it lies on.
-            QQuickItem *spoken = item->inherits("QQuickMouseArea") && item->parentItem() ? item->parentItem() : item;
-            if (QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(item)) {
-                name = iface->text(QAccessible::Name);
-                role = iface->role();
-            }
-            if (name.trimmed().isEmpty() && spoken != item) {
-                if (QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(spoken))
-                    name = iface->text(QAccessible::Name);
-            }
-            // A button's caption becomes its name once a screen reader
-            // asks for it; a text field's content is no name.
+            if (name.trimmed().isEmpty() && item->inherits("QQuickMouseArea") && item->parentItem())
+                name = spokenName(item->parentItem());
+            // A button's caption becomes its name when asked for; a text field's content is no name.
             if (name.trimmed().isEmpty() && item->inherits("QQuickAbstractButton"))
                 name = item->property("text").toString();
-            found.append(QVariantMap{ { QStringLiteral("name"), name.trimmed() },
-                                      { QStringLiteral("role"), role },
-                                      { QStringLiteral("what"), describe(item) } });
+            found.append(QVariantMap{ { QStringLiteral("name"), name.trimmed() }, { QStringLiteral("what"), describe(item) } });
         }
         for (QQuickItem *child : item->childItems())
             collect(child, found);

@@ -2,25 +2,16 @@
 // links and the dialler's model, against a telephony that records requests
 // and refuses what is no call, as the real ones do.
 #include "CallConfirmation.h"
-#include "DialerViewModel.h"
 #include "JsonFileKeyValueStore.h"
 #include "MainViewModel.h"
-#include "Platform.h"
-#include "QuietonApp.h"
-#include "RecordingSharer.h"
 #include "RecordingTelephony.h"
 #include "RecordingUrlOpener.h"
-#include "RecordingTelephony.h"
-#include "Service.h"
 #include "StdoutCapture.h"
 #include "TestApp.h"
-#include "WidgetLink.h"
 #include "TestHome.h"
-#include "UserDefaultsService.h"
-#include "WidgetRefresher.h"
+#include "WidgetLink.h"
 
 #include <QtTest>
-
 
 namespace {
 struct CountingWidgets : WidgetRefresher
@@ -91,14 +82,11 @@ private slots:
         QTest::newRow("typed code kept") << "#31#" << "*31#06" << true << true << "#31#*31#06";
         QTest::newRow("empty prefix") << "" << "0612" << true << true << "0612";
         QTest::newRow("empty number, private") << "#31#" << "" << true << true << "";
-        QTest::newRow("empty number, normal") << "#31#" << "" << false << true << "";
         QTest::newRow("letters") << "#31#" << "0800FLOWERS" << true << true << "";
         QTest::newRow("service code") << "#31#" << "**21*0999123#" << true << true << "";
-        QTest::newRow("USSD code") << "" << "*#06#" << false << true << "";
         QTest::newRow("non-ASCII digits") << "" << "٠١٢" << false << true << "";
         QTest::newRow("bad escape") << "" << "12%4" << false << true << "";
         QTest::newRow("port that is no number") << "" << "12:ab" << false << false << "";
-        QTest::newRow("port out of range") << "" << "12:99999" << false << false << "";
         QTest::newRow("unclosed bracket") << "" << "[12" << false << false << "";
         QTest::newRow("bracket that is no address") << "" << "[12]" << false << false << "";
     }
@@ -118,6 +106,17 @@ private slots:
         QCOMPARE(out.lines(), dialled.isEmpty() ? QStringList() : QStringList{ QStringLiteral("## User dial : tel://") + dialled });
         QVERIFY(service().callStartedFromApp());
         QCOMPARE(service().callFailed(), dialled.isEmpty());
+    }
+
+    // On a telephony that dials by itself, a typed call too waits for the user's "Call".
+    void typedCallWaitsForConfirmationOnATelephonyThatDialsItself()
+    {
+        telephony->dialsItself = true;
+        service().makeCall(QStringLiteral("0612"), true);
+        QVERIFY(confirmation().isPending() && telephony->opened.isEmpty());
+        QCOMPARE(confirmation().dialString(), QStringLiteral("#31#0612"));
+        confirmation().call();
+        QCOMPARE(telephony->opened, QStringList{ QStringLiteral("#31#0612") });
     }
 
     // A failure the telephony reports later is one notice in one well-formed
@@ -225,17 +224,6 @@ private slots:
         app.deliverLink(QUrl(QStringLiteral("quieton://w?number=4&pad=") + QString(1 << 20, u'x')));
         QCOMPARE(telephony->opened, QStringList{ QStringLiteral("2") });
         QCOMPARE(filled.size(), 1);
-    }
-
-    // Deleting removes a whole character, however many code units it takes.
-    void dialerDeletesWholeCharacters()
-    {
-        DialerViewModel vm(*m_app->defaultsService(), service(), m_app->crashManager());
-        vm.deleteLast();
-        QCOMPARE(vm.numberPhoneTyping(), QString());
-        vm.setNumberPhoneTyping(QStringLiteral("12\u00e9\U0001F1EB\U0001F1F7"));
-        vm.deleteLast();
-        QCOMPARE(vm.numberPhoneTyping(), QStringLiteral("12\u00e9"));
     }
 
     void mainScreenCountsOpenings()

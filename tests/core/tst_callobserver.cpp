@@ -1,21 +1,13 @@
 // The outgoing-call observer: which reported call changes become history
 // records, against a telephony that reports calls on demand and a real
 // history file.
-#include "CallConfirmation.h"
 #include "CallObserver.h"
 #include "CallObserverDelegate.h"
 #include "HistoryCallDataService.h"
-#include "Platform.h"
-#include "QuietonApp.h"
-#include "RecordingSharer.h"
 #include "RecordingTelephony.h"
-#include "RecordingUrlOpener.h"
-#include "RecordingTelephony.h"
-#include "Service.h"
 #include "StdoutCapture.h"
 #include "TestApp.h"
 #include "TestHome.h"
-#include "UserDefaultsService.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -38,7 +30,7 @@ class TestCallObserver : public QObject
     std::unique_ptr<TestApp> m_app;
     Service &service() { return m_app->service(); }
     QList<HistoryData> onDisk() { return HistoryCallDataService(m_store->databasePath()).savedEntities(); }
-    // What the dialler does: ask for the call, then fill the pending record.
+    // What the dialler does: ask for the call with its pending record.
     void dial(const QString &first, const QString &last, const QString &number, bool hidden)
     {
         service().placeCall({ first, last, number, hidden, std::nullopt });
@@ -112,22 +104,6 @@ private slots:
         QCOMPARE(onDisk().size(), 1);
         QCOMPARE(onDisk().first().firstName, QStringLiteral("Bo"));
         QVERIFY(!service().callStartedFromApp());
-    }
-
-    void widgetLinkCallIsRecordedWithoutNames()
-    {
-        m_app->defaults().setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
-        dial(QStringLiteral("Stale"), QStringLiteral("Name"), QStringLiteral("1"), false);
-        service().setCallStartedFromApp(false);
-        m_app->app().handleOpenUrl(QUrl(QStringLiteral("quieton://call?number=0612&hidden=TRUE&saveToHistory=true")));
-        m_app->app().confirmation()->call();
-        QCOMPARE(telephony->opened.constLast(), QStringLiteral("#31#0612"));
-        telephony->report(QStringLiteral("c6"), true, false, false);
-
-        const QList<HistoryData> rows = onDisk();
-        QCOMPARE(rows.size(), 1);
-        QVERIFY(rows[0].firstName.isEmpty() && rows[0].lastName.isEmpty());
-        QCOMPARE(rows[0].telephone, QStringLiteral("0612"));
     }
 
     void nothingReachesADetachedOrDeletedDelegate()

@@ -82,6 +82,7 @@ private slots:
         HistoryCallDataService store(path);
         QAbstractItemModelTester tester(&store, QAbstractItemModelTester::FailureReportingMode::QtTest);
         QSignalSpy published(&store, &HistoryCallDataService::savedEntitiesChanged);
+        store.readInBackground();
         QVERIFY(published.wait()); // the first read
         // 19:20:03 UTC is 09:05:03 the next morning here.
         store.setClock([] { return QDateTime(QDate(2024, 3, 8), QTime(19, 20, 3), Qt::UTC); });
@@ -347,18 +348,22 @@ private slots:
         const QString path = fileWithRows(500);
         const QList<HistoryData> expected = readBack(path);
         HistoryCallDataService store(path);
-        QTRY_VERIFY(!store.isFetchingInBackground()); // published by the event loop
+        QCOMPARE(store.rowCount(), 0); // nothing read until asked
+        store.readInBackground();
+        QVERIFY(store.isFetchingInBackground());
+        QTRY_COMPARE(store.rowCount(), 500); // published by the event loop
         QCOMPARE(store.savedEntities(), expected);
 
         // A call recorded before the read is in lands after the stored ones.
         HistoryCallDataService early(path);
+        early.readInBackground();
         early.addHistory(QStringLiteral("Early"), QString(), QStringLiteral("2"), true);
         QCOMPARE(early.savedEntities().size(), 501);
         QCOMPARE(early.savedEntities().constLast().firstName, QStringLiteral("Early"));
 
         // A store going away while its worker reads neither crashes nor leaks the request.
         for (int i = 0; i < 20; ++i)
-            HistoryCallDataService(path, nullptr);
+            HistoryCallDataService(path, nullptr).readInBackground();
         QCoreApplication::processEvents();
 
         // A table that opens but cannot be read: logged, the list stays empty.

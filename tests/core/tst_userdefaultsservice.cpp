@@ -5,6 +5,9 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using Settings = QMap<QString, SettingValue>;
+using Expected = QMap<QString, std::optional<SettingValue>>; // nullopt: the key is absent
+
 class TestUserDefaultsService : public QObject
 {
     Q_OBJECT
@@ -13,87 +16,48 @@ class TestUserDefaultsService : public QObject
     int m_round = 0;
     QString m_file;
 
-    // A settings file prepared by `prepare`, then a store created on it.
-    std::unique_ptr<UserDefaultsService> launch(const std::function<void(KeyValueStore &)> &prepare = {})
+    // A settings file holding `stored`, then a store created on it.
+    std::unique_ptr<UserDefaultsService> launch(const Settings &stored = {})
     {
         m_file = QDir(m_dir.path()).filePath(QStringLiteral("suite%1.json").arg(++m_round));
-        if (prepare)
-            prepare(*JsonFileKeyValueStore::open(m_file));
+        const auto file = JsonFileKeyValueStore::open(m_file);
+        for (auto it = stored.cbegin(); it != stored.cend(); ++it)
+            file->setObject(it.key(), it.value());
         return relaunch();
     }
     std::unique_ptr<UserDefaultsService> relaunch()
     {
         return std::make_unique<UserDefaultsService>(JsonFileKeyValueStore::open(m_file), nullptr);
     }
-    std::unique_ptr<KeyValueStore> onDisk() const { return JsonFileKeyValueStore::open(m_file); }
 
 private slots:
-    void freshStoreGetsTheFirstLaunchDefaults()
+    void firstLaunchDefaults_data()
     {
-        auto service = launch();
-        auto disk = onDisk();
-        QCOMPARE(std::get<bool>(*disk->object(QStringLiteral("hiddenNumber"))), true);
-        QCOMPARE(std::get<bool>(*disk->object(QStringLiteral("saveToHistory"))), true);
-        QCOMPARE(std::get<bool>(*disk->object(QStringLiteral("firstTimeInApp"))), false);
-        QCOMPARE(std::get<QString>(*disk->object(QStringLiteral("prefix"))), QStringLiteral("#31#"));
-        QCOMPARE(std::get<qint64>(*disk->object(QStringLiteral("autoSortBy"))), 0);
-        QVERIFY(!service->isFirstTimeInApp());
+        QTest::addColumn<Settings>("stored");
+        QTest::addColumn<Expected>("onDisk");
+        const SettingValue on(true), off(false), zero(qint64(0));
+        QTest::newRow("fresh") << Settings{} << Expected{ { "hiddenNumber", on }, { "saveToHistory", on }, { "firstTimeInApp", off },
+                                                          { "prefix", QStringLiteral("#31#") }, { "autoSortBy", zero } };
+        QTest::newRow("earlier choices are no first launch")
+                << Settings{ { "saveToHistory", off }, { "prefix", QString() } }
+                << Expected{ { "hiddenNumber", std::nullopt }, { "firstTimeInApp", std::nullopt }, { "saveToHistory", off }, { "prefix", QString() } };
+        QTest::newRow("a later launch changes nothing")
+                << Settings{ { "firstTimeInApp", off }, { "hiddenNumber", off }, { "prefix", QStringLiteral("141") } }
+                << Expected{ { "firstTimeInApp", off }, { "hiddenNumber", off }, { "prefix", QStringLiteral("141") } };
+        QTest::newRow("first time forces the toggles back on")
+                << Settings{ { "firstTimeInApp", on }, { "hiddenNumber", off }, { "saveToHistory", off } }
+                << Expected{ { "hiddenNumber", on }, { "saveToHistory", on }, { "firstTimeInApp", off } };
+        QTest::newRow("sort key as empty text") << Settings{ { "autoSortBy", QString() } } << Expected{ { "autoSortBy", zero } };
+        QTest::newRow("sort key as text kept") << Settings{ { "autoSortBy", QStringLiteral("x") } } << Expected{ { "autoSortBy", QStringLiteral("x") } };
     }
-
-    void earlierChoicesAreNotAFirstLaunch()
+    void firstLaunchDefaults()
     {
-        launch([](KeyValueStore &s) {
-            s.setBool(QStringLiteral("saveToHistory"), false);
-            s.setString(QStringLiteral("prefix"), QString());
-        });
-        auto disk = onDisk();
-        QVERIFY(!disk->hasObject(QStringLiteral("hiddenNumber")));
-        QVERIFY(!disk->hasObject(QStringLiteral("firstTimeInApp")));
-        QCOMPARE(disk->boolValue(QStringLiteral("saveToHistory")), false);
-        QCOMPARE(disk->stringValue(QStringLiteral("prefix")), QString());
-    }
-
-    void firstTimeTrueForcesTheTogglesBackOn()
-    {
-        launch([](KeyValueStore &s) {
-            s.setBool(QStringLiteral("firstTimeInApp"), true);
-            s.setBool(QStringLiteral("hiddenNumber"), false);
-            s.setBool(QStringLiteral("saveToHistory"), false);
-        });
-        auto disk = onDisk();
-        QCOMPARE(disk->boolValue(QStringLiteral("hiddenNumber")), true);
-        QCOMPARE(disk->boolValue(QStringLiteral("saveToHistory")), true);
-        QCOMPARE(disk->boolValue(QStringLiteral("firstTimeInApp")), false);
-    }
-
-    void secondLaunchChangesNothing()
-    {
-        auto first = launch();
-        first->userDefaults().setBool(QStringLiteral("hiddenNumber"), false);
-        first->userDefaults().setString(QStringLiteral("prefix"), QStringLiteral("141"));
-        first.reset();
-        auto second = relaunch();
-        QCOMPARE(second->userDefaults().boolValue(QStringLiteral("hiddenNumber")), false);
-        QCOMPARE(*second->userDefaults().stringValue(QStringLiteral("prefix")), QStringLiteral("141"));
-    }
-
-    void sortKeyRepair_data()
-    {
-        QTest::addColumn<std::optional<SettingValue>>("stored");
-        QTest::addColumn<SettingValue>("expected");
-        QTest::newRow("absent") << std::optional<SettingValue>() << SettingValue(qint64(0));
-        QTest::newRow("empty text") << std::optional<SettingValue>(QString()) << SettingValue(qint64(0));
-        QTest::newRow("text kept") << std::optional<SettingValue>(QStringLiteral("x")) << SettingValue(QStringLiteral("x"));
-    }
-    void sortKeyRepair()
-    {
-        QFETCH(std::optional<SettingValue>, stored);
-        QFETCH(SettingValue, expected);
-        launch([&](KeyValueStore &s) {
-            if (stored)
-                s.setObject(QStringLiteral("autoSortBy"), *stored);
-        });
-        QCOMPARE(*onDisk()->object(QStringLiteral("autoSortBy")), expected);
+        QFETCH(Settings, stored);
+        QFETCH(Expected, onDisk);
+        QVERIFY(!launch(stored)->isFirstTimeInApp());
+        const auto disk = JsonFileKeyValueStore::open(m_file);
+        for (auto it = onDisk.cbegin(); it != onDisk.cend(); ++it)
+            QVERIFY2(disk->object(it.key()) == it.value(), qPrintable(it.key()));
     }
 
     void installDateIsWrittenOnce()
@@ -104,16 +68,12 @@ private slots:
         const auto first = service->installDate();
         QVERIFY(first);
         QVERIFY(qAbs(first->secsTo(QDateTime::currentDateTime())) < 5);
-        // A date that is there is never written over.
+        // A date that is there is never written over; one that is no date is.
         const QDateTime earlier = first->addDays(-3);
         service->userDefaults().setDate(QStringLiteral("dateAppInstalled"), earlier);
         service->saveInstallDateIfNeeded();
         QCOMPARE(relaunch()->installDate(), earlier);
-    }
-
-    void installDateMustBeADate()
-    {
-        auto service = launch([](KeyValueStore &s) { s.setString(QStringLiteral("dateAppInstalled"), QStringLiteral("2024-01-01")); });
+        service = launch({ { QStringLiteral("dateAppInstalled"), QStringLiteral("2024-01-01") } });
         QVERIFY(!service->installDate());
         service->saveInstallDateIfNeeded();
         QVERIFY(service->installDate());

@@ -1,33 +1,31 @@
 #pragma once
 
-#include <QByteArray>
-#include <QList>
+#include <QMap>
 #include <QTcpServer>
 
-// A one-answer HTTP server on 127.0.0.1: every request gets the prepared
-// status and body, then the connection closes (or, silent, gets nothing at
-// all). Remembers the requests.
+// An HTTP server on 127.0.0.1 that remembers the requests and answers each
+// with the prepared status and body, then closes the connection; or, silent,
+// never answers; or sends a body that never ends.
 class LoopbackHttpServer : public QTcpServer
 {
-    Q_OBJECT
 public:
     struct Request
     {
-        QByteArray method;
         QByteArray target;
-        QList<std::pair<QByteArray, QByteArray>> headers;
-        QByteArray header(const QByteArray &name) const;
+        QMap<QByteArray, QByteArray> headers; // names in lower case
+        QByteArray header(const QByteArray &name) const { return headers.value(name.toLower()); }
     };
 
-    explicit LoopbackHttpServer(QObject *parent = nullptr);
+    LoopbackHttpServer();
 
-    // The origin to ask: "http://127.0.0.1:<port>".
-    QString origin() const;
-    void answer(const QByteArray &body, int status = 200);
-    // Takes requests in and never answers them.
+    QString origin() const { return QStringLiteral("http://127.0.0.1:%1").arg(serverPort()); }
+    void answer(const QByteArray &body, int status = 200)
+    {
+        m_body = body;
+        m_status = status;
+    }
     void keepSilent() { m_silent = true; }
-    // Answers with a body that never ends: blanks, `chunk` bytes every
-    // `intervalMs` (as fast as they are taken when 0).
+    // Blanks, `chunk` bytes every `intervalMs` (as fast as they are taken when 0).
     void answerEndlessly(int chunk, int intervalMs)
     {
         m_endlessChunk = chunk;
@@ -35,8 +33,7 @@ public:
     }
 
     QList<Request> requests;
-    // Connections closed, by either side.
-    int closedConnections = 0;
+    int closedConnections = 0; // by either side
 
 private:
     void serve(QTcpSocket *socket);

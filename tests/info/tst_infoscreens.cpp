@@ -2,15 +2,11 @@
 // to a recording URL opener and shared texts to a recording sharer.
 #include "QuickTestSetup.h"
 #include "RecordingSharer.h"
-#include "RecordingTelephony.h"
-#include "RecordingUrlOpener.h"
-#include "RecordingSharer.h"
 #include "RecordingUrlOpener.h"
 
 #include <QGuiApplication>
 #include <QQmlContext>
 #include <QtQuickTest>
-
 
 // What the QML tests see of the opener and the sharer.
 class Desktop : public QObject

@@ -1,8 +1,6 @@
 import QtQuick
-import QtQuick.Controls
 import QtTest
 import Quieton.Core
-import Quieton.Popup
 import Quieton.Info
 import Quieton.Lists
 import Quieton.Settings
@@ -49,6 +47,15 @@ TestCase {
             verify(spoken.indexOf(name) >= 0, where + ": no control named \"" + name + "\" in " + JSON.stringify(spoken))
     }
 
+    // Opens `popup` with `open`, checks what it says, and closes it with `close`.
+    function expectInPopup(popup, expected, open, close) {
+        open()
+        tryCompare(popup, "opened", true)
+        expectNames(popup.objectName || expected.join(), expected)
+        close()
+        tryVerify(() => !popup.visible) // an update alert removes itself
+    }
+
     function test_mainViewTabs() {
         const view = show(mainViewComponent)
         const bar = view.footer
@@ -86,12 +93,9 @@ TestCase {
         mouseClick(findChild(view, "sortDirectionButton"))
         expectNames("contacts sorted the other way", [reversed])
 
-        mouseClick(findChild(view, "contactRow0"))
         const dialog = findChild(view, "callPrivacyDialog")
-        tryCompare(dialog, "opened", true)
-        expectNames("call privacy question", ["Private dialing", "Normal Dialing", "Cancel"])
-        dialog.reject()
-        tryCompare(dialog, "visible", false)
+        expectInPopup(dialog, ["Private dialing", "Normal Dialing", "Cancel"],
+                      () => mouseClick(findChild(view, "contactRow0")), () => dialog.reject())
     }
 
     function test_history() {
@@ -107,12 +111,8 @@ TestCase {
         verify(spoken.filter(n => n.startsWith("Delete ")).length === 2, JSON.stringify(spoken))
         mouseClick(findChild(view, "editButton"))
 
-        view.tapRow(0)
         const dialog = findChild(view, "callPrivacyDialog")
-        tryCompare(dialog, "opened", true)
-        expectNames("history call privacy question", ["Private dialing", "Normal Dialing", "Cancel"])
-        dialog.reject()
-        tryCompare(dialog, "visible", false)
+        expectInPopup(dialog, ["Private dialing", "Normal Dialing", "Cancel"], () => view.tapRow(0), () => dialog.reject())
     }
 
     function test_settings() {
@@ -122,56 +122,27 @@ TestCase {
                                  "Share with Friends", "Send Feedback", "Change Language", "About",
                                  "Reset Settings", "Clear All (Include history calls)"])
 
-        const dialogs = [["showingPrefixByCountry", "countryDialog", ["Cancel"]],
-                         ["showingIsResetSetting", "resetDialog", ["Cancel", "Reset"]],
-                         ["showingIsClearAll", "clearAllDialog", ["Cancel", "Clear All"]]]
-        for (const [flag, name, captions] of dialogs) {
-            view[flag] = true
-            const dialog = findChild(view, name)
-            tryCompare(dialog, "opened", true)
-            expectNames(name, captions)
-            view[flag] = false
-            tryCompare(dialog, "visible", false)
-        }
+        const popups = [["showingPrefixByCountry", "countryDialog", ["Cancel"]],
+                        ["showingIsResetSetting", "resetDialog", ["Cancel", "Reset"]],
+                        ["showingIsClearAll", "clearAllDialog", ["Cancel", "Clear All"]],
+                        ["isAboutPresented", "aboutCover", ["Back", "Privacy", "Terms Of Use"]],
+                        ["isSendFeedBackPresented", "feedbackCover",
+                         ["Back", "Leave a Feedback", "Suggest a Feature", "Report a Problem", "Share with Friend"]]]
+        for (const [flag, name, captions] of popups)
+            expectInPopup(findChild(view, name), captions, () => view[flag] = true, () => view[flag] = false)
 
         view.showingPrefixEditManually = true
         tryVerify(() => findChild(view, "prefixField").visible)
         expectNames("prefix editor", ["OK", "Cancel"])
         view.showingPrefixEditManually = false
-
-        const covers = [["isAboutPresented", "aboutCover", ["Back", "Privacy", "Terms Of Use"]],
-                        ["isSendFeedBackPresented", "feedbackCover",
-                         ["Back", "Leave a Feedback", "Suggest a Feature", "Report a Problem", "Share with Friend"]]]
-        for (const [flag, name, captions] of covers) {
-            view[flag] = true
-            const cover = findChild(view, name)
-            tryCompare(cover, "opened", true)
-            expectNames(name, captions)
-            view[flag] = false
-            tryCompare(cover, "visible", false)
-        }
     }
 
     // The alerts a call or an update check can raise.
     function test_alerts() {
-        const dialer = show(dialerComponent)
-        const error = findChild(dialer, "dialErrorAlert")
-        error.open()
-        tryCompare(error, "opened", true)
-        expectNames("dialling error", ["OK"])
-        error.close()
-        tryCompare(error, "visible", false)
-
-        const update = createTemporaryObject(updateAlertComponent, testCase, { version: "9.9" })
-        update.open()
-        tryCompare(update, "opened", true)
-        expectNames("update alert", ["Not now", "Update Now"])
-        update.close()
-
-        const confirmation = createTemporaryObject(confirmationComponent, testCase)
-        confirmation.open()
-        tryCompare(confirmation, "opened", true)
-        expectNames("call confirmation", ["Cancel", "Call"])
-        confirmation.close()
+        const alerts = [[findChild(show(dialerComponent), "dialErrorAlert"), ["OK"]],
+                        [createTemporaryObject(updateAlertComponent, testCase, { version: "9.9" }), ["Not now", "Update Now"]],
+                        [createTemporaryObject(confirmationComponent, testCase), ["Cancel", "Call"]]]
+        for (const [alert, captions] of alerts)
+            expectInPopup(alert, captions, () => alert.open(), () => alert.close())
     }
 }

@@ -1,14 +1,11 @@
-// The dialler screen in real QML views, on a telephony that records requests
-// and reports calls, with the history in a real SQLite file.
+// The dialler screen and the call confirmation in real QML views, on a
+// telephony that records requests and reports calls, with the history in a
+// real SQLite file.
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
-#include "RecordingSharer.h"
-#include "RecordingTelephony.h"
-#include "RecordingUrlOpener.h"
 
 #include <QQmlContext>
 #include <QtQuickTest>
-
 
 class Setup : public QuickTestSetup
 {

@@ -1,12 +1,10 @@
 import QtQuick
 import QtTest
 import Quieton.Core
-import Quieton.Popup
-import Quieton.Info
-import Quieton.Lists
-import Quieton.Settings
 import Quieton.App
 
+// The dialler, the main screen that records its calls, and the question
+// before a call that a link places.
 TestCase {
     id: testCase
     name: "DialerView"
@@ -19,6 +17,12 @@ TestCase {
         id: dialerComponent
         DialerView { id: dialerView1; vm: testApp.createDialerViewModel(dialerView1); anchors.fill: parent }
     }
+    Component {
+        id: mainViewComponent
+        MainView { app: testApp; anchors.fill: parent }
+    }
+    CallConfirmationDialog { id: dialog; confirmation: testApp.confirmation }
+    SignalSpy { id: notices; target: service; signalName: "notice" }
 
     function createDialer() {
         const view = createTemporaryObject(dialerComponent, testCase)
@@ -33,12 +37,24 @@ TestCase {
             mouseClick(key(view, c))
     }
 
+    function shownDialString() {
+        tryCompare(dialog, "opened", true)
+        return findChild(dialog.contentItem, "dialString").text
+    }
+
     function init() {
         service.acknowledgeCallFailure()
         phone.resetCallFlags()
         phone.setCallsPossible(true)
         defaults.setBool("hiddenNumber", true)
         defaults.setBool("saveToHistory", true)
+        defaults.setString("prefix", "#31#")
+        notices.clear()
+    }
+
+    function cleanup() {
+        testApp.confirmation.cancel()
+        tryCompare(dialog, "visible", false)
     }
 
     function test_keypadTypesAndDeleteRemovesTheLastCharacter() {
@@ -46,16 +62,16 @@ TestCase {
         const display = findChild(view, "numberDisplay")
         type(view, "*31#0")
         compare(display.text, "*31#0")
-        compare(key(view, "*").Accessible.name, "asterisk")
-        compare(key(view, "#").Accessible.name, "pound")
-
         const del = findChild(view, "deleteKey")
-        verify(del.Accessible.name.length > 0)
         mouseClick(del)
         compare(view.vm.numberPhoneTyping, "*31#")
         view.vm.clear()
         mouseClick(del) // on an empty number: nothing
         compare(view.vm.numberPhoneTyping, "")
+        view.vm.numberPhoneTyping = "12\u00e9\uD83C\uDDEB\uD83C\uDDF7" // a flag is one character of four code units
+        mouseClick(del)
+        compare(view.vm.numberPhoneTyping, "12\u00e9")
+        view.vm.clear()
 
         // Held for a second, it clears.
         type(view, "0612")
@@ -75,7 +91,6 @@ TestCase {
     function test_callButtonIsDisabledAndGreyOnAnEmptyNumber() {
         const view = createDialer()
         const button = findChild(view, "callButton")
-        verify(button.Accessible.name.length > 0)
         verify(!button.enabled)
         verify(Qt.colorEqual(button.tint, view.inactiveGrey))
         const before = phone.openedCount()
@@ -95,9 +110,7 @@ TestCase {
         compare(alert.header.text,
                 "Unable to make the call. Please check the number or ensure your device supports calling.")
 
-        const ok = alert.footer.itemAt(0)
-        compare(ok.text, "OK")
-        mouseClick(ok)
+        mouseClick(alert.footer.itemAt(0)) // "OK"
         verify(!service.callFailed)
         tryCompare(alert, "visible", false)
 
@@ -153,5 +166,64 @@ TestCase {
         compare(view.vm.numberPhoneTyping, "")
         compare(view.vm.toggleHiddenNumber, false)
         compare(service.pendingCallSaveToHistory, true)
+    }
+
+    // Calls typed on the main screen's dialler are recorded while the main screen is there.
+    function test_callsAreRecordedOnlyWhileTheMainScreenIsThere() {
+        const main = createTemporaryObject(mainViewComponent, testCase)
+        const dialer = findChild(main, "dialerView")
+        waitForRendering(dialer)
+        type(dialer, "0687")
+        mouseClick(findChild(dialer, "callButton"))
+        const before = phone.storedRows().length
+        phone.report("typed-1", true, false, false)
+        compare(phone.storedRows().length, before + 1)
+        compare(phone.storedRows()[before].telephone, "0687")
+        compare(phone.storedRows()[before].callHidden, true)
+
+        type(dialer, "1")
+        mouseClick(findChild(dialer, "callButton"))
+        main.destroy()
+        wait(0)
+        phone.report("typed-2", true, false, false)
+        compare(phone.storedRows().length, before + 1)
+    }
+
+    function test_cancelPlacesNothing_data() {
+        return [{ tag: "button", escape: false }, { tag: "escape key", escape: true }]
+    }
+    function test_cancelPlacesNothing(data) {
+        const before = phone.openedCount()
+        testApp.handleOpenUrl("quieton://call?number=0611111111&hidden=true")
+        compare(shownDialString(), "#31#0611111111")
+        if (data.escape)
+            keyClick(Qt.Key_Escape)
+        else
+            mouseClick(findChild(dialog.footer, "cancelButton"))
+        tryCompare(dialog, "visible", false)
+        verify(!testApp.confirmation.pending)
+        compare(phone.openedCount(), before)
+        verify(!service.callFailed)
+    }
+
+    function test_aSecondLinkNeverTakesThePlaceOfTheFirst() {
+        waitForRendering(createTemporaryObject(mainViewComponent, testCase)) // the call observer
+        testApp.handleOpenUrl("quieton://call?number=0611&hidden=true&saveToHistory=true")
+        compare(shownDialString(), "#31#0611")
+        testApp.handleOpenUrl("quieton://call?number=0622&saveToHistory=false")
+        compare(notices.count, 1)
+        compare(notices.signalArguments[0][0], "0622 was not called: first answer the call waiting on screen.")
+        compare(shownDialString(), "#31#0611")
+        const before = phone.openedCount()
+        mouseClick(findChild(dialog.footer, "callButton"))
+        tryCompare(dialog, "visible", false)
+        compare(phone.openedCount(), before + 1)
+        compare(phone.lastOpened(), "#31#0611")
+        // The refused link left the waiting call's record alone.
+        const rowsBefore = phone.storedRows().length
+        phone.report("link-1", true, false, false)
+        compare(phone.storedRows().length, rowsBefore + 1)
+        compare(phone.storedRows()[rowsBefore].telephone, "0611")
+        compare(phone.storedRows()[rowsBefore].callHidden, true)
     }
 }
