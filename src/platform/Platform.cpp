@@ -3,7 +3,7 @@
 #include "ClipboardSharer.h"
 #include "CombinedAddressBook.h"
 #include "DesktopUrlOpener.h"
-#include "EdsAddressBook.h"
+#include "EdsModuleAddressBook.h"
 #include "JsonFileKeyValueStore.h"
 #include "NoWidgetHost.h"
 #include "SystemTelephony.h"
@@ -35,7 +35,7 @@ void Platform::fillMissing(PlatformParts &parts)
     if (!parts.addressBook) {
         // Evolution Data Server's books, then the vCard folder that sync tools fill.
         std::vector<std::unique_ptr<AddressBook>> books;
-        books.push_back(std::make_unique<EdsAddressBook>());
+        books.push_back(std::make_unique<EdsModuleAddressBook>());
         books.push_back(std::make_unique<VCardFolderAddressBook>());
         parts.addressBook = std::make_unique<CombinedAddressBook>(std::move(books));
     }

@@ -1,7 +1,5 @@
 #include "EdsAddressBook.h"
 
-#include <QDBusConnectionInterface>
-
 // GLib's headers name struct members "signals", which Qt defines as a keyword.
 #undef signals
 #include <libebook/libebook.h>
@@ -43,27 +41,15 @@ AddressBookContact fromEContact(EContact *contact)
 
 } // namespace
 
-EdsAddressBook::EdsAddressBook(QDBusConnection sessionBus)
-    : m_bus(std::move(sessionBus)), m_cancellable(g_cancellable_new())
-{
-}
+EdsAddressBook::EdsAddressBook() : m_cancellable(g_cancellable_new()) { }
 
 EdsAddressBook::~EdsAddressBook()
 {
     g_object_unref(m_cancellable);
 }
 
-bool EdsAddressBook::isAvailable() const
-{
-    QDBusConnectionInterface *bus = m_bus.isConnected() ? m_bus.interface() : nullptr;
-    const QString name = QString::fromLatin1(registryService);
-    return bus && (bus->isServiceRegistered(name).value() || bus->activatableServiceNames().value().contains(name));
-}
-
 AddressBook::AccessAnswer EdsAddressBook::requestAccess()
 {
-    if (!isAvailable())
-        return { false, QString() };
     GError *error = nullptr;
     GObjectPointer<ESourceRegistry> registry(
             e_source_registry_new_sync(static_cast<GCancellable *>(m_cancellable), &error));
@@ -75,7 +61,7 @@ AddressBook::AccessAnswer EdsAddressBook::requestAccess()
 QString EdsAddressBook::enumerateContacts(const std::function<void(QList<AddressBookContact> &&batch)> &deliver)
 {
     auto *cancellable = static_cast<GCancellable *>(m_cancellable);
-    if (!isAvailable() || g_cancellable_is_cancelled(cancellable))
+    if (g_cancellable_is_cancelled(cancellable))
         return {};
     GError *error = nullptr;
     GObjectPointer<ESourceRegistry> registry(e_source_registry_new_sync(cancellable, &error));
@@ -123,4 +109,10 @@ QString EdsAddressBook::enumerateContacts(const std::function<void(QList<Address
 void EdsAddressBook::stop()
 {
     g_cancellable_cancel(static_cast<GCancellable *>(m_cancellable));
+}
+
+// The module's entry point, looked up by EdsModuleAddressBook.
+extern "C" Q_DECL_EXPORT AddressBook *quietonNewEdsAddressBook()
+{
+    return new EdsAddressBook();
 }
