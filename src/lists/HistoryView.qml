@@ -318,7 +318,9 @@ Page {
                 objectName: "swipeDeleteButton"
                 width: cell.deleteWidth
                 height: row.height
-                anchors.right: parent.right
+                // Placed in the row, not anchored to a parent that a row
+                // being reused or removed no longer has.
+                x: row.width - width
                 color: cell.destructiveRed
                 Accessible.role: Accessible.Button
                 Accessible.name: qsTr("Delete")
