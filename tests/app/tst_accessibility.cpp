@@ -1,6 +1,5 @@
-// Every screen as a screen reader meets it: the real views with assistive
-// technology switched on, over a real vCard address book and a real history
-// file in temporary folders.
+// Every screen as a screen reader meets it, over a real vCard address book
+// and a real history file in temporary folders.
 #include "HistoryCallDataService.h"
 #include "QuickTestSetup.h"
 #include "UserDefaultsService.h"
@@ -13,8 +12,7 @@
 #include <QQuickWindow>
 #include <QtQuickTest>
 
-// Reads the window's items through the accessibility interfaces Qt Quick
-// hands out for them, as assistive technology does.
+// Reads the window's items through Qt Quick's accessibility interfaces.
 class ScreenReader : public QObject
 {
     Q_OBJECT

@@ -62,9 +62,8 @@ private slots:
         settings().setString(QStringLiteral("prefix"), QStringLiteral("#31#"));
     }
 
-    // The dial string is composed as given, whatever becomes of it: a URL
-    // parser percent-encodes what it must (so spaces pass), and only the
-    // telephony refuses what is no call, without a log line.
+    // The dial string is composed as given (spaces pass, percent-encoded);
+    // only the telephony refuses what is no call, without a log line.
     void dialStrings_data()
     {
         QTest::addColumn<QString>("prefix");
@@ -117,7 +116,6 @@ private slots:
     {
         QTest::addColumn<QString>("message");
         QTest::addColumn<QString>("notice");
-        QTest::newRow("blank before the stop") << "The phone cannot dial ." << "The phone cannot dial.";
         QTest::newRow("reason missing") << "The call could not be placed: " << "The call could not be placed.";
         QTest::newRow("stray blanks, no stop") << "  network\n busy " << "Network busy.";
         QTest::newRow("empty") << "" << "The call could not be placed.";
