@@ -1,6 +1,5 @@
-// Every screen as a screen reader meets it: the real views with assistive
-// technology switched on, over a real vCard address book and a real history
-// file in temporary folders.
+// Every screen as a screen reader meets it, over a real vCard address book
+// and a real history file in temporary folders.
 #include "HistoryCallDataService.h"
 #include "QuickTestSetup.h"
 #include "UserDefaultsService.h"
@@ -8,14 +7,12 @@
 
 #include <QAccessible>
 #include <QDir>
-#include <QFile>
 #include <QQmlContext>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QtQuickTest>
 
-// Reads the window's items through the accessibility interfaces Qt Quick
-// hands out for them, as assistive technology does.
+// Reads the window's items through Qt Quick's accessibility interfaces.
 class ScreenReader : public QObject
 {
     Q_OBJECT
@@ -48,16 +45,6 @@ private:
         return false;
     }
 
-    // For the failure message: the item's objectName, else its type, in its nearest named ancestor.
-    static QString describe(const QQuickItem *item)
-    {
-        const QQuickItem *up = item->parentItem();
-        while (up && up->objectName().isEmpty())
-            up = up->parentItem();
-        return (item->objectName().isEmpty() ? QString::fromLatin1(item->metaObject()->className()) : item->objectName())
-               + (up ? QStringLiteral(" in ") + up->objectName() : QString());
-    }
-
     static void collect(QQuickItem *item, QVariantList &found)
     {
         if (!item->isVisible() || !item->isEnabled())
@@ -74,7 +61,7 @@ private:
             // A button's caption becomes its name when asked for; a text field's content is no name.
             if (name.trimmed().isEmpty() && item->inherits("QQuickAbstractButton"))
                 name = item->property("text").toString();
-            found.append(QVariantMap{ { QStringLiteral("name"), name.trimmed() }, { QStringLiteral("what"), describe(item) } });
+            found.append(QVariantMap{ { QStringLiteral("name"), name.trimmed() }, { QStringLiteral("what"), item->objectName() + QLatin1Char(' ') + QLatin1String(item->metaObject()->className()) } });
         }
         for (QQuickItem *child : item->childItems())
             collect(child, found);
@@ -89,13 +76,11 @@ protected:
         markOnboardingDone();
         testApp().defaults().setBool(QStringLiteral("saveToHistory"), true);
 
-        const QString folder = VCardFolderAddressBook::defaultFolder();
-        QDir().mkpath(folder);
-        QFile book(QDir(folder).filePath(QStringLiteral("book.vcf")));
+        QDir().mkpath(VCardFolderAddressBook::defaultFolder());
+        QFile book(QDir(VCardFolderAddressBook::defaultFolder()).filePath(QStringLiteral("book.vcf")));
         book.open(QIODevice::WriteOnly);
         book.write("BEGIN:VCARD\nVERSION:3.0\nN:Smith;Anna\nTEL:0601\nEND:VCARD\n"
                    "BEGIN:VCARD\nVERSION:3.0\nN:;\nTEL:0602\nEND:VCARD\n");
-        book.close();
 
         testApp().history().addHistory(QStringLiteral("Anna"), QStringLiteral("Smith"), QStringLiteral("0601"), true);
         testApp().history().addHistory(QString(), QString(), QStringLiteral("0602"), false);

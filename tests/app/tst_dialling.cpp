@@ -19,22 +19,20 @@ struct CountingWidgets : WidgetRefresher
     int reloads = 0;
     void reloadAllTimelines() override { ++reloads; }
 };
-RecordingTelephony *telephony = nullptr;
-CountingWidgets *widgets = nullptr;
 
-// The app on a recording telephony and counting widgets.
+// The app on a recording telephony and counting widgets, handed back through the pointers.
 std::unique_ptr<QuietonApp> makeApp(RecordingTelephony *&telephony, CountingWidgets *&widgets)
 {
     PlatformParts parts;
-    auto recording = std::make_unique<RecordingTelephony>();
-    auto counting = std::make_unique<CountingWidgets>();
-    telephony = recording.get();
-    widgets = counting.get();
-    parts.telephony = std::move(recording);
-    parts.widgets = std::move(counting);
+    parts.telephony = std::make_unique<RecordingTelephony>();
+    parts.widgets = std::make_unique<CountingWidgets>();
+    telephony = static_cast<RecordingTelephony *>(parts.telephony.get());
+    widgets = static_cast<CountingWidgets *>(parts.widgets.get());
     parts.urlOpener = std::make_unique<RecordingUrlOpener>();
     return std::make_unique<QuietonApp>(std::move(parts), TestApp::offlineUpdateCheck());
 }
+RecordingTelephony *telephony = nullptr;
+CountingWidgets *widgets = nullptr;
 } // namespace
 
 class TestDialling : public QObject
@@ -64,9 +62,8 @@ private slots:
         settings().setString(QStringLiteral("prefix"), QStringLiteral("#31#"));
     }
 
-    // The dial string is composed as given, whatever becomes of it: a URL
-    // parser percent-encodes what it must (so spaces pass), and only the
-    // telephony refuses what is no call, without a log line.
+    // The dial string is composed as given (spaces pass, percent-encoded);
+    // only the telephony refuses what is no call, without a log line.
     void dialStrings_data()
     {
         QTest::addColumn<QString>("prefix");
@@ -77,18 +74,12 @@ private slots:
         QTest::newRow("private") << "#31#" << "0612345678" << true << true << "#31#0612345678";
         QTest::newRow("normal") << "#31#" << "0612345678" << false << true << "0612345678";
         QTest::newRow("written with spaces") << "#31#" << "+33 6 12 34 56 78" << true << true << "#31#+33 6 12 34 56 78";
-        QTest::newRow("written with brackets") << "*67" << "(555) 123-4567" << true << true << "*67(555) 123-4567";
-        QTest::newRow("digit prefix") << "141" << "0611 111 111" << true << true << "1410611 111 111";
-        QTest::newRow("typed code kept") << "#31#" << "*31#06" << true << true << "#31#*31#06";
         QTest::newRow("empty prefix") << "" << "0612" << true << true << "0612";
         QTest::newRow("empty number, private") << "#31#" << "" << true << true << "";
         QTest::newRow("letters") << "#31#" << "0800FLOWERS" << true << true << "";
         QTest::newRow("service code") << "#31#" << "**21*0999123#" << true << true << "";
-        QTest::newRow("non-ASCII digits") << "" << "٠١٢" << false << true << "";
         QTest::newRow("bad escape") << "" << "12%4" << false << true << "";
-        QTest::newRow("port that is no number") << "" << "12:ab" << false << false << "";
         QTest::newRow("unclosed bracket") << "" << "[12" << false << false << "";
-        QTest::newRow("bracket that is no address") << "" << "[12]" << false << false << "";
     }
     void dialStrings()
     {
@@ -125,13 +116,9 @@ private slots:
     {
         QTest::addColumn<QString>("message");
         QTest::addColumn<QString>("notice");
-        QTest::newRow("as sent") << "No modem is ready to place calls." << "No modem is ready to place calls.";
-        QTest::newRow("blank before the stop") << "The phone cannot dial ." << "The phone cannot dial.";
         QTest::newRow("reason missing") << "The call could not be placed: " << "The call could not be placed.";
         QTest::newRow("stray blanks, no stop") << "  network\n busy " << "Network busy.";
-        QTest::newRow("question") << "Is a SIM card in?" << "Is a SIM card in?";
         QTest::newRow("empty") << "" << "The call could not be placed.";
-        QTest::newRow("marks only") << " : " << "The call could not be placed.";
     }
     void laterFailuresReadAsOneSentence()
     {
@@ -158,7 +145,6 @@ private slots:
         QTest::newRow("first item wins") << "quieton://w?number=1&number=2&hidden=false&hidden=true"
                                          << QStringList{ "1" } << QVariant(false);
         QTest::newRow("other scheme") << "https://w?number=0612&hidden=true" << QStringList{} << QVariant();
-        QTest::newRow("scheme case") << "Quieton://w?number=0612" << QStringList{ "0612" } << QVariant(false);
         QTest::newRow("empty number") << "quieton://w?number=&hidden=true" << QStringList{} << QVariant();
     }
     void widgetLinks()

@@ -1,10 +1,6 @@
-// The contacts and history screens in real QML views, over a real vCard
-// folder, the app's history in a real SQLite file and a telephony that
-// records requests and reports calls.
-#include "ContactsViewModel.h"
-#include "CrashManager.h"
+// The contacts and history screens over a real vCard folder, the history in
+// a real SQLite file and a telephony that records requests and reports calls.
 #include "HistoryCallDataService.h"
-#include "HistoryViewModel.h"
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
 #include "RecordingUrlOpener.h"
@@ -20,15 +16,6 @@ class Driver : public PhoneDriver
     Q_OBJECT
 public:
     explicit Driver(TestApp &app) : PhoneDriver(app), m_opener(app.urlOpener) { }
-
-    Q_INVOKABLE ContactsViewModel *newContactsModel()
-    {
-        return new ContactsViewModel(app().defaults(), app().service(), m_book, *m_opener, m_crashManager, this);
-    }
-    Q_INVOKABLE HistoryViewModel *newHistoryModel()
-    {
-        return new HistoryViewModel(app().history(), app().defaults(), app().service(), this);
-    }
 
     // Replaces the address book with one vCard file of these people, each
     // a list [first, last, number...]; with no list, a file where the
@@ -72,8 +59,6 @@ public:
 
 private:
     RecordingUrlOpener *m_opener;
-    VCardFolderAddressBook m_book;
-    CrashManager m_crashManager;
 };
 
 class Setup : public QuickTestSetup

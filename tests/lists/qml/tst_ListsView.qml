@@ -1,0 +1,249 @@
+import QtQuick
+import QtQuick.Controls
+import QtTest
+import Quieton.Lists
+import Quieton.App
+
+// The contacts and history screens over a vCard folder and the app's history
+// file: what they list, search, sort and delete, and calls from their tabs of
+// the main screen that end up in the history.
+TestCase {
+    id: testCase
+    name: "ListsView"
+    width: 400
+    height: 800
+    when: windowShown
+    visible: true
+
+    Component {
+        id: viewComponent
+        ContactsView { anchors.fill: parent }
+    }
+    Component {
+        id: historyComponent
+        HistoryView { anchors.fill: parent }
+    }
+    Component {
+        id: mainViewComponent
+        MainView { app: testApp; anchors.fill: parent }
+    }
+
+    SignalSpy {
+        id: notices
+        target: service
+        signalName: "notice"
+    }
+
+    function init() {
+        defaults.setInteger("autoSortBy", 0)
+        defaults.setBool("comparator", true)
+        service.acknowledgeCallFailure()
+        driver.setCallsPossible(true)
+        driver.clearHistory()
+        defaults.setString("prefix", "#31#")
+        defaults.setBool("saveToHistory", true)
+    }
+
+    // A screen shown once, with the whole book read.
+    function shownView(people) {
+        driver.writeBook(people)
+        const view = createTemporaryObject(viewComponent, testCase, { vm: testApp.createContactsViewModel(testCase) })
+        view.appeared()
+        tryVerify(() => view.vm.visibleContacts.count === people.length, 5000)
+        waitForItemPolished(findChild(view, "contactsList"))
+        return view
+    }
+
+    function rowTexts(view) {
+        const list = findChild(view, "contactsList")
+        const names = []
+        for (let i = 0; i < list.count; ++i)
+            names.push(findChild(list, "contactRow" + i).firstName)
+        return names
+    }
+
+    // The history screen over these records, each [telephone, first, last].
+    function showHistory(records) {
+        for (const [telephone, first, last] of records)
+            driver.addRecord(telephone, false, first, last)
+        const view = createTemporaryObject(historyComponent, testCase, { vm: testApp.createHistoryViewModel(testCase) })
+        waitForRendering(view)
+        return view
+    }
+
+    // The row shown at `index` (rows waiting for reuse are hidden).
+    function row(view, index) {
+        const list = findChild(view, "historyList")
+        list.forceLayout()
+        const cells = list.contentItem.children
+        for (let i = 0; i < cells.length; ++i) {
+            const found = cells[i].visible ? findChild(cells[i], "historyRow_" + index) : null
+            if (found)
+                return found
+        }
+        return null
+    }
+
+    function listedTelephones(view) {
+        const out = []
+        for (let i = 0; i < view.vm.filteredContacts.count; ++i)
+            out.push(findChild(row(view, i), "numberLine").text)
+        return out
+    }
+
+    // Taps `item` and answers the call privacy question with `button`.
+    function answer(view, item, button) {
+        mouseClick(item)
+        const dialog = findChild(view, "callPrivacyDialog")
+        tryCompare(dialog, "opened", true)
+        mouseClick(findChild(dialog, button))
+        tryCompare(dialog, "visible", false)
+    }
+
+    function test_listAndSortControls() {
+        const view = shownView([["Bea", "Young", "03"], ["Al", "Zane", "01"], ["Cy", "Xu", "02", "04"]])
+        compare(findChild(view, "totalContacts").text, "Total Contacts: 3")
+        compare(rowTexts(view), ["Bea", "Al", "Cy"])
+
+        mouseClick(findChild(view, "sortSegment2"))
+        compare(view.vm.sortIndexSelected, 2)
+        compare(rowTexts(view), ["Al", "Cy", "Bea"])
+        mouseClick(findChild(view, "sortDirectionButton"))
+        compare(rowTexts(view), ["Bea", "Cy", "Al"])
+        // The stored key wins when the screen is shown again.
+        view.appeared()
+        compare(findChild(view, "sortSegment0").selected, true)
+        compare(rowTexts(view), ["Cy", "Bea", "Al"])
+    }
+
+    function test_emptyAndUnreadableBooks() {
+        const empty = shownView([])
+        verify(findChild(empty, "noContactsFound").visible)
+        verify(!findChild(empty, "enableInSettings").visible)
+
+        driver.writeBook([], false)
+        const view = createTemporaryObject(viewComponent, testCase, { vm: testApp.createContactsViewModel(testCase) })
+        view.appeared()
+        const link = findChild(view, "enableInSettings")
+        tryVerify(() => link.visible, 5000)
+        verify(!findChild(view, "noContactsFound").visible)
+        verify(!findChild(view, "contactsList").visible)
+        mouseClick(link)
+        verify(driver.openedUrl().startsWith("file:///"))
+    }
+
+    // The telephony refuses a call without a number at once, as the real
+    // ones do: the dialling-error alert, never a notice, never a request.
+    function test_contactWithoutANumberShowsTheErrorAlert() {
+        const view = shownView([["No", "Number"]])
+        const opened = driver.openedCount()
+        notices.clear()
+        answer(view, findChild(view, "contactRow0"), "normalDialingButton")
+        verify(service.callFailed)
+        const alert = findChild(view, "dialErrorAlert")
+        tryCompare(alert, "opened", true)
+        compare(driver.openedCount(), opened)
+        compare(notices.count, 0)
+        mouseClick(alert.footer.itemAt(0))
+        tryCompare(alert, "visible", false)
+        verify(!service.callFailed)
+    }
+
+    // Cancel asks nothing of the telephony; "Private dialing" calls and the
+    // call is recorded under the contact's name.
+    function test_privateCallToAContactEndsUpInTheHistory() {
+        driver.writeBook([["Anna", "Smith", "0612345678", "0700"], ["Bob", "Brown", "0799"]])
+        defaults.setInteger("autoSortBy", 1)
+        const main = createTemporaryObject(mainViewComponent, testCase)
+        main.vm.selectedTab = 1
+        const view = findChild(main, "contactsView")
+        tryVerify(() => findChild(view, "contactRow1") !== null, 5000)
+        const asked = driver.lastAsked()
+        answer(view, findChild(view, "contactRow0"), "cancelButton")
+        compare(driver.lastAsked(), asked)
+
+        answer(view, findChild(view, "contactRow0"), "privateDialingButton")
+        compare(driver.lastOpened(), "#31#0612345678")
+        driver.report("contact-1", true, false, false)
+        compare(driver.storedRows(), [{ firstName: "Anna", lastName: "Smith", telephone: "0612345678", callHidden: true }])
+    }
+
+    function test_emptyStateThenRows() {
+        const view = showHistory([])
+        const empty = findChild(view, "emptyState")
+        verify(empty.visible)
+
+        // Names never stored read N/A; names stored empty stay empty.
+        driver.addRecord("0611", true, "Anna", "Smith")
+        driver.addRecord("0622", false)
+        driver.addRecord("0633", false, "", "")
+        tryCompare(findChild(view, "countLabel"), "text", "Total Contacts: 3")
+        verify(!empty.visible)
+        const named = row(view, 0)
+        compare(findChild(named, "nameLine").text, "Smith Anna")
+        compare(findChild(named, "numberLine").text, "0611")
+        verify(/^\d{4}-\d\d-\d\d \d\d:\d\d:\d\d$/.test(findChild(named, "timeLine").text))
+        compare(findChild(named, "privacyMark").text, "Hidden")
+        compare(findChild(row(view, 1), "nameLine").text, "N/A N/A")
+        compare(findChild(row(view, 2), "nameLine").text, " ")
+    }
+
+    // In edit mode a tap selects and asks nothing; a row's delete control
+    // removes the listed row, not the store's row of that number.
+    function test_editModeDeletesTheListedRowUnderSearch() {
+        const view = showHistory([["0611", "Anna", "Smith"], ["0622", "Bob", "Stone"], ["0633", "Hannah", "Lee"],
+                                  ["0644", "Carl", "Anderson"]])
+        mouseClick(findChild(view, "searchField"))
+        for (const c of "AN")
+            keyClick(c)
+        compare(listedTelephones(view), ["0611", "0633", "0644"])
+        const edit = findChild(view, "editButton")
+        mouseClick(edit)
+        mouseClick(row(view, 2))
+        compare(view.vm.selectedContact.telephone, "0644")
+        verify(!findChild(view, "callPrivacyDialog").visible)
+
+        mouseClick(findChild(row(view, 1).parent, "editDeleteControl"))
+        tryCompare(row(view, 1).swipe, "complete", true)
+        mouseClick(findChild(row(view, 1), "swipeDeleteButton"))
+        compare(listedTelephones(view), ["0611", "0644"])
+        mouseClick(edit)
+        verify(!findChild(row(view, 0).parent, "editDeleteControl").visible)
+
+        mouseClick(findChild(view, "searchCancelButton"))
+        compare(findChild(view, "searchField").text, "")
+        compare(driver.storedRows().map(r => r.telephone), ["0611", "0622", "0644"])
+        compare(listedTelephones(view), ["0611", "0622", "0644"])
+    }
+
+    // From the history tab of the main screen, a call is recorded under the
+    // record's name, or with empty names; a phone that cannot call raises
+    // the flag and shows nothing.
+    function test_callFromHistory() {
+        driver.addRecord("0611", false, "Anna", "Smith")
+        driver.addRecord("0622", false)
+        const main = createTemporaryObject(mainViewComponent, testCase)
+        main.vm.selectedTab = 2
+        const view = findChild(main, "historyView")
+        waitForRendering(view)
+        answer(view, row(view, 0), "privateDialingButton")
+        compare(driver.lastOpened(), "#31#0611")
+        driver.report("history-1", true, false, false)
+        compare(driver.storedRows()[2], { firstName: "Anna", lastName: "Smith", telephone: "0611", callHidden: true })
+        tryCompare(findChild(view, "countLabel"), "text", "Total Contacts: 3")
+
+        answer(view, row(view, 1), "normalDialingButton")
+        compare(driver.lastOpened(), "0622")
+        driver.report("history-2", true, false, false)
+        const after = driver.storedRows()[3]
+        compare([after.firstName, after.telephone, after.callHidden], ["", "0622", false])
+
+        driver.setCallsPossible(false)
+        answer(view, row(view, 0), "privateDialingButton")
+        verify(service.callFailed)
+        const overlay = view.Overlay.overlay
+        for (let i = 0; i < overlay.children.length; ++i)
+            verify(!overlay.children[i].visible, "something is shown over the list")
+        verify(!view.showingCallAlert)
+    }
+}
