@@ -249,9 +249,6 @@ private slots:
         QCOMPARE(visibleNames(*model).last(), QStringLiteral("Odd2999"));
         model->sortContacts();
         QCOMPARE(visibleNames(*model).first(), QStringLiteral("Odd999"));
-        model->setComparator(true);
-        model->setSearchText(QStringLiteral("odd1"));
-        QCOMPARE(visibleNames(*model).first(), QStringLiteral("Odd1"));
     }
 
     void textScalesMapToTheNearestStep()

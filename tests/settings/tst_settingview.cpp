@@ -1,6 +1,5 @@
-// The settings screen and the onboarding in real QML views and in the app's
-// own window, on the app's settings file and history database in a temporary
-// home, with recording telephony.
+// The settings screen and the onboarding in real QML views and in the app's own
+// window, on its settings file and history database in a temporary home.
 #include "JsonFileKeyValueStore.h"
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
