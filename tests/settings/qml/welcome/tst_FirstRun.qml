@@ -49,19 +49,14 @@ TestCase {
         compare(welcome.vm.selectedPage, 0)
         turnPage(welcome, "nextButton0")
         turnPage(welcome, "nextButton1")
-        let shownMain = false
-        welcome.showMainViewChanged.connect(() => { shownMain = welcome.showMainView })
         mouseClick(findChild(welcome, "getStartedButton"))
-        verify(shownMain)
         verify(disk.setting("hasCompletedFirstLaunch"))
         tryVerify(() => scene(window).objectName !== "welcomeView")
-        compare(scene(window).footer.count, 4)
         window.destroy()
         wait(0)
 
         // The next start goes straight to the main screen.
         window = start()
         verify(scene(window).objectName !== "welcomeView")
-        compare(scene(window).footer.count, 4)
     }
 }
