@@ -172,7 +172,6 @@ private slots:
     {
         QTest::addColumn<QString>("table");
         QTest::addColumn<int>("version");
-        QTest::newRow("first form") << "firstName TEXT, lastName TEXT, telephone TEXT, time TEXT, callHidden INTEGER" << 0;
         QTest::newRow("missing columns") << "telephone TEXT, time TEXT" << 0;
         QTest::newRow("newer") << "firstName, lastName, telephone, time, callHidden, rating REAL" << 2;
     }
