@@ -13,7 +13,6 @@
 #include <QtTest>
 
 namespace {
-RecordingTelephony *telephony = nullptr;
 const QString detected = QStringLiteral("detect a dialing outgoing call");
 } // namespace
 
@@ -23,17 +22,17 @@ class TestCallObserver : public QObject
 
     QTemporaryDir m_dir;
     int m_round = 0;
+    std::unique_ptr<TestApp> m_app;
     std::unique_ptr<HistoryCallDataService> m_store;
     std::unique_ptr<CallObserver> m_observer;
     std::unique_ptr<CallObserverDelegate> m_delegate;
 
-    std::unique_ptr<TestApp> m_app;
     Service &service() { return m_app->service(); }
     QList<HistoryData> onDisk() { return HistoryCallDataService(m_store->databasePath()).savedEntities(); }
-    // What the dialler does: ask for the call with its pending record.
-    void dial(const QString &first, const QString &last, const QString &number, bool hidden)
+    // Reports a change of call `id`: outgoing, answered, ended.
+    void report(const char *id, bool outgoing, bool connected, bool ended)
     {
-        service().placeCall({ first, last, number, hidden, std::nullopt });
+        m_app->telephony->report(QString::fromLatin1(id), outgoing, connected, ended);
     }
 
 private slots:
@@ -41,31 +40,35 @@ private slots:
     {
         TestHome::use();
         m_app = std::make_unique<TestApp>();
-        telephony = m_app->telephony;
     }
 
     void init()
     {
         m_store = std::make_unique<HistoryCallDataService>(m_dir.filePath(QStringLiteral("h%1.sqlite").arg(++m_round)));
-        m_observer = std::make_unique<CallObserver>(*telephony);
+        m_observer = std::make_unique<CallObserver>(*m_app->telephony);
         m_delegate = std::make_unique<CallObserverDelegate>(m_store.get(), &m_app->defaults(), &service());
         m_observer->setDelegate(m_delegate.get());
         service().setCallStartedFromApp(false);
         service().setPendingCallSaveToHistory(std::nullopt);
     }
 
-    void recordsTheDialledCallOnce()
+    void recordsOnlyTheDiallingPhaseOfTheAppsOwnCallOnce()
     {
         StdoutCapture out;
-        dial(QStringLiteral("Ann"), QStringLiteral("Hannah"), QStringLiteral("0612"), true);
-        QVERIFY(service().callStartedFromApp());
+        report("c1", true, false, false); // not started by the app
+        service().placeCall({ QStringLiteral("Ann"), QStringLiteral("Hannah"), QStringLiteral("0612"), true, std::nullopt });
+        report("c2", false, false, false); // incoming, ringing
+        report("c2", false, true, false);  // incoming, answered
+        report("c3", true, true, false);   // outgoing, already answered
+        report("c4", true, false, true);   // outgoing, ended unanswered
+        QVERIFY(onDisk().isEmpty());
+        QVERIFY(service().callStartedFromApp()); // still waiting for its call
 
-        telephony->report(QStringLiteral("c1"), true, false, false); // dialling
+        report("c5", true, false, false); // dialling
         QVERIFY(!service().callStartedFromApp());
-        telephony->report(QStringLiteral("c1"), true, true, false); // answered
-        telephony->report(QStringLiteral("c1"), true, true, true);  // hung up
+        report("c5", true, true, false); // answered
+        report("c6", true, false, false); // the next outgoing call is not the app's
         QCOMPARE(out.lines().count(detected), 1);
-
         const QList<HistoryData> rows = onDisk();
         QCOMPARE(rows.size(), 1);
         QCOMPARE(rows[0].lastName, QStringLiteral("Hannah"));
@@ -73,52 +76,34 @@ private slots:
         QVERIFY(rows[0].callHidden);
     }
 
-    void onlyTheDiallingPhaseOfTheAppsOwnCallCounts()
-    {
-        StdoutCapture out;
-        telephony->report(QStringLiteral("c2"), true, false, false); // not started by the app
-        dial(QString(), QString(), QStringLiteral("0612"), false);
-        telephony->report(QStringLiteral("c3"), false, false, false); // incoming, ringing
-        telephony->report(QStringLiteral("c3"), false, true, false);  // incoming, answered
-        telephony->report(QStringLiteral("c4"), true, true, false);   // outgoing, already answered
-        telephony->report(QStringLiteral("c5"), true, false, true);   // outgoing, ended unanswered
-        QCOMPARE(out.lines().count(detected), 0);
-        QVERIFY(onDisk().isEmpty());
-        QVERIFY(service().callStartedFromApp()); // still waiting for its call
-    }
-
+    // Not saving logs the call but leaves the flag up: the next outgoing
+    // call is taken for the app's, recorded with the stale pending record.
     void notSavingLogsButLeavesTheFlagUp()
     {
         StdoutCapture out;
         service().setPendingCallSaveToHistory(false);
-        dial(QStringLiteral("Bo"), QString(), QStringLiteral("0700"), false);
-        telephony->report(QStringLiteral("c4"), true, false, false);
+        service().placeCall({ QStringLiteral("Bo"), QString(), QStringLiteral("0700"), false, std::nullopt });
+        report("c7", true, false, false);
         QCOMPARE(out.lines().count(detected), 1);
         QVERIFY(m_store->savedEntities().isEmpty());
         QVERIFY(service().callStartedFromApp());
 
-        // The raised flag makes the next outgoing call the app's, recorded
-        // with the stale pending record once saving is on again.
         service().setPendingCallSaveToHistory(true);
-        telephony->report(QStringLiteral("c5"), true, false, false);
-        QCOMPARE(onDisk().size(), 1);
-        QCOMPARE(onDisk().first().firstName, QStringLiteral("Bo"));
+        report("c8", true, false, false);
+        QCOMPARE(onDisk().value(0).firstName, QStringLiteral("Bo"));
         QVERIFY(!service().callStartedFromApp());
     }
 
     void nothingReachesADetachedOrDeletedDelegate()
     {
-        dial(QString(), QString(), QStringLiteral("0612"), false);
+        service().placeCall({ QString(), QString(), QStringLiteral("0612"), false, std::nullopt });
         m_observer->setDelegate(nullptr);
-        telephony->report(QStringLiteral("c7"), true, false, false);
-        QVERIFY(m_store->savedEntities().isEmpty());
-        QVERIFY(service().callStartedFromApp());
-
+        report("c9", true, false, false);
         m_observer->setDelegate(m_delegate.get());
         m_delegate.reset();
-        QCOMPARE(m_observer->delegate(), nullptr);
-        telephony->report(QStringLiteral("c8"), true, false, false);
+        report("c10", true, false, false);
         QVERIFY(m_store->savedEntities().isEmpty());
+        QVERIFY(service().callStartedFromApp());
     }
 };
 

@@ -14,10 +14,7 @@ LoopbackHttpServer::LoopbackHttpServer()
 
 void LoopbackHttpServer::serve(QTcpSocket *socket)
 {
-    connect(socket, &QTcpSocket::disconnected, this, [this, socket] {
-        ++closedConnections;
-        socket->deleteLater();
-    });
+    connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
     connect(socket, &QTcpSocket::readyRead, this, [this, socket] {
         if (!socket->peek(socket->bytesAvailable()).contains("\r\n\r\n"))
             return; // the head is not all in yet
@@ -28,8 +25,6 @@ void LoopbackHttpServer::serve(QTcpSocket *socket)
                 request.headers.insert(line.left(colon).trimmed().toLower(), line.mid(colon + 1).trimmed());
         }
         requests.append(request);
-        if (m_silent)
-            return;
         if (m_endlessChunk > 0) {
             socket->write("HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nConnection: close\r\n\r\n{");
             auto *timer = new QTimer(socket);

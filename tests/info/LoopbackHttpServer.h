@@ -4,8 +4,8 @@
 #include <QTcpServer>
 
 // An HTTP server on 127.0.0.1 that remembers the requests and answers each
-// with the prepared status and body, then closes the connection; or, silent,
-// never answers; or sends a body that never ends.
+// with the prepared status and body, then closes the connection; or sends a
+// body that never ends.
 class LoopbackHttpServer : public QTcpServer
 {
 public:
@@ -24,7 +24,6 @@ public:
         m_body = body;
         m_status = status;
     }
-    void keepSilent() { m_silent = true; }
     // Blanks, `chunk` bytes every `intervalMs` (as fast as they are taken when 0).
     void answerEndlessly(int chunk, int intervalMs)
     {
@@ -33,14 +32,12 @@ public:
     }
 
     QList<Request> requests;
-    int closedConnections = 0; // by either side
 
 private:
     void serve(QTcpSocket *socket);
 
     QByteArray m_body;
     int m_status = 200;
-    bool m_silent = false;
     int m_endlessChunk = 0;
     int m_endlessInterval = 0;
 };
