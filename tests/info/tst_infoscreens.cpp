@@ -4,7 +4,6 @@
 #include "RecordingSharer.h"
 #include "RecordingUrlOpener.h"
 
-#include <QGuiApplication>
 #include <QQmlContext>
 #include <QtQuickTest>
 
@@ -19,7 +18,6 @@ public:
     Q_INVOKABLE QStringList shared() const { return m_sharer->shared; }
     Q_INVOKABLE void clear() { m_opener->opened.clear(); m_sharer->shared.clear(); }
     Q_INVOKABLE QString site() const { return QStringLiteral("https://" QUIETON_TEST_WEB_HOST); }
-    Q_INVOKABLE void setRightToLeft(bool on) { QGuiApplication::setLayoutDirection(on ? Qt::RightToLeft : Qt::LeftToRight); }
 
 private:
     RecordingUrlOpener *m_opener;

@@ -22,10 +22,15 @@ QString fail(GError *error)
     return text;
 }
 
-QList<AddressBookContact> readAll(AddressBook &book, QString &error)
+// Each contact read as "given|family|number,number", sorted.
+QStringList readAll(AddressBook &book, QString &error)
 {
-    QList<AddressBookContact> contacts;
-    error = book.enumerateContacts([&contacts](QList<AddressBookContact> &&batch) { contacts += batch; });
+    QStringList contacts;
+    error = book.enumerateContacts([&contacts](QList<AddressBookContact> &&batch) {
+        for (const AddressBookContact &c : batch)
+            contacts.append(c.givenName + u'|' + c.familyName + u'|' + c.phoneNumbers.join(u','));
+    });
+    contacts.sort();
     return contacts;
 }
 
@@ -119,18 +124,10 @@ private slots:
         const AddressBook::AccessAnswer access = book.requestAccess();
         QVERIFY2(access.granted, qPrintable(access.error));
         QString error;
-        QList<AddressBookContact> contacts = readAll(book, error);
+        const QStringList expected{ QStringLiteral("Bob||"), QStringLiteral("Wei|Zhang|(555) 123-4567"),
+                                    QStringLiteral("Émilie|Martin|+33 6 12 34 56 78,06 11 11 11 11") };
+        QCOMPARE(readAll(book, error), expected);
         QVERIFY2(error.isEmpty(), qPrintable(error));
-        QCOMPARE(contacts.size(), 3);
-        std::sort(contacts.begin(), contacts.end(), [](const auto &a, const auto &b) { return a.givenName < b.givenName; });
-        QCOMPARE(contacts[0].givenName, QStringLiteral("Bob"));
-        QCOMPARE(contacts[0].familyName, QString());
-        QVERIFY(contacts[0].phoneNumbers.isEmpty());
-        QCOMPARE(contacts[1].givenName, QStringLiteral("Wei"));
-        QCOMPARE(contacts[1].phoneNumbers, QStringList{ QStringLiteral("(555) 123-4567") });
-        QCOMPARE(contacts[2].givenName, QStringLiteral("Émilie"));
-        QCOMPARE(contacts[2].familyName, QStringLiteral("Martin"));
-        QCOMPARE(contacts[2].phoneNumbers, (QStringList{ QStringLiteral("+33 6 12 34 56 78"), QStringLiteral("06 11 11 11 11") }));
 
         // A stopped book reads nothing more.
         book.stop();
@@ -156,9 +153,7 @@ private slots:
         CombinedAddressBook both = combined(m_bus->connection());
         QVERIFY(both.requestAccess().granted);
         QString error;
-        const QList<AddressBookContact> contacts = readAll(both, error);
-        QCOMPARE(contacts.size(), 4);
-        QCOMPARE(contacts.constLast().givenName, QStringLiteral("Fay"));
+        QCOMPARE(readAll(both, error).size(), 4);
 
         PrivateBus bare; // without the service
         EdsModuleAddressBook absent(bare.connection(), { QStringLiteral(QUIETON_EDS_MODULE) });
@@ -167,7 +162,7 @@ private slots:
         QVERIFY(!answer.granted && answer.error.isEmpty());
         CombinedAddressBook folderOnly = combined(bare.connection());
         QVERIFY(folderOnly.requestAccess().granted);
-        QCOMPARE(readAll(folderOnly, error).size(), 1);
+        QCOMPARE(readAll(folderOnly, error), QStringList{ QStringLiteral("Fay|Folder|0600") });
     }
 };
 
