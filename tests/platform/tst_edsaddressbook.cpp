@@ -103,7 +103,7 @@ private slots:
                 E_SOURCE_BACKEND(e_source_get_extension(draft, E_SOURCE_EXTENSION_ADDRESS_BOOK)), "local");
         QVERIFY2(e_source_registry_commit_source_sync(m_registry, draft, nullptr, &error), qPrintable(fail(error)));
         ESource *off = nullptr;
-        QTRY_VERIFY((off = e_source_registry_ref_source(m_registry, e_source_get_uid(draft))));
+        QTRY_VERIFY_WITH_TIMEOUT((off = e_source_registry_ref_source(m_registry, e_source_get_uid(draft))), 30000);
         g_object_unref(draft);
         const QString addedOff = addBook(off, { QStringLiteral("BEGIN:VCARD\nVERSION:3.0\nN:Hidden;Hal;;;\nTEL:1\nEND:VCARD") });
         g_object_unref(off);
