@@ -26,7 +26,7 @@ QList<double> typeIntoScreen(QObject *vm, const QString &screen, const QString &
     engine.addImportPath(QStringLiteral("qrc:/"));
     QQuickWindow window;
     window.resize(400, 800);
-    QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/Quieton/lists/") + screen));
+    QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/Quieton/Lists/") + screen));
     std::unique_ptr<QObject> view(component.createWithInitialProperties({ { QStringLiteral("vm"), QVariant::fromValue(vm) } }));
     auto *item = qobject_cast<QQuickItem *>(view.get());
     if (!item)
