@@ -48,6 +48,15 @@ inline HistoryData readRecord(const QSqlQuery &query)
     return HistoryData{ query.value(0).toLongLong(), text(1), text(2), text(3), text(4), query.value(5).toBool() };
 }
 
+// Runs `statement`; on failure says why in `error`.
+inline bool execute(QSqlQuery &query, const QString &statement, QString &error)
+{
+    if (query.exec(statement))
+        return true;
+    error = describe(query.lastError());
+    return false;
+}
+
 inline void log(const QString &line)
 {
     QTextStream(stdout) << line << Qt::endl;

@@ -95,12 +95,7 @@ HistoryCallDataService::OpenResult HistoryCallDataService::openStore(QString &er
 
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     QSqlQuery query(db);
-    const auto run = [&](const QString &statement) {
-        if (query.exec(statement))
-            return true;
-        error = describe(query.lastError());
-        return false;
-    };
+    const auto run = [&](const QString &statement) { return execute(query, statement, error); };
     int version = 0;
     const auto openAs = [&](const QString &name, const QString &options) {
         db.close();
@@ -170,12 +165,7 @@ bool HistoryCallDataService::migrate(QSqlDatabase &db, QString &error)
     // A file of the first form has the table, or not yet, or one that lacks
     // columns: one transaction brings it to the current form, rows kept.
     QSqlQuery query(db);
-    const auto run = [&](const QString &statement) {
-        if (query.exec(statement))
-            return true;
-        error = describe(query.lastError());
-        return false;
-    };
+    const auto run = [&](const QString &statement) { return execute(query, statement, error); };
     bool ok = db.transaction();
     if (!ok)
         error = describe(db.lastError());
