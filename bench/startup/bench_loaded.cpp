@@ -16,6 +16,7 @@
 // Times are wall-clock from the launch of the child; keystroke costs are also
 // given as CPU time of the main thread, which the machine's other load does
 // not inflate. Offscreen unless QT_QPA_PLATFORM says otherwise.
+#include "Appearance.h"
 #include "HistoryCallDataService.h"
 #include "HistoryFile.h"
 #include "ProcessInfo.h"
@@ -459,6 +460,7 @@ int runOnce(int argc, char *argv[], const QString &home)
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Quieton"));
     QGuiApplication::setDesktopFileName(QStringLiteral("quieton"));
     QQuickStyle::setStyle(QStringLiteral("Material"));
+    Appearance::applyTextScaleOverride();
     QuietonApp quietonApp;
     QQmlApplicationEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/"));

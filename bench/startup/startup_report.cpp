@@ -2,6 +2,7 @@
 // the store lookup, reporting for bench_startup: the monotonic time of the
 // first frame and of the first moment after it with the history read in and
 // nothing queued, and the resident memory then. Quits at that moment.
+#include "Appearance.h"
 #include "QuietonApp.h"
 
 #include <QFile>
@@ -43,6 +44,7 @@ int main(int argc, char *argv[])
     QGuiApplication application(argc, argv);
     QuietonApp::nameApplication();
     QQuickStyle::setStyle(QStringLiteral("Material"));
+    Appearance::applyTextScaleOverride();
 
     QuietonApp app;
     QQmlApplicationEngine engine;

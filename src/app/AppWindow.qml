@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls
+import QtQuick.Controls.Material
 import Quieton.Core
 import Quieton.Settings
 import Quieton.App
@@ -15,6 +16,12 @@ ApplicationWindow {
     height: 820
     visible: true
     title: "Quieton"
+
+    // The one theme, handed to the style so that every control follows it.
+    Material.theme: Theme.dark ? Material.Dark : Material.Light
+    Material.accent: Theme.accent
+    Material.background: Theme.background
+    Material.foreground: Theme.text
 
     Loader {
         id: scene

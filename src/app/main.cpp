@@ -1,3 +1,4 @@
+#include "Appearance.h"
 #include "BuildConfig.h"
 #include "QuietonApp.h"
 #include "SingleInstance.h"
@@ -27,6 +28,7 @@ int main(int argc, char *argv[])
         return singleInstance.forwardToRunning(link) ? 0 : 1;
 
     QQuickStyle::setStyle(QStringLiteral("Material"));
+    Appearance::applyTextScaleOverride();
     QuietonApp app;
     QObject::connect(&singleInstance, &SingleInstance::linkReceived, &app, &QuietonApp::deliverLink);
     QObject::connect(&singleInstance, &SingleInstance::activationRequested, &app, &QuietonApp::activationRequested);

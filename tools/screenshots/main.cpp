@@ -11,6 +11,7 @@
 // that cannot be read), set up before the steps run. Scenes reach the app
 // (made as at start-up, with its own update check off this machine) as
 // `testApp`, and its `service` and `defaults`.
+#include "Appearance.h"
 #include "QuietonApp.h"
 
 #include <QDir>
@@ -70,6 +71,7 @@ int main(int argc, char *argv[])
 
     QGuiApplication app(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Material"));
+    Appearance::applyTextScaleOverride();
     const QStringList args = app.arguments().mid(1);
     if (args.size() < 2) {
         std::fprintf(stderr, "usage: quieton-screenshots OUTPUT_DIR SCENE.qml...\n");

@@ -18,6 +18,9 @@ class ContentSizeCategory : public QObject
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(Category current READ current NOTIFY currentChanged)
+    // The application font's size in points, the body text size every
+    // screen's type sizes are scaled from.
+    Q_PROPERTY(qreal pointSize READ pointSize NOTIFY pointSizeChanged)
 
 public:
     enum Category {
@@ -41,6 +44,7 @@ public:
     explicit ContentSizeCategory(QObject *parent = nullptr);
 
     Category current() const { return m_current; }
+    qreal pointSize() const { return m_pointSize; }
 
     // Font size over the reference size; 1 is the "large" default step.
     static qreal textScale(const QFont &font);
@@ -52,6 +56,7 @@ public:
 
 signals:
     void currentChanged();
+    void pointSizeChanged();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -60,4 +65,5 @@ private:
     void update(const QFont &font);
 
     Category m_current = Large;
+    qreal m_pointSize = 10;
 };

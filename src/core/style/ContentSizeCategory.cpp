@@ -44,6 +44,11 @@ bool ContentSizeCategory::eventFilter(QObject *watched, QEvent *event)
 
 void ContentSizeCategory::update(const QFont &font)
 {
+    const qreal pointSize = QFontInfo(font).pointSizeF();
+    if (pointSize > 0 && !qFuzzyCompare(pointSize, m_pointSize)) {
+        m_pointSize = pointSize;
+        emit pointSizeChanged();
+    }
     const Category category = forTextScale(textScale(font));
     if (category != m_current) {
         m_current = category;
