@@ -69,6 +69,12 @@ int main(int argc, char *argv[])
     qputenv("XDG_CONFIG_HOME", QDir(home.path()).filePath(QStringLiteral("config")).toUtf8());
     qputenv("XDG_DATA_HOME", QDir(home.path()).filePath(QStringLiteral("data")).toUtf8());
 
+    // The scenes are plain items: the style takes the dark look from its
+    // own variable, the way the app's window takes it from the theme.
+    const bool dark = qgetenv("QUIETON_COLOR_SCHEME") == "dark";
+    if (dark)
+        qputenv("QT_QUICK_CONTROLS_MATERIAL_THEME", "Dark");
+
     QGuiApplication app(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Material"));
     Appearance::applyTextScaleOverride();
@@ -84,6 +90,12 @@ int main(int argc, char *argv[])
     offline.lookupOrigin = offline.apiOrigin = QStringLiteral("http://127.0.0.1:9");
     QuietonApp quieton({}, offline);
 
+    // A phone in portrait unless QUIETON_SCREEN_SIZE says otherwise ("720x360").
+    QSize size(360, 720);
+    const QList<QByteArray> dimensions = qgetenv("QUIETON_SCREEN_SIZE").split('x');
+    if (dimensions.size() == 2 && dimensions[0].toInt() > 0 && dimensions[1].toInt() > 0)
+        size = QSize(dimensions[0].toInt(), dimensions[1].toInt());
+
     int failures = 0;
     for (const QString &scene : args.mid(1)) {
         QQuickView view;
@@ -92,8 +104,8 @@ int main(int argc, char *argv[])
         view.rootContext()->setContextProperty(QStringLiteral("service"), quieton.service());
         view.rootContext()->setContextProperty(QStringLiteral("defaults"), quieton.defaultsService());
         view.setResizeMode(QQuickView::SizeRootObjectToView);
-        view.setColor(Qt::white);
-        view.resize(400, 820);
+        view.setColor(dark ? Qt::black : QColor(0xF2, 0xF2, 0xF7));
+        view.resize(size);
         view.setSource(QUrl::fromLocalFile(QFileInfo(scene).absoluteFilePath()));
         if (view.status() != QQuickView::Ready) {
             for (const auto &error : view.errors())
