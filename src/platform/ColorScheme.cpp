@@ -1,6 +1,5 @@
 #include "ColorScheme.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -27,17 +26,16 @@ QVariant unwrap(QVariant value)
 
 } // namespace
 
-ColorScheme::ColorScheme(QObject *parent) : QObject(parent)
+ColorScheme::ColorScheme(const QDBusConnection &bus, QObject *parent) : QObject(parent), m_bus(bus)
 {
     const QByteArray forced = qgetenv("QUIETON_COLOR_SCHEME").trimmed().toLower();
     if (forced == "dark" || forced == "light") {
         m_prefersDark = forced == "dark";
         return;
     }
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected())
+    if (!m_bus.isConnected())
         return;
-    bus.connect(portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
+    m_bus.connect(portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
                 SLOT(onSettingChanged(QString, QString, QDBusVariant)));
     readFromPortal();
 }
@@ -48,7 +46,7 @@ void ColorScheme::readFromPortal()
     auto ask = [this](const QString &method, auto onError) {
         QDBusMessage message = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, method);
         message << appearanceGroup << colorSchemeKey;
-        auto *watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
+        auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
         connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, onError] {
             watcher->deleteLater();
             const QDBusPendingReply<QDBusVariant> reply = *watcher;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDBusConnection>
 #include <QObject>
 
 class QDBusVariant;
@@ -14,7 +15,7 @@ class ColorScheme : public QObject
     Q_OBJECT
 
 public:
-    explicit ColorScheme(QObject *parent = nullptr);
+    explicit ColorScheme(const QDBusConnection &bus = QDBusConnection::sessionBus(), QObject *parent = nullptr);
 
     bool prefersDark() const { return m_prefersDark; }
 
@@ -28,5 +29,6 @@ private:
     void readFromPortal();
     void apply(const QVariant &portalValue);
 
+    QDBusConnection m_bus;
     bool m_prefersDark = false;
 };
