@@ -42,6 +42,7 @@ int main(int argc, char *argv[])
 {
     QGuiApplication application(argc, argv);
     QuietonApp::nameApplication();
+    QuietonApp::installTranslation();
     QQuickStyle::setStyle(QStringLiteral("Material"));
 
     QuietonApp app;

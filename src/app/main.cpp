@@ -26,6 +26,7 @@ int main(int argc, char *argv[])
     if (!singleInstance.listen())
         return singleInstance.forwardToRunning(link) ? 0 : 1;
 
+    QuietonApp::installTranslation();
     QQuickStyle::setStyle(QStringLiteral("Material"));
     QuietonApp app;
     QObject::connect(&singleInstance, &SingleInstance::linkReceived, &app, &QuietonApp::deliverLink);

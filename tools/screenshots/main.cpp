@@ -69,6 +69,7 @@ int main(int argc, char *argv[])
     qputenv("XDG_DATA_HOME", QDir(home.path()).filePath(QStringLiteral("data")).toUtf8());
 
     QGuiApplication app(argc, argv);
+    QuietonApp::installTranslation();
     QQuickStyle::setStyle(QStringLiteral("Material"));
     const QStringList args = app.arguments().mid(1);
     if (args.size() < 2) {
