@@ -232,7 +232,7 @@
     </message>
     <message>
         <source>Remember: don&apos;t forget to switch on &quot;Auto Save to History&quot; in settings to save your calls.</source>
-        <translation>Denken Sie daran: Schalten Sie in den Einstellungen „Automatisch im Verlauf speichern“ ein, damit Ihre Anrufe gespeichert werden.</translation>
+        <translation>Denken Sie daran: Schalten Sie unter „Optionen“ die Einstellung „Immer im Verlauf speichern“ ein, damit Ihre Anrufe gespeichert werden.</translation>
     </message>
     <message>
         <source>N/A</source>
@@ -271,7 +271,7 @@
     </message>
     <message>
         <source>Settings</source>
-        <translation>Einstellungen</translation>
+        <translation>Optionen</translation>
     </message>
 </context>
 <context>
@@ -395,11 +395,11 @@
     </message>
     <message>
         <source>Auto Hide My Number</source>
-        <translation>Meine Nummer automatisch unterdrücken</translation>
+        <translation>Nummer immer unterdrücken</translation>
     </message>
     <message>
         <source>Auto Save To History</source>
-        <translation>Automatisch im Verlauf speichern</translation>
+        <translation>Immer im Verlauf speichern</translation>
     </message>
     <message>
         <source>Auto Sort Contacts By:</source>

@@ -232,7 +232,7 @@
     </message>
     <message>
         <source>Remember: don&apos;t forget to switch on &quot;Auto Save to History&quot; in settings to save your calls.</source>
-        <translation>Recuerda: activa «Guardar automáticamente en el historial» en Ajustes para guardar tus llamadas.</translation>
+        <translation>Recuerda: activa «Guardar siempre en el historial» en Ajustes para guardar tus llamadas.</translation>
     </message>
     <message>
         <source>N/A</source>
@@ -395,11 +395,11 @@
     </message>
     <message>
         <source>Auto Hide My Number</source>
-        <translation>Ocultar mi número automáticamente</translation>
+        <translation>Ocultar siempre mi número</translation>
     </message>
     <message>
         <source>Auto Save To History</source>
-        <translation>Guardar automáticamente en el historial</translation>
+        <translation>Guardar siempre en el historial</translation>
     </message>
     <message>
         <source>Auto Sort Contacts By:</source>

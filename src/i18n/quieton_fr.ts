@@ -232,7 +232,7 @@
     </message>
     <message>
         <source>Remember: don&apos;t forget to switch on &quot;Auto Save to History&quot; in settings to save your calls.</source>
-        <translation>Pensez à activer « Enregistrer automatiquement dans l&apos;historique » dans les paramètres pour conserver vos appels.</translation>
+        <translation>Pensez à activer « Toujours enregistrer les appels » dans les réglages pour conserver vos appels.</translation>
     </message>
     <message>
         <source>N/A</source>
@@ -271,7 +271,7 @@
     </message>
     <message>
         <source>Settings</source>
-        <translation>Paramètres</translation>
+        <translation>Réglages</translation>
     </message>
 </context>
 <context>
@@ -375,7 +375,7 @@
     <name>SettingView</name>
     <message>
         <source>Private Call Setting</source>
-        <translation>Paramètres des appels privés</translation>
+        <translation>Réglages des appels privés</translation>
     </message>
     <message>
         <source>Prefix:</source>
@@ -395,11 +395,11 @@
     </message>
     <message>
         <source>Auto Hide My Number</source>
-        <translation>Masquer automatiquement mon numéro</translation>
+        <translation>Toujours masquer mon numéro</translation>
     </message>
     <message>
         <source>Auto Save To History</source>
-        <translation>Enregistrer automatiquement dans l&apos;historique</translation>
+        <translation>Toujours enregistrer les appels</translation>
     </message>
     <message>
         <source>Auto Sort Contacts By:</source>
@@ -459,7 +459,7 @@
     </message>
     <message>
         <source>Reset Settings</source>
-        <translation>Réinitialiser les paramètres</translation>
+        <translation>Réinitialiser les réglages</translation>
     </message>
     <message>
         <source>Clear All (Include history calls)</source>
@@ -483,11 +483,11 @@
     </message>
     <message>
         <source>Are you sure you want to reset settings?</source>
-        <translation>Voulez-vous vraiment réinitialiser les paramètres ?</translation>
+        <translation>Voulez-vous vraiment réinitialiser les réglages ?</translation>
     </message>
     <message>
         <source>This action will reset your settings. Without delete you history calls.</source>
-        <translation>Cette action réinitialise vos paramètres, sans supprimer votre historique d&apos;appels.</translation>
+        <translation>Cette action réinitialise vos réglages, sans supprimer votre historique d&apos;appels.</translation>
     </message>
     <message>
         <source>Reset</source>
@@ -499,7 +499,7 @@
     </message>
     <message>
         <source>This action will reset you setting and delete all history data</source>
-        <translation>Cette action réinitialise vos paramètres et supprime tout l&apos;historique des appels.</translation>
+        <translation>Cette action réinitialise vos réglages et supprime tout l&apos;historique des appels.</translation>
     </message>
     <message>
         <source>Clear All</source>
@@ -683,7 +683,7 @@
     </message>
     <message>
         <source>No more toggling settings – it&apos;s all at your fingertips.</source>
-        <translation>Fini les allers-retours dans les paramètres : tout est à portée de main.</translation>
+        <translation>Fini les allers-retours dans les réglages : tout est à portée de main.</translation>
     </message>
     <message>
         <source>Call history management</source>

@@ -232,7 +232,7 @@
     </message>
     <message>
         <source>Remember: don&apos;t forget to switch on &quot;Auto Save to History&quot; in settings to save your calls.</source>
-        <translation>Lembre-se: ative &quot;Salvar automaticamente no histórico&quot; nas configurações para salvar suas ligações.</translation>
+        <translation>Lembre-se: ative &quot;Sempre salvar no histórico&quot; nos ajustes para salvar suas ligações.</translation>
     </message>
     <message>
         <source>N/A</source>
@@ -271,7 +271,7 @@
     </message>
     <message>
         <source>Settings</source>
-        <translation>Configurações</translation>
+        <translation>Ajustes</translation>
     </message>
 </context>
 <context>
@@ -375,7 +375,7 @@
     <name>SettingView</name>
     <message>
         <source>Private Call Setting</source>
-        <translation>Configurações de ligações privadas</translation>
+        <translation>Ajustes de ligações privadas</translation>
     </message>
     <message>
         <source>Prefix:</source>
@@ -395,11 +395,11 @@
     </message>
     <message>
         <source>Auto Hide My Number</source>
-        <translation>Ocultar meu número automaticamente</translation>
+        <translation>Sempre ocultar meu número</translation>
     </message>
     <message>
         <source>Auto Save To History</source>
-        <translation>Salvar automaticamente no histórico</translation>
+        <translation>Sempre salvar no histórico</translation>
     </message>
     <message>
         <source>Auto Sort Contacts By:</source>
@@ -459,7 +459,7 @@
     </message>
     <message>
         <source>Reset Settings</source>
-        <translation>Redefinir configurações</translation>
+        <translation>Redefinir ajustes</translation>
     </message>
     <message>
         <source>Clear All (Include history calls)</source>
@@ -483,11 +483,11 @@
     </message>
     <message>
         <source>Are you sure you want to reset settings?</source>
-        <translation>Tem certeza de que deseja redefinir as configurações?</translation>
+        <translation>Tem certeza de que deseja redefinir os ajustes?</translation>
     </message>
     <message>
         <source>This action will reset your settings. Without delete you history calls.</source>
-        <translation>Esta ação redefinirá suas configurações, sem apagar seu histórico de ligações.</translation>
+        <translation>Esta ação redefinirá seus ajustes, sem apagar seu histórico de ligações.</translation>
     </message>
     <message>
         <source>Reset</source>
@@ -499,7 +499,7 @@
     </message>
     <message>
         <source>This action will reset you setting and delete all history data</source>
-        <translation>Esta ação redefinirá suas configurações e apagará todo o histórico de ligações.</translation>
+        <translation>Esta ação redefinirá seus ajustes e apagará todo o histórico de ligações.</translation>
     </message>
     <message>
         <source>Clear All</source>
@@ -683,7 +683,7 @@
     </message>
     <message>
         <source>No more toggling settings – it&apos;s all at your fingertips.</source>
-        <translation>Chega de ficar mudando configurações: está tudo na ponta dos dedos.</translation>
+        <translation>Chega de ficar mudando ajustes: está tudo na ponta dos dedos.</translation>
     </message>
     <message>
         <source>Call history management</source>
