@@ -1,10 +1,14 @@
 import QtQuick
 import QtQuick.Controls
 import QtTest
+import Quieton.Core
 import Quieton.Popup
+import Quieton.Lists
+import Quieton.Settings
 
 // Every way a popup goes away, each reported once with its source and each
-// leaving the owner's flag lowered and its binding working.
+// leaving the owner's flag lowered and its binding working; the alerts and
+// the prefix editor as a keyboard and a screen reader use them.
 TestCase {
     id: testCase
     name: "PopupView"
@@ -44,14 +48,15 @@ TestCase {
     }
 
     // An owner with its popup presented with these properties, settled in place.
-    function present(props) {
-        const owner = createTemporaryObject(ownerComponent, testCase)
+    function present(props, owner) {
+        owner = owner || createTemporaryObject(ownerComponent, testCase)
+        owner.sources = []
         for (const key in props)
             owner.popup[key] = props[key]
         owner.showing = true
         verify(owner.popup.shown)
-        tryCompare(owner.popup.card, "offsetX", 0, 2000)
-        tryCompare(owner.popup.card, "offsetY", 0, 2000)
+        tryCompare(owner.popup, "opened", true)
+        compare([owner.popup.offsetX, owner.popup.offsetY], [0, 0])
         return owner
     }
 
@@ -64,7 +69,7 @@ TestCase {
     }
 
     function expectGone(owner, source) {
-        compare([owner.popup.isPresented, owner.showing], [false, false])
+        compare([owner.popup.isPresented, owner.showing], [false, false], "gone by " + source)
         compare(owner.sources, [source])
         tryCompare(owner.popup, "shown", false, 2000)
     }
@@ -72,16 +77,16 @@ TestCase {
     // A floating card of the content's size plus padding, in the middle.
     function test_theOwnersFlagShowsAndHidesIt() {
         const owner = present({})
-        const card = owner.popup.card
-        compare([card.x, card.y, card.width, card.height], [80, 320, 240, 160])
+        compare([owner.popup.x, owner.popup.y, owner.popup.width, owner.popup.height], [84, 324, 232, 152])
         owner.showing = false
         expectGone(owner, PopupLayout.Binding)
     }
 
-    function test_tapsCloseOnlyWhenAllowed() {
+    // Taps, Escape and the Back key; after each the owner's binding still
+    // presents it again.
+    function test_tapsAndKeysClose() {
         const owner = present({ closeOnTap: false })
         mouseClick(owner.popup.card) // inside is not outside, even where nothing takes the tap
-        verify(owner.popup.isPresented)
         owner.popup.closeOnTapOutside = false
         mouseClick(testCase, 10, 10)
         verify(owner.popup.isPresented)
@@ -91,14 +96,14 @@ TestCase {
         owner.popup.closeOnTapOutside = true
         mouseClick(testCase, 10, 10)
         expectGone(owner, PopupLayout.TapOutside)
-
-        // The owner's binding survived: raising its flag presents it again.
-        owner.sources = []
-        owner.showing = true
-        tryCompare(owner.popup.card, "offsetY", 0, 2000)
-        owner.popup.closeOnTap = true
+        present({ closeOnTap: true }, owner)
         mouseClick(owner.popup.card)
         expectGone(owner, PopupLayout.TapInside)
+        for (const key of [Qt.Key_Escape, Qt.Key_Back]) {
+            present({}, owner)
+            keyClick(key)
+            expectGone(owner, PopupLayout.Escape)
+        }
     }
 
     // Where the drag threshold lies is the layout's; here, the finger's effect.
@@ -106,10 +111,10 @@ TestCase {
         let owner = present({ appearFrom: PopupLayout.FromBottom })
         drag(200, 400, 0, -80)
         verify(owner.popup.isPresented)
-        compare(owner.popup.card.offsetY, 0)
+        compare(owner.popup.offsetY, 0)
 
         owner = present({ appearFrom: PopupLayout.FromTop, position: PopupLayout.Top })
-        compare(owner.popup.card.y, 16)
+        compare(owner.popup.y, 16)
         drag(200, 100, 0, -70)
         expectGone(owner, PopupLayout.Drag)
     }
@@ -127,10 +132,71 @@ TestCase {
         mouseClick(underneath)
         compare(owner.underneathClicks, 1)
         compare(owner.sources, [])
-        compare(owner.popup.card.width, 400 - 2 * 16)
+        compare(owner.popup.width, 400 - 2 * 16)
         owner.popup.closeOnTapOutside = true
         mouseClick(underneath)
         compare(owner.underneathClicks, 2)
         expectGone(owner, PopupLayout.TapOutside)
+    }
+
+    Component {
+        id: alertOwnerComponent
+        Item {
+            id: alertOwner
+            property bool showing: true
+            property string chosen
+            property alias dialog: dialog
+            CallPrivacyDialog {
+                id: dialog
+                visible: alertOwner.showing
+                onClosed: alertOwner.showing = false
+                onPrivateDialingChosen: alertOwner.chosen += "private"
+            }
+        }
+    }
+
+    // A screen reader hears the alert's title and its press on an answer
+    // does what a tap does; Escape is the cancel answer.
+    function test_alertAsAScreenReaderAndAKeyboardUseIt() {
+        const owner = createTemporaryObject(alertOwnerComponent, testCase)
+        tryCompare(owner.dialog, "opened", true)
+        compare(screenReader.name(owner.dialog.contentItem.parent), "Choose Call Privacy")
+        verify(screenReader.press(findChild(owner.dialog.footer, "privateDialingButton")))
+        compare(owner.chosen, "private")
+        tryCompare(owner, "showing", false)
+
+        owner.showing = true
+        tryCompare(owner.dialog, "opened", true)
+        keyClick(Qt.Key_Escape)
+        tryCompare(owner, "showing", false)
+        compare(owner.chosen, "private")
+    }
+
+    Component {
+        id: editorOwnerComponent
+        Item {
+            id: editorOwner
+            anchors.fill: parent
+            property bool showing: true
+            property int cancels: 0
+            property alias editor: editor
+            PrefixEditor {
+                id: editor
+                isPresented: editorOwner.showing
+                onIsPresentedChanged: editorOwner.showing = editor.isPresented
+                onCancelled: editorOwner.cancels += 1
+            }
+        }
+    }
+
+    // Escape closes the editor while its field has the keyboard.
+    function test_escapeClosesThePrefixEditor() {
+        const owner = createTemporaryObject(editorOwnerComponent, testCase)
+        tryCompare(findChild(owner.editor.contentItem, "prefixField"), "activeFocus", true)
+        compare(screenReader.name(owner.editor.contentItem.parent), "Edit Manually")
+        keyClick(Qt.Key_Escape)
+        verify(!owner.showing)
+        tryCompare(owner.editor, "visible", false)
+        compare(owner.cancels, 0)
     }
 }
