@@ -16,20 +16,25 @@ public:
     using QObject::QObject;
     Q_INVOKABLE QString name(QQuickItem *item) const
     {
-        QAccessible::setActive(true);
-        QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(item);
+        QAccessibleInterface *iface = reader(item);
         return iface ? iface->text(QAccessible::Name) : QString();
     }
     // The reader's "press", which is not a tap: false when the item offers none.
     Q_INVOKABLE bool press(QQuickItem *item) const
     {
-        QAccessible::setActive(true);
-        QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(item);
+        QAccessibleInterface *iface = reader(item);
         QAccessibleActionInterface *actions = iface ? iface->actionInterface() : nullptr;
         if (!actions || !actions->actionNames().contains(QAccessibleActionInterface::pressAction()))
             return false;
         actions->doAction(QAccessibleActionInterface::pressAction());
         return true;
+    }
+
+private:
+    static QAccessibleInterface *reader(QQuickItem *item)
+    {
+        QAccessible::setActive(true); // as when a screen reader starts
+        return QAccessible::queryAccessibleInterface(item);
     }
 };
 

@@ -54,7 +54,6 @@ TestCase {
         for (const key in props)
             owner.popup[key] = props[key]
         owner.showing = true
-        verify(owner.popup.shown)
         tryCompare(owner.popup, "opened", true)
         compare([owner.popup.offsetX, owner.popup.offsetY], [0, 0])
         return owner
@@ -74,12 +73,16 @@ TestCase {
         tryCompare(owner.popup, "shown", false, 2000)
     }
 
-    // A floating card of the content's size plus padding, in the middle.
-    function test_theOwnersFlagShowsAndHidesIt() {
+    // A floating card of the content's size plus padding, in the middle,
+    // until its owner lowers the flag or its time is up.
+    function test_theOwnersFlagOrTheTimeTakesItAway() {
         const owner = present({})
         compare([owner.popup.x, owner.popup.y, owner.popup.width, owner.popup.height], [84, 324, 232, 152])
         owner.showing = false
         expectGone(owner, PopupLayout.Binding)
+        present({ autohideIn: 150 }, owner)
+        tryCompare(owner, "showing", false, 2000)
+        expectGone(owner, PopupLayout.Autohide)
     }
 
     // Taps, Escape and the Back key; after each the owner's binding still
@@ -90,8 +93,7 @@ TestCase {
         owner.popup.closeOnTapOutside = false
         mouseClick(testCase, 10, 10)
         verify(owner.popup.isPresented)
-        compare(owner.sources, [])
-        compare(owner.underneathClicks, 0) // a floating popup keeps the window from touches
+        compare([owner.sources, owner.underneathClicks], [[], 0]) // a floating popup keeps the window from touches
 
         owner.popup.closeOnTapOutside = true
         mouseClick(testCase, 10, 10)
@@ -119,20 +121,11 @@ TestCase {
         expectGone(owner, PopupLayout.Drag)
     }
 
-    function test_autohide() {
-        const owner = present({})
-        owner.popup.autohideIn = 150
-        tryCompare(owner, "showing", false, 2000)
-        expectGone(owner, PopupLayout.Autohide)
-    }
-
     function test_toastSpansTheWidthAndLeavesTheWindowUsable() {
         const owner = present({ type: PopupLayout.Toast, position: PopupLayout.Bottom, closeOnTapOutside: false })
         const underneath = findChild(owner, "underneath")
         mouseClick(underneath)
-        compare(owner.underneathClicks, 1)
-        compare(owner.sources, [])
-        compare(owner.popup.width, 400 - 2 * 16)
+        compare([owner.underneathClicks, owner.sources, owner.popup.width], [1, [], 400 - 2 * 16])
         owner.popup.closeOnTapOutside = true
         mouseClick(underneath)
         compare(owner.underneathClicks, 2)
@@ -140,63 +133,50 @@ TestCase {
     }
 
     Component {
-        id: alertOwnerComponent
+        id: dialogsComponent
         Item {
-            id: alertOwner
-            property bool showing: true
+            id: dialogs
+            anchors.fill: parent
+            property bool asking: true
+            property bool editing: false
             property string chosen
+            property int cancels: 0
             property alias dialog: dialog
+            property alias editor: editor
             CallPrivacyDialog {
                 id: dialog
-                visible: alertOwner.showing
-                onClosed: alertOwner.showing = false
-                onPrivateDialingChosen: alertOwner.chosen += "private"
+                visible: dialogs.asking
+                onClosed: dialogs.asking = false
+                onPrivateDialingChosen: dialogs.chosen += "private"
+            }
+            PrefixEditor {
+                id: editor
+                isPresented: dialogs.editing
+                onIsPresentedChanged: dialogs.editing = editor.isPresented
+                onCancelled: dialogs.cancels += 1
             }
         }
     }
 
-    // A screen reader hears the alert's title and its press on an answer
-    // does what a tap does; Escape is the cancel answer.
-    function test_alertAsAScreenReaderAndAKeyboardUseIt() {
-        const owner = createTemporaryObject(alertOwnerComponent, testCase)
+    // A screen reader hears an alert's title and its press on an answer does
+    // what a tap does; Escape is the cancel answer, and closes the prefix
+    // editor while its field has the keyboard.
+    function test_alertsAndTheEditorByScreenReaderAndKeyboard() {
+        const owner = createTemporaryObject(dialogsComponent, testCase)
         tryCompare(owner.dialog, "opened", true)
         compare(screenReader.name(owner.dialog.contentItem.parent), "Choose Call Privacy")
         verify(screenReader.press(findChild(owner.dialog.footer, "privateDialingButton")))
-        compare(owner.chosen, "private")
-        tryCompare(owner, "showing", false)
-
-        owner.showing = true
+        tryCompare(owner, "asking", false)
+        owner.asking = true
         tryCompare(owner.dialog, "opened", true)
         keyClick(Qt.Key_Escape)
-        tryCompare(owner, "showing", false)
-        compare(owner.chosen, "private")
-    }
+        tryCompare(owner, "asking", false)
 
-    Component {
-        id: editorOwnerComponent
-        Item {
-            id: editorOwner
-            anchors.fill: parent
-            property bool showing: true
-            property int cancels: 0
-            property alias editor: editor
-            PrefixEditor {
-                id: editor
-                isPresented: editorOwner.showing
-                onIsPresentedChanged: editorOwner.showing = editor.isPresented
-                onCancelled: editorOwner.cancels += 1
-            }
-        }
-    }
-
-    // Escape closes the editor while its field has the keyboard.
-    function test_escapeClosesThePrefixEditor() {
-        const owner = createTemporaryObject(editorOwnerComponent, testCase)
+        owner.editing = true
         tryCompare(findChild(owner.editor.contentItem, "prefixField"), "activeFocus", true)
         compare(screenReader.name(owner.editor.contentItem.parent), "Edit Manually")
         keyClick(Qt.Key_Escape)
-        verify(!owner.showing)
         tryCompare(owner.editor, "visible", false)
-        compare(owner.cancels, 0)
+        compare([owner.editing, owner.cancels, owner.chosen], [false, 0, "private"])
     }
 }
