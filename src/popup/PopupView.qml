@@ -57,7 +57,7 @@ Popup {
 
     // True from the moment it starts sliding in until it has slid out.
     readonly property bool shown: popupView.visible
-    readonly property Item card: cardBackground
+    readonly property Item card: popupView.background
     // How far the popup is from its resting place: sliding in or out, dragged.
     property real offsetX: 0
     property real offsetY: 0
@@ -94,7 +94,9 @@ Popup {
     height: layout.popupHeight
     Overlay.modal: Rectangle { color: Theme.scrim }
 
-    Binding on isPresented {
+    Binding {
+        target: popupView
+        property: "isPresented"
         when: popupView.lowering
         value: false
         restoreMode: Binding.RestoreBinding
@@ -109,9 +111,13 @@ Popup {
 
     Overlay.onReleased: {
         popupView.releasedOutside = true
-        Qt.callLater(popupView.forgetRelease)
+        forgetRelease.restart()
     }
-    function forgetRelease() { popupView.releasedOutside = false }
+    Timer {
+        id: forgetRelease
+        interval: 0
+        onTriggered: popupView.releasedOutside = false
+    }
 
     onAboutToHide: {
         let source = PopupLayout.Binding
@@ -131,7 +137,13 @@ Popup {
 
     // The content fills the card within its margin; what it would like is
     // its implicit size.
-    readonly property Item content: popupView.contentChildren.length > 0 ? popupView.contentChildren[0] : null
+    readonly property Item content: {
+        for (let i = 0; i < popupView.contentChildren.length; ++i) {
+            if (popupView.contentChildren[i] !== touchArea)
+                return popupView.contentChildren[i]
+        }
+        return null
+    }
     onContentChanged: {
         if (!popupView.content)
             return
@@ -153,7 +165,6 @@ Popup {
     }
 
     background: Rectangle {
-        id: cardBackground
         objectName: "popupCard"
         // The card is where the popup is: 0 and 0 once it rests.
         readonly property real offsetX: popupView.offsetX
@@ -165,8 +176,11 @@ Popup {
         border.width: Theme.dark && popupView.type !== PopupLayout.FullScreen ? 1 : 0
     }
 
-    // The whole card takes the touches that no control inside takes.
-    contentItem: Item {
+    // Under the content, the whole card takes the touches that no control
+    // inside takes.
+    Item {
+        id: touchArea
+        anchors.fill: parent
         TapHandler {
             enabled: popupView.closeOnTap
             onTapped: popupView.dismiss(PopupLayout.TapInside)
