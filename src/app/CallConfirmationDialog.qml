@@ -17,8 +17,11 @@ Alert {
     visible: dialog.confirmation.pending
     title: qsTr("Place this call?")
 
+    // Where the window is too short (the largest text in landscape) the
+    // letters shrink rather than run under the answers.
     contentItem: ColumnLayout {
         spacing: Theme.spacing
+        clip: true
 
         Label {
             objectName: "dialString"
@@ -28,6 +31,9 @@ Alert {
             font.bold: true
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.WrapAnywhere
+            Layout.fillHeight: true
+            fontSizeMode: Text.VerticalFit
+            minimumPointSize: Theme.bodySize
             Accessible.name: qsTr("Number to call: %1").arg(dialog.confirmation.dialString)
         }
 
@@ -38,6 +44,9 @@ Alert {
             wrapMode: Text.Wrap
             color: Theme.secondaryText
             font.pointSize: Theme.footnoteSize
+            Layout.fillHeight: true
+            fontSizeMode: Text.VerticalFit
+            minimumPointSize: Theme.footnoteSize * 0.6
         }
     }
 
