@@ -59,7 +59,7 @@ const char *scene = R"(
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
-import Quieton
+import Quieton.Popup
 Item {
     width: 400; height: 800
     property alias popup: popup
