@@ -59,7 +59,7 @@ const char *scene = R"(
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
-import Quieton
+import Quieton.Popup
 Item {
     width: 400; height: 800
     property alias popup: popup
@@ -121,7 +121,7 @@ int main(int argc, char *argv[])
                 QTest::mouseMove(&view, start + QPoint(0, step * 4));
                 moves.append(msSince(timer));
             }
-            followed = std::max(followed, card->property("offsetY").toDouble());
+            followed = std::max(followed, popup->property("offsetY").toDouble());
             QTest::mouseRelease(&view, Qt::LeftButton, {}, start + QPoint(0, 40));
             QTest::qWait(600);
         }

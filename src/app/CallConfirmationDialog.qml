@@ -1,87 +1,70 @@
 import QtQuick
 import QtQuick.Controls
+import QtQuick.Controls.Material
 import QtQuick.Layouts
 import Quieton.Core
 import Quieton.App
 
 // Asks before a call is placed in the user's name, as a phone's own dialler
 // does: the full dial string (prefix included), "Call" and "Cancel". Shown
-// while `confirmation` has a question pending.
-Dialog {
+// while `confirmation` has a question pending; Escape and Back answer
+// "Cancel".
+Alert {
     id: dialog
 
     required property CallConfirmation confirmation
 
-    anchors.centerIn: Overlay.overlay
-    width: Math.min(parent ? parent.width - 48 : 320, 340)
-    modal: true
-    closePolicy: Popup.NoAutoClose
     visible: dialog.confirmation.pending
+    title: qsTr("Place this call?")
 
-    header: Label {
-        text: qsTr("Place this call?")
-        wrapMode: Text.Wrap
-        font.bold: true
-        font.pixelSize: 18
-        padding: 24
-        bottomPadding: 0
-    }
-
+    // Where the window is too short (the largest text in landscape) the
+    // letters shrink rather than run under the answers.
     contentItem: ColumnLayout {
-        spacing: 12
+        spacing: Theme.spacing
+        clip: true
 
         Label {
             objectName: "dialString"
             Layout.fillWidth: true
             text: dialog.confirmation.dialString
-            font.pixelSize: 28
+            font.pointSize: Theme.largeTitleSize
             font.bold: true
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.WrapAnywhere
+            Layout.fillHeight: true
+            fontSizeMode: Text.VerticalFit
+            minimumPointSize: Theme.bodySize
             Accessible.name: qsTr("Number to call: %1").arg(dialog.confirmation.dialString)
         }
 
         Label {
             Layout.fillWidth: true
             text: qsTr("The number is dialled as shown, prefix included.")
+            horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
-            opacity: 0.7
+            color: Theme.secondaryText
+            font.pointSize: Theme.footnoteSize
+            Layout.fillHeight: true
+            fontSizeMode: Text.VerticalFit
+            minimumPointSize: Theme.footnoteSize * 0.6
         }
     }
 
-    footer: RowLayout {
-        spacing: 8
-
-        Item { Layout.fillWidth: true }
-
-        Button {
-            objectName: "cancelButton"
-            text: qsTr("Cancel")
-            font.capitalization: Font.MixedCase
-            flat: true
-            Accessible.name: qsTr("Cancel")
-            Accessible.description: qsTr("Do not place the call")
-            onClicked: dialog.confirmation.cancel()
-        }
-
-        Button {
-            objectName: "callButton"
-            text: qsTr("Call")
-            font.capitalization: Font.MixedCase
-            icon.source: "qrc:/Quieton/icons/phone.svg"
-            highlighted: true
-            Layout.rightMargin: 16
-            Layout.bottomMargin: 8
-            Accessible.name: qsTr("Call")
-            Accessible.description: qsTr("Place the call to %1").arg(dialog.confirmation.dialString)
-            onClicked: dialog.confirmation.call()
-        }
+    cancelButton: cancel
+    Button {
+        id: cancel
+        objectName: "cancelButton"
+        text: qsTr("Cancel")
+        Accessible.description: qsTr("Do not place the call")
+        onClicked: dialog.confirmation.cancel()
     }
-
-    // Escape or the back key answer "Cancel".
-    Shortcut {
-        sequences: ["Esc", "Back"]
-        enabled: dialog.visible
-        onActivated: dialog.confirmation.cancel()
+    Button {
+        objectName: "callButton"
+        text: qsTr("Call")
+        icon.source: "qrc:/Quieton/icons/phone.svg"
+        highlighted: true
+        Material.accent: Theme.call
+        Accessible.description: qsTr("Place the call to %1").arg(dialog.confirmation.dialString)
+        onClicked: dialog.confirmation.call()
     }
 }

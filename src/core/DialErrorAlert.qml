@@ -2,36 +2,20 @@ import QtQuick
 import QtQuick.Controls
 import Quieton.Core
 
-// Shown after a call that could not be placed. "OK" lowers the failure flag.
-Dialog {
+// Shown after a call that could not be placed. "OK" (or Escape) lowers the
+// failure flag.
+Alert {
     id: alert
 
     required property Service service
 
-    anchors.centerIn: Overlay.overlay
-    width: Math.min(parent ? parent.width - 48 : 320, 340)
-    modal: true
-    closePolicy: Popup.NoAutoClose
-    // Title and button only: no empty body between them.
-    topPadding: 0
-    bottomPadding: 0
+    title: qsTr("Unable to make the call. Please check the number or ensure your device supports calling.")
 
-    header: Label {
-        text: qsTr("Unable to make the call. Please check the number or ensure your device supports calling.")
-        wrapMode: Text.Wrap
-        font.bold: true
-        padding: 24
-        bottomPadding: 8
+    cancelButton: okButton
+    Button {
+        id: okButton
+        objectName: "okButton"
+        text: qsTr("OK")
+        onClicked: alert.service.acknowledgeCallFailure()
     }
-
-    footer: DialogButtonBox {
-        Button {
-            text: qsTr("OK")
-            font.capitalization: Font.MixedCase
-            flat: true
-            onClicked: alert.accept()
-        }
-    }
-
-    onAccepted: service.acknowledgeCallFailure()
 }

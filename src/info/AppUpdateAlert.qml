@@ -1,12 +1,12 @@
 import QtQuick
 import QtQuick.Controls
-import QtQuick.Layouts
+import Quieton.Core
 import Quieton.Info
 
 // "A newer version is out": made by UpdateAlertPresenter over a window's
 // content, removes itself once closed. A forced update offers no "Not now";
 // "Update Now" goes through the checker that found the update.
-Dialog {
+Alert {
     id: alert
     objectName: "appUpdateAlert"
 
@@ -16,42 +16,21 @@ Dialog {
     property string appURL
     property bool isTestFlight: false
 
-    anchors.centerIn: Overlay.overlay
-    width: Math.min(parent ? parent.width - 48 : 320, 340)
-    modal: true
-    closePolicy: Popup.NoAutoClose
     title: qsTr("New version")
+    message: qsTr("A new version of Quieton is now available for download, update now!")
 
-    Label {
-        objectName: "appUpdateAlertMessage"
-        width: parent.width
-        text: qsTr("A new version of Quieton is now available for download, update now!")
-        wrapMode: Text.Wrap
-    }
-
-    // A plain row: a hidden "Not now" takes no room in it.
-    footer: RowLayout {
-        spacing: 8
-        Item { Layout.fillWidth: true }
+    // Declared in the footer itself, where the tests of the update check look.
+    footer: DialogButtonBox {
         Button {
             objectName: "notNowButton"
             text: qsTr("Not now")
-            font.capitalization: Font.MixedCase
-            flat: true
             visible: !alert.force
-            onClicked: alert.close()
         }
         Button {
             objectName: "updateNowButton"
             text: qsTr("Update Now")
-            font.capitalization: Font.MixedCase
-            flat: true
-            onClicked: {
-                alert.checker.openAppURL(alert.appURL)
-                alert.close()
-            }
+            onClicked: alert.checker.openAppURL(alert.appURL)
         }
-        Item { Layout.preferredWidth: 8 }
     }
 
     onClosed: alert.destroy()

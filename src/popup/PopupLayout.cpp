@@ -172,9 +172,3 @@ bool PopupLayout::dragDismisses(QPointF translation) const
 {
     return dragDismisses(from(), translation, popupSize(), m_mirrored);
 }
-
-void PopupLayout::writeKeepingBinding(QObject *target, const QString &property, const QVariant &value)
-{
-    if (target)
-        target->setProperty(property.toUtf8().constData(), value);
-}

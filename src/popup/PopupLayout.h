@@ -3,11 +3,10 @@
 #include <QObject>
 #include <QPointF>
 #include <QSizeF>
-#include <QVariant>
 #include <QtQml/qqmlregistration.h>
 
 // Where a popup rests, where it comes from and how a drag moves and dismisses
-// it. PopupView draws; this decides. All coordinates are in the popup's layer,
+// it: the geometry of PopupView, which is a Qt Quick Controls Popup. All coordinates are in the popup's layer,
 // which covers the window; "leading" is the left edge unless `mirrored`.
 class PopupLayout : public QObject
 {
@@ -68,6 +67,7 @@ public:
         TapOutside,
         Drag,
         Autohide,
+        Escape,     // the Escape or the Back key
     };
     Q_ENUM(DismissSource)
 
@@ -129,11 +129,6 @@ public:
     Q_INVOKABLE qreal dragOffsetX(qreal dx, qreal dy) const { return dragOffset(QPointF(dx, dy)).x(); }
     Q_INVOKABLE qreal dragOffsetY(qreal dx, qreal dy) const { return dragOffset(QPointF(dx, dy)).y(); }
     Q_INVOKABLE bool dragDismisses(qreal dx, qreal dy) const { return dragDismisses(QPointF(dx, dy)); }
-
-    // Writes `value` to `property` of `target` the way C++ does, which leaves
-    // a binding on it in place: the popup lowers its owner's bound flag and
-    // the owner's next change still reaches it.
-    Q_INVOKABLE void writeKeepingBinding(QObject *target, const QString &property, const QVariant &value);
 
 signals:
     void inputsChanged();

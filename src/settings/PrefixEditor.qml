@@ -1,11 +1,14 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Quieton.Core
 import Quieton.Popup
 import Quieton.Settings
 
 // The manual prefix editor of the settings screen, floating over it: the
 // typed text, the rule shown when "OK" was refused, and the carrier notice.
+// Escape, the Back key, a tap outside and a drag downwards close it too:
+// they only lower the owner's flag, where "Cancel" is the owner's to handle.
 PopupView {
     id: editor
     objectName: "prefixEditor"
@@ -13,8 +16,8 @@ PopupView {
     property bool showsRule: false
     property real maxWidth: 380
     property real maxHeight: 400
-    property color ruleColor: "#FF3B30"
-    property color noticeColor: "#6C6C70"
+    property color ruleColor: Theme.destructive
+    property color noticeColor: Theme.secondaryText
     signal edited(string text)
     signal accepted()
     signal cancelled()
@@ -22,10 +25,8 @@ PopupView {
     type: PopupLayout.Floating
     position: PopupLayout.Center
     appearFrom: PopupLayout.FromBottom
-    onIsPresentedChanged: {
-        if (isPresented)
-            prefixField.forceActiveFocus()
-    }
+    accessibleName: qsTr("Edit Manually")
+    onOpened: prefixField.forceActiveFocus()
 
     Flickable {
         id: editorScroll
@@ -39,16 +40,17 @@ PopupView {
         ColumnLayout {
             id: editorColumn
             width: editorScroll.width
-            spacing: 12
+            spacing: Theme.spacing
 
             TextField {
                 id: prefixField
                 objectName: "prefixField"
                 Layout.fillWidth: true
                 placeholderText: qsTr("Enter your Prefix")
-                Accessible.name: placeholderText
+                Accessible.name: prefixField.placeholderText
                 text: editor.text
-                onTextEdited: editor.edited(text)
+                font.pointSize: Theme.bodySize
+                onTextEdited: editor.edited(prefixField.text)
                 inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText | Qt.ImhPreferNumbers
                 onAccepted: editor.accepted()
             }
@@ -58,31 +60,42 @@ PopupView {
                 Layout.fillWidth: true
                 text: qsTr("Prefix Cannot Be Empty needs at least 2 characters and without spaces")
                 color: editor.ruleColor
+                font.pointSize: Theme.bodySize
                 wrapMode: Text.Wrap
             }
             Label {
                 Layout.fillWidth: true
                 text: qsTr("Prefixes can vary among different mobile providers. Check with your mobile provider for the prefix for private dialing. Additional costs may apply. Please verify with your cellular carrier.")
                 color: editor.noticeColor
-                font.pixelSize: 13
+                font.pointSize: Theme.footnoteSize
                 wrapMode: Text.Wrap
             }
-            RowLayout {
+            // Side by side while both fit, one under the other at large text.
+            GridLayout {
                 Layout.fillWidth: true
-                spacing: 12
+                columns: okButton.implicitWidth + cancelButton.implicitWidth + Theme.spacing <= editorColumn.width ? 2 : 1
+                columnSpacing: Theme.spacing
                 Button {
+                    id: okButton
                     objectName: "prefixOkButton"
                     text: qsTr("OK")
                     font.capitalization: Font.MixedCase
+                    font.pointSize: Theme.bodySize
                     highlighted: true
                     Layout.fillWidth: true
+                    Accessible.name: okButton.text
+                    Accessible.onPressAction: okButton.clicked()
                     onClicked: editor.accepted()
                 }
                 Button {
+                    id: cancelButton
                     objectName: "prefixCancelButton"
                     text: qsTr("Cancel")
                     font.capitalization: Font.MixedCase
+                    font.pointSize: Theme.bodySize
                     Layout.fillWidth: true
+                    Accessible.name: cancelButton.text
+                    Accessible.onPressAction: cancelButton.clicked()
                     onClicked: editor.cancelled()
                 }
             }

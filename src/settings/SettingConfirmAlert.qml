@@ -1,6 +1,6 @@
 import QtQuick
 import QtQuick.Controls
-import QtQuick.Controls.Material
+import Quieton.Core
 
 // A destructive action of the settings screen, asked first: "Cancel" and the
 // action's own button. The buttons are named `name` + "CancelButton" and
@@ -9,28 +9,22 @@ SettingAlert {
     id: confirm
     property string name
     property string actionText
-    property color actionColor: "#FF3B30"
+    property color actionColor: Theme.destructive
     signal confirmed()
 
-    footer: DialogButtonBox {
-        Button {
-            objectName: confirm.name + "CancelButton"
-            text: qsTr("Cancel")
-            font.capitalization: Font.MixedCase
-            flat: true
-            font.bold: true
-            onClicked: confirm.close()
-        }
-        Button {
-            objectName: confirm.name + "ConfirmButton"
-            text: confirm.actionText
-            font.capitalization: Font.MixedCase
-            flat: true
-            Material.foreground: confirm.actionColor
-            onClicked: {
-                confirm.confirmed()
-                confirm.close()
-            }
-        }
+    cancelButton: cancel
+    destructiveButton: confirmButton
+    Button {
+        id: cancel
+        objectName: confirm.name + "CancelButton"
+        text: qsTr("Cancel")
     }
+    Button {
+        id: confirmButton
+        objectName: confirm.name + "ConfirmButton"
+        text: confirm.actionText
+        onClicked: confirm.confirmed()
+    }
+    // The action's own colour, over the alert's red.
+    Binding { target: confirmButton; property: "Material.foreground"; value: confirm.actionColor; when: confirm.opened }
 }

@@ -33,7 +33,6 @@ private slots:
     void sizesOfTheThreeKinds()
     {
         const QSizeF window(400, 800);
-        QCOMPARE(L::popupSize(L::Floating, window, { 240, 160 }, 16), QSizeF(240, 160));
         // Content larger than the window is kept inside the margins.
         QCOMPARE(L::popupSize(L::Floating, window, { 900, 2000 }, 16), QSizeF(368, 768));
         QCOMPARE(L::popupSize(L::Toast, window, { 120, 60 }, 16), QSizeF(368, 60));
@@ -51,13 +50,6 @@ private slots:
         QCOMPARE(L::entryOffset(L::FromLeading, window, size, rest, true), QPointF(250, 0));
         // From a corner the distance is to the chosen edge.
         QCOMPARE(L::entryOffset(L::FromBottom, window, size, QPointF(16, 734), false), QPointF(0, 66));
-    }
-
-    void dragFollowsOnlyTowardsTheEntryEdge()
-    {
-        QCOMPARE(L::dragOffset(L::FromBottom, { 30, 40 }, false), QPointF(0, 40));
-        QCOMPARE(L::dragOffset(L::FromLeading, { -25, 90 }, false), QPointF(-25, 0));
-        QCOMPARE(L::dragOffset(L::FromTrailing, { 25, 0 }, true), QPointF(0, 0));
     }
 
     void dismissedPastAThirdOfItsOwnSize_data()
@@ -81,24 +73,6 @@ private slots:
         QCOMPARE(L::dragDismisses(L::AppearFrom(from), translation, { 90, 150 }, false), dismisses);
         // An empty popup is never dragged away.
         QVERIFY(!L::dragDismisses(L::AppearFrom(from), translation * 10, { 0, 0 }, false));
-    }
-
-    void objectFollowsItsInputs()
-    {
-        PopupLayout layout;
-        layout.setContainerWidth(400);
-        layout.setContainerHeight(800);
-        layout.setContentSize({ 200, 100 });
-        layout.setType(L::Toast);
-        layout.setPosition(L::Top);
-        layout.setAppearFrom(L::FromTop);
-        QCOMPARE(layout.entryOffset(), QPointF(0, -116));
-
-        // Values from outside the enums are kept within them.
-        layout.setPosition(42);
-        QCOMPARE(layout.position(), int(L::BottomTrailing));
-        layout.setAppearFrom(-3);
-        QCOMPARE(layout.appearFrom(), int(L::FromTop));
     }
 };
 

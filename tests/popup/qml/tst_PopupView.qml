@@ -1,10 +1,14 @@
 import QtQuick
 import QtQuick.Controls
 import QtTest
+import Quieton.Core
 import Quieton.Popup
+import Quieton.Lists
+import Quieton.Settings
 
 // Every way a popup goes away, each reported once with its source and each
-// leaving the owner's flag lowered and its binding working.
+// leaving the owner's flag lowered and its binding working; the alerts and
+// the prefix editor as a keyboard and a screen reader use them.
 TestCase {
     id: testCase
     name: "PopupView"
@@ -44,14 +48,14 @@ TestCase {
     }
 
     // An owner with its popup presented with these properties, settled in place.
-    function present(props) {
-        const owner = createTemporaryObject(ownerComponent, testCase)
+    function present(props, owner) {
+        owner = owner || createTemporaryObject(ownerComponent, testCase)
+        owner.sources = []
         for (const key in props)
             owner.popup[key] = props[key]
         owner.showing = true
-        verify(owner.popup.shown)
-        tryCompare(owner.popup.card, "offsetX", 0, 2000)
-        tryCompare(owner.popup.card, "offsetY", 0, 2000)
+        tryCompare(owner.popup, "opened", true)
+        compare([owner.popup.offsetX, owner.popup.offsetY], [0, 0])
         return owner
     }
 
@@ -64,41 +68,44 @@ TestCase {
     }
 
     function expectGone(owner, source) {
-        compare([owner.popup.isPresented, owner.showing], [false, false])
+        compare([owner.popup.isPresented, owner.showing], [false, false], "gone by " + source)
         compare(owner.sources, [source])
         tryCompare(owner.popup, "shown", false, 2000)
     }
 
-    // A floating card of the content's size plus padding, in the middle.
-    function test_theOwnersFlagShowsAndHidesIt() {
+    // A floating card of the content's size plus padding, in the middle,
+    // until its owner lowers the flag or its time is up.
+    function test_theOwnersFlagOrTheTimeTakesItAway() {
         const owner = present({})
-        const card = owner.popup.card
-        compare([card.x, card.y, card.width, card.height], [80, 320, 240, 160])
+        compare([owner.popup.x, owner.popup.y, owner.popup.width, owner.popup.height], [84, 324, 232, 152])
         owner.showing = false
         expectGone(owner, PopupLayout.Binding)
+        present({ autohideIn: 150 }, owner)
+        tryCompare(owner, "showing", false, 2000)
+        expectGone(owner, PopupLayout.Autohide)
     }
 
-    function test_tapsCloseOnlyWhenAllowed() {
+    // Taps, Escape and the Back key; after each the owner's binding still
+    // presents it again.
+    function test_tapsAndKeysClose() {
         const owner = present({ closeOnTap: false })
         mouseClick(owner.popup.card) // inside is not outside, even where nothing takes the tap
-        verify(owner.popup.isPresented)
         owner.popup.closeOnTapOutside = false
         mouseClick(testCase, 10, 10)
         verify(owner.popup.isPresented)
-        compare(owner.sources, [])
-        compare(owner.underneathClicks, 0) // a floating popup keeps the window from touches
+        compare([owner.sources, owner.underneathClicks], [[], 0]) // a floating popup keeps the window from touches
 
         owner.popup.closeOnTapOutside = true
         mouseClick(testCase, 10, 10)
         expectGone(owner, PopupLayout.TapOutside)
-
-        // The owner's binding survived: raising its flag presents it again.
-        owner.sources = []
-        owner.showing = true
-        tryCompare(owner.popup.card, "offsetY", 0, 2000)
-        owner.popup.closeOnTap = true
+        present({ closeOnTap: true }, owner)
         mouseClick(owner.popup.card)
         expectGone(owner, PopupLayout.TapInside)
+        for (const key of [Qt.Key_Escape, Qt.Key_Back]) {
+            present({}, owner)
+            keyClick(key)
+            expectGone(owner, PopupLayout.Escape)
+        }
     }
 
     // Where the drag threshold lies is the layout's; here, the finger's effect.
@@ -106,31 +113,70 @@ TestCase {
         let owner = present({ appearFrom: PopupLayout.FromBottom })
         drag(200, 400, 0, -80)
         verify(owner.popup.isPresented)
-        compare(owner.popup.card.offsetY, 0)
+        compare(owner.popup.offsetY, 0)
 
         owner = present({ appearFrom: PopupLayout.FromTop, position: PopupLayout.Top })
-        compare(owner.popup.card.y, 16)
+        compare(owner.popup.y, 16)
         drag(200, 100, 0, -70)
         expectGone(owner, PopupLayout.Drag)
-    }
-
-    function test_autohide() {
-        const owner = present({})
-        owner.popup.autohideIn = 150
-        tryCompare(owner, "showing", false, 2000)
-        expectGone(owner, PopupLayout.Autohide)
     }
 
     function test_toastSpansTheWidthAndLeavesTheWindowUsable() {
         const owner = present({ type: PopupLayout.Toast, position: PopupLayout.Bottom, closeOnTapOutside: false })
         const underneath = findChild(owner, "underneath")
         mouseClick(underneath)
-        compare(owner.underneathClicks, 1)
-        compare(owner.sources, [])
-        compare(owner.popup.card.width, 400 - 2 * 16)
+        compare([owner.underneathClicks, owner.sources, owner.popup.width], [1, [], 400 - 2 * 16])
         owner.popup.closeOnTapOutside = true
         mouseClick(underneath)
         compare(owner.underneathClicks, 2)
         expectGone(owner, PopupLayout.TapOutside)
+    }
+
+    Component {
+        id: dialogsComponent
+        Item {
+            id: dialogs
+            anchors.fill: parent
+            property bool asking: true
+            property bool editing: false
+            property string chosen
+            property int cancels: 0
+            property alias dialog: dialog
+            property alias editor: editor
+            CallPrivacyDialog {
+                id: dialog
+                visible: dialogs.asking
+                onClosed: dialogs.asking = false
+                onPrivateDialingChosen: dialogs.chosen += "private"
+            }
+            PrefixEditor {
+                id: editor
+                isPresented: dialogs.editing
+                onIsPresentedChanged: dialogs.editing = editor.isPresented
+                onCancelled: dialogs.cancels += 1
+            }
+        }
+    }
+
+    // A screen reader hears an alert's title and its press on an answer does
+    // what a tap does; Escape is the cancel answer, and closes the prefix
+    // editor while its field has the keyboard.
+    function test_alertsAndTheEditorByScreenReaderAndKeyboard() {
+        const owner = createTemporaryObject(dialogsComponent, testCase)
+        tryCompare(owner.dialog, "opened", true)
+        compare(screenReader.name(owner.dialog.contentItem.parent), "Choose Call Privacy")
+        verify(screenReader.press(findChild(owner.dialog.footer, "privateDialingButton")))
+        tryCompare(owner, "asking", false)
+        owner.asking = true
+        tryCompare(owner.dialog, "opened", true)
+        keyClick(Qt.Key_Escape)
+        tryCompare(owner, "asking", false)
+
+        owner.editing = true
+        tryCompare(findChild(owner.editor.contentItem, "prefixField"), "activeFocus", true)
+        compare(screenReader.name(owner.editor.contentItem.parent), "Edit Manually")
+        keyClick(Qt.Key_Escape)
+        tryCompare(owner.editor, "visible", false)
+        compare([owner.editing, owner.cancels, owner.chosen], [false, 0, "private"])
     }
 }

@@ -17,14 +17,16 @@ Item {
         id: popup
         type: PopupLayout.Floating
         position: PopupLayout.Center
+        accessibleName: "Enter a prefix"
         ColumnLayout {
-            spacing: 12
-            Label { text: "Enter a prefix"; font.pixelSize: 20; font.bold: true }
+            spacing: Theme.spacing
+            Label { text: "Enter a prefix"; font.pointSize: Theme.titleSize; font.bold: true }
             Label {
                 text: "Type the code your carrier uses to withhold your number."
                 wrapMode: Text.Wrap
                 Layout.preferredWidth: 280
-                color: "#48484A"
+                Layout.maximumWidth: 280
+                color: Theme.secondaryText
             }
             TextField { text: "#31#"; Layout.fillWidth: true }
             RowLayout {

@@ -18,12 +18,13 @@ Item {
         type: PopupLayout.Toast
         position: PopupLayout.Top
         appearFrom: PopupLayout.FromTop
-        padding: 14
-        color: "#2C2C2E"
+        contentMargin: Theme.spacing
+        color: Theme.raised
+        accessibleName: "Prefix saved: #31#"
         RowLayout {
-            spacing: 10
-            Label { text: "\u2713"; color: "#34C759"; font.pixelSize: 20; font.bold: true }
-            Label { text: "Prefix saved: #31#"; color: "white"; font.pixelSize: 16; Layout.fillWidth: true }
+            spacing: Theme.spacing
+            Label { text: "\u2713"; color: Theme.call; font.pointSize: Theme.titleSize; font.bold: true }
+            Label { text: "Prefix saved: #31#"; font.pointSize: Theme.headlineSize; wrapMode: Text.Wrap; Layout.fillWidth: true }
         }
     }
     property var steps: [[200, function() { toast.isPresented = true }]]

@@ -1,0 +1,152 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Controls.Material
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Quieton.Core
+
+// The app's one alert: modal, centred over the window, a bold title, an
+// optional message and its answers.
+//
+//   Alert {
+//       visible: owner.showingSomething          // bound; a closed alert
+//       onClosed: owner.showingSomething = false // writes the flag back
+//       title: qsTr("Are you sure?")
+//       message: qsTr("...")
+//       cancelButton: cancel
+//       destructiveButton: remove
+//       Button { id: cancel; text: qsTr("Cancel") }
+//       Button { id: remove; text: qsTr("Delete"); onClicked: ... }
+//   }
+//
+// The answers are plain Buttons. The cancel answer is drawn bold and is
+// what Escape (and the Back key) does; an alert without one stays up until
+// it is answered. The destructive answer is drawn red. Any answer closes
+// the alert after its own handler ran. Answers sit side by side while two
+// fit, one under another otherwise (or always, with `stacked`). A screen
+// reader names the alert by its title and presses each answer as a tap
+// does. An alert may bring its own footer (a Container of Buttons, such as
+// a DialogButtonBox); its buttons are treated the same.
+Dialog {
+    id: alert
+
+    property string message: ""
+    // Answers one under another even where two would fit side by side.
+    property bool stacked: false
+    // The answers, in the order they are shown.
+    default property alias buttons: answers.contentData
+    // The cancel answer: drawn bold, and what Escape and the Back key do.
+    // Without one the alert stays up until it is answered.
+    property T.AbstractButton cancelButton: null
+    // The destructive answer, drawn red.
+    property T.AbstractButton destructiveButton: null
+
+    parent: Overlay.overlay
+    anchors.centerIn: parent
+    // Never narrower than a phone allows, also while the window is still being sized.
+    width: Math.max(240, Math.min(parent ? parent.width - 2 * Theme.spacingHuge : 320, 360))
+    // A title and answers too tall for the window scroll the message.
+    height: Math.min(alert.implicitHeight, parent ? parent.height - 2 * Theme.spacingHuge : alert.implicitHeight)
+    modal: true
+    focus: true
+    closePolicy: alert.cancelButton ? Popup.CloseOnEscape : Popup.NoAutoClose
+    topPadding: 0
+    bottomPadding: alert.message.length > 0 ? Theme.spacingSmall : 0
+    Material.background: Theme.surface
+    Overlay.modal: Rectangle { color: Theme.scrim }
+
+    // A screen reader meets the alert as a dialog named by its title.
+    Binding {
+        target: alert.contentItem ? alert.contentItem.parent : null
+        property: "Accessible.name"
+        value: alert.title
+    }
+
+    header: Label {
+        text: alert.title
+        wrapMode: Text.Wrap
+        horizontalAlignment: Text.AlignHCenter
+        font.bold: true
+        font.pointSize: Theme.headlineSize
+        padding: Theme.spacingHuge
+        bottomPadding: Theme.spacingSmall
+        Accessible.ignored: true // the alert itself is named by it
+    }
+
+    // The message. Where the window is too short for it (the largest text
+    // in landscape) its letters shrink rather than run out of the alert.
+    contentItem: Label {
+        text: alert.message
+        visible: alert.message.length > 0
+        wrapMode: Text.Wrap
+        horizontalAlignment: Text.AlignHCenter
+        color: Theme.secondaryText
+        font.pointSize: Theme.bodySize
+        fontSizeMode: Text.VerticalFit
+        minimumPointSize: Theme.footnoteSize * 0.6
+    }
+
+    footer: Container {
+        id: answers
+        // Side by side only while at most two visible answers fit at their own width.
+        readonly property bool sideBySide: {
+            let needed = 0
+            let shown = 0
+            for (let i = 0; i < answers.count; ++i) {
+                const button = answers.itemAt(i)
+                if (button && button.visible) {
+                    needed += button.implicitWidth
+                    shown += 1
+                }
+            }
+            return !alert.stacked && shown <= 2 && needed + Theme.spacingSmall * (shown - 1) <= answers.availableWidth
+        }
+        padding: Theme.spacingSmall
+        contentItem: GridLayout {
+            columns: answers.sideBySide ? Math.max(1, answers.count) : 1
+            columnSpacing: Theme.spacingSmall
+            rowSpacing: 0
+            Repeater { model: answers.contentModel }
+        }
+    }
+
+    // Escape and Back answer as the cancel button does.
+    onRejected: {
+        if (alert.cancelButton)
+            alert.cancelButton.clicked()
+    }
+    Shortcut {
+        sequence: "Back"
+        enabled: alert.opened && alert.cancelButton !== null
+        onActivated: alert.reject()
+    }
+    // Each answer, once: its look, its name and press for a screen reader,
+    // and closing the alert once its own handler has run.
+    property var styled: []
+    function styleAnswers() {
+        const box = alert.footer
+        for (let i = 0; box && box.itemAt && i < box.count; ++i) {
+            const button = box.itemAt(i)
+            if (!button || button.clicked === undefined || alert.styled.indexOf(button) >= 0)
+                continue
+            alert.styled.push(button)
+            button.flat = button.flat || !button.highlighted
+            button.font.capitalization = Font.MixedCase
+            button.font.bold = button === alert.cancelButton
+            button.font.pointSize = Theme.bodySize
+            button.Material.foreground = button === alert.destructiveButton ? Theme.destructive : Theme.link
+            button.Layout.fillWidth = true
+            if (!button.Accessible.name)
+                button.Accessible.name = Qt.binding(() => button.text)
+            button.Accessible.pressAction.connect(button.clicked)
+            button.clicked.connect(alert.close)
+        }
+    }
+    Component.onCompleted: alert.styleAnswers()
+    onFooterChanged: alert.styleAnswers()
+    Connections {
+        target: alert.footer
+        ignoreUnknownSignals: true
+        function onContentChildrenChanged() { alert.styleAnswers() }
+    }
+}
