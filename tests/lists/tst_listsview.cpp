@@ -6,9 +6,11 @@
 #include "RecordingUrlOpener.h"
 #include "VCardFolderAddressBook.h"
 
+#include <QAccessible>
 #include <QDir>
 #include <QFile>
 #include <QQmlContext>
+#include <QQuickItem>
 #include <QtQuickTest>
 
 class Driver : public PhoneDriver
@@ -57,7 +59,32 @@ public:
     }
     Q_INVOKABLE void clearHistory() { app().history().deleteAllHistory(); }
 
+    // The names of the rows a screen reader finds in `list`, and its press.
+    Q_INVOKABLE QStringList spokenRows(QQuickItem *list) const
+    {
+        QAccessible::setActive(true);
+        QStringList names;
+        collectRows(QAccessible::queryAccessibleInterface(list), names);
+        return names;
+    }
+    Q_INVOKABLE void pressAsScreenReader(QQuickItem *item) const
+    {
+        QAccessible::setActive(true);
+        QAccessible::queryAccessibleInterface(item)->actionInterface()->doAction(
+            QAccessibleActionInterface::pressAction());
+    }
+
 private:
+    static void collectRows(QAccessibleInterface *node, QStringList &names)
+    {
+        for (int i = 0; node && i < node->childCount(); ++i) {
+            QAccessibleInterface *child = node->child(i);
+            if (child && child->role() == QAccessible::ListItem)
+                names.append(child->text(QAccessible::Name));
+            collectRows(child, names);
+        }
+    }
+
     RecordingUrlOpener *m_opener;
 };
 

@@ -1,0 +1,76 @@
+import QtQuick
+import QtQuick.Controls
+import Quieton.Core
+
+// One person in the contacts list: first and last name side by side, the
+// number below. Made and filled a screenful at a time on every keystroke of
+// a search, so plain texts placed by hand.
+ItemDelegate {
+    id: row
+
+    required property int index
+    required property string firstName
+    required property string lastName
+    required property string telephone
+    // Waiting in the list's pool for its next person.
+    property bool pooled: false
+
+    signal tapped(int index)
+
+    objectName: "contactRow" + row.index
+    width: ListView.view.width
+    leftPadding: Theme.spacingLarge
+    rightPadding: Theme.spacingLarge
+    topPadding: Theme.spacingSmall
+    bottomPadding: Theme.spacingSmall
+    focusPolicy: Qt.NoFocus
+    // A row waiting in the pool is no row to a screen reader.
+    Accessible.ignored: row.pooled
+    Accessible.name: (row.firstName + " " + row.lastName).trim() + ", " + row.telephone
+    Accessible.onPressAction: row.clicked()
+    ListView.onPooled: row.pooled = true
+    ListView.onReused: row.pooled = false
+    onClicked: row.tapped(row.index)
+
+    background: Rectangle {
+        color: row.pressed ? Theme.pressed : Theme.surface
+    }
+
+    contentItem: Item {
+        implicitHeight: number.y + number.height
+
+        Text {
+            id: first
+            width: Math.min(first.implicitWidth, parent.width)
+            text: row.firstName
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            font.pointSize: Theme.bodySize
+            color: Theme.text
+        }
+        // Beside the first name where it fits, below it otherwise.
+        Text {
+            id: last
+            readonly property bool beside: first.width + Theme.spacingTiny + last.implicitWidth <= parent.width
+            x: last.beside && row.firstName.length > 0 ? first.width + Theme.spacingTiny : 0
+            y: last.beside || row.firstName.length === 0 ? 0 : first.height
+            width: parent.width - last.x
+            text: row.lastName
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            font.pointSize: Theme.bodySize
+            font.weight: Font.DemiBold
+            color: Theme.text
+        }
+        Text {
+            id: number
+            y: Math.max(first.height, last.y + last.height)
+            width: parent.width
+            text: row.telephone
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            font.pointSize: Theme.footnoteSize
+            color: Theme.secondaryText
+        }
+    }
+}
