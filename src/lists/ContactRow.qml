@@ -36,41 +36,44 @@ ItemDelegate {
         color: row.pressed ? Theme.pressed : Theme.surface
     }
 
-    contentItem: Item {
-        implicitHeight: number.y + number.height
+    // The texts lie in the row itself, one item fewer than in a content item.
+    contentItem: null
+    implicitHeight: number.y + number.height + row.bottomPadding
 
-        Text {
-            id: first
-            width: Math.min(first.implicitWidth, parent.width)
-            text: row.firstName
-            textFormat: Text.PlainText
-            wrapMode: Text.Wrap
-            font.pointSize: Theme.bodySize
-            color: Theme.text
-        }
-        // Beside the first name where it fits, below it otherwise.
-        Text {
-            id: last
-            readonly property bool beside: first.width + Theme.spacingTiny + last.implicitWidth <= parent.width
-            x: last.beside && row.firstName.length > 0 ? first.width + Theme.spacingTiny : 0
-            y: last.beside || row.firstName.length === 0 ? 0 : first.height
-            width: parent.width - last.x
-            text: row.lastName
-            textFormat: Text.PlainText
-            wrapMode: Text.Wrap
-            font.pointSize: Theme.bodySize
-            font.weight: Font.DemiBold
-            color: Theme.text
-        }
-        Text {
-            id: number
-            y: Math.max(first.height, last.y + last.height)
-            width: parent.width
-            text: row.telephone
-            textFormat: Text.PlainText
-            wrapMode: Text.Wrap
-            font.pointSize: Theme.footnoteSize
-            color: Theme.secondaryText
-        }
+    Text {
+        id: first
+        x: row.leftPadding
+        y: row.topPadding
+        width: Math.min(first.implicitWidth, row.availableWidth)
+        text: row.firstName
+        textFormat: Text.PlainText
+        wrapMode: Text.Wrap
+        font.pointSize: Theme.bodySize
+        color: Theme.text
+    }
+    // Beside the first name where it fits, below it otherwise.
+    Text {
+        id: last
+        readonly property bool beside: first.width + Theme.spacingTiny + last.implicitWidth <= row.availableWidth
+        x: row.leftPadding + (last.beside && row.firstName.length > 0 ? first.width + Theme.spacingTiny : 0)
+        y: row.topPadding + (last.beside || row.firstName.length === 0 ? 0 : first.height)
+        width: row.availableWidth - (last.x - row.leftPadding)
+        text: row.lastName
+        textFormat: Text.PlainText
+        wrapMode: Text.Wrap
+        font.pointSize: Theme.bodySize
+        font.weight: Font.DemiBold
+        color: Theme.text
+    }
+    Text {
+        id: number
+        x: row.leftPadding
+        y: Math.max(first.y + first.height, last.y + last.height)
+        width: row.availableWidth
+        text: row.telephone
+        textFormat: Text.PlainText
+        wrapMode: Text.Wrap
+        font.pointSize: Theme.footnoteSize
+        color: Theme.secondaryText
     }
 }
