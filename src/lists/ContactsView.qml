@@ -213,7 +213,7 @@ Page {
                 boundsBehavior: Flickable.StopAtBounds
                 model: contactsView.vm.visibleContacts
                 Accessible.role: Accessible.List
-                Accessible.name: qsTr("Contacts")
+                Accessible.name: qsTr("Contact list")
                 ScrollIndicator.vertical: ScrollIndicator { }
 
                 Connections {

@@ -59,32 +59,21 @@ public:
     }
     Q_INVOKABLE void clearHistory() { app().history().deleteAllHistory(); }
 
-    // The names of the rows a screen reader finds in `list`, and its press.
-    Q_INVOKABLE QStringList spokenRows(QQuickItem *list) const
+    // The names of the rows a screen reader finds in `list`, and its press on `row`.
+    Q_INVOKABLE QStringList spokenRows(QQuickItem *list, QQuickItem *row) const
     {
         QAccessible::setActive(true);
         QStringList names;
-        collectRows(QAccessible::queryAccessibleInterface(list), names);
+        QAccessibleInterface *view = QAccessible::queryAccessibleInterface(list);
+        for (int i = 0; i < view->childCount(); ++i) {
+            if (view->child(i)->role() == QAccessible::ListItem)
+                names.append(view->child(i)->text(QAccessible::Name));
+        }
+        QAccessible::queryAccessibleInterface(row)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
         return names;
-    }
-    Q_INVOKABLE void pressAsScreenReader(QQuickItem *item) const
-    {
-        QAccessible::setActive(true);
-        QAccessible::queryAccessibleInterface(item)->actionInterface()->doAction(
-            QAccessibleActionInterface::pressAction());
     }
 
 private:
-    static void collectRows(QAccessibleInterface *node, QStringList &names)
-    {
-        for (int i = 0; node && i < node->childCount(); ++i) {
-            QAccessibleInterface *child = node->child(i);
-            if (child && child->role() == QAccessible::ListItem)
-                names.append(child->text(QAccessible::Name));
-            collectRows(child, names);
-        }
-    }
-
     RecordingUrlOpener *m_opener;
 };
 
