@@ -54,8 +54,10 @@ ItemDelegate {
     // Beside the first name where it fits, below it otherwise.
     Text {
         id: last
-        readonly property bool beside: first.width + Theme.spacingTiny + last.implicitWidth <= row.availableWidth
-        x: row.leftPadding + (last.beside && row.firstName.length > 0 ? first.width + Theme.spacingTiny : 0)
+        // A gap as wide as a blank of the text's size.
+        readonly property real gap: first.height / 4
+        readonly property bool beside: first.width + last.gap + last.implicitWidth <= row.availableWidth
+        x: row.leftPadding + (last.beside && row.firstName.length > 0 ? first.width + last.gap : 0)
         y: row.topPadding + (last.beside || row.firstName.length === 0 ? 0 : first.height)
         width: row.availableWidth - (last.x - row.leftPadding)
         text: row.lastName

@@ -115,12 +115,13 @@ Page {
                         font.weight: segment.selected ? Font.DemiBold : Font.Normal
                         Accessible.name: modelData
                         Accessible.onPressAction: segment.clicked()
-                        // The largest sizes shrink to what fits rather than elide.
+                        // The largest sizes wrap and shrink to what fits rather than elide.
                         contentItem: Text {
                             text: segment.modelData
                             font: segment.font
+                            wrapMode: Text.WordWrap
                             fontSizeMode: Text.HorizontalFit
-                            minimumPointSize: Theme.footnoteSize * 0.75
+                            minimumPointSize: contactsView.segmentPointSize / 4
                             color: segment.selected ? Theme.text : Theme.secondaryText
                             elide: Text.ElideRight
                             horizontalAlignment: Text.AlignHCenter

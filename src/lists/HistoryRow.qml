@@ -106,6 +106,8 @@ ItemDelegate {
         objectName: "timeLine"
         x: row.leftPadding
         y: numberLine.y + numberLine.height
+        width: privacyMark.besideTime ? timeLine.implicitWidth : row.availableWidth
+        wrapMode: Text.Wrap
         text: row.time === undefined ? qsTr("N/A") : row.time
         textFormat: Text.PlainText
         font.pointSize: Theme.footnoteSize
@@ -115,9 +117,11 @@ ItemDelegate {
     Text {
         id: privacyMark
         objectName: "privacyMark"
-        readonly property bool besideTime: timeLine.width + Theme.spacing + privacyMark.width <= row.availableWidth
+        readonly property bool besideTime: timeLine.implicitWidth + Theme.spacing + privacyMark.implicitWidth <= row.availableWidth
         x: row.leftPadding + (privacyMark.besideTime ? row.availableWidth - privacyMark.width : 0)
         y: privacyMark.besideTime ? timeLine.y : timeLine.y + timeLine.height
+        width: Math.min(privacyMark.implicitWidth, row.availableWidth)
+        wrapMode: Text.Wrap
         text: row.callHidden ? qsTr("Hidden") : qsTr("Normal Dialing")
         textFormat: Text.PlainText
         font.pointSize: Theme.footnoteSize

@@ -29,6 +29,7 @@ RowLayout {
         Layout.fillWidth: true
         text: bar.text
         placeholderText: qsTr("Search")
+        font.pointSize: Theme.bodySize
         leftPadding: glass.width + Theme.spacingSmall
         rightPadding: Theme.spacingSmall
         inputMethodHints: Qt.ImhNoPredictiveText
@@ -47,11 +48,11 @@ RowLayout {
             objectName: "searchGlass"
             anchors.verticalCenter: parent.verticalCenter
             height: parent.height
-            width: height
+            width: Theme.iconSize + Theme.spacingSmall * 2
             icon.source: "qrc:/Quieton/icons/magnifyingglass.svg"
             icon.color: Theme.tertiaryText
-            icon.width: Theme.iconSize * 0.6
-            icon.height: Theme.iconSize * 0.6
+            icon.width: Theme.iconSize
+            icon.height: Theme.iconSize
             background: null
             focusPolicy: Qt.NoFocus
             Accessible.name: qsTr("Search")
