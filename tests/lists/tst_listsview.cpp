@@ -6,9 +6,11 @@
 #include "RecordingUrlOpener.h"
 #include "VCardFolderAddressBook.h"
 
+#include <QAccessible>
 #include <QDir>
 #include <QFile>
 #include <QQmlContext>
+#include <QQuickItem>
 #include <QtQuickTest>
 
 class Driver : public PhoneDriver
@@ -56,6 +58,20 @@ public:
         app().history().addHistory(text(firstName), text(lastName), telephone, hidden);
     }
     Q_INVOKABLE void clearHistory() { app().history().deleteAllHistory(); }
+
+    // The names of the rows a screen reader finds in `list`, and its press on `row`.
+    Q_INVOKABLE QStringList spokenRows(QQuickItem *list, QQuickItem *row) const
+    {
+        QAccessible::setActive(true);
+        QStringList names;
+        QAccessibleInterface *view = QAccessible::queryAccessibleInterface(list);
+        for (int i = 0; i < view->childCount(); ++i) {
+            if (view->child(i)->role() == QAccessible::ListItem)
+                names.append(view->child(i)->text(QAccessible::Name));
+        }
+        QAccessible::queryAccessibleInterface(row)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        return names;
+    }
 
 private:
     RecordingUrlOpener *m_opener;

@@ -56,10 +56,7 @@ TestCase {
 
     function rowTexts(view) {
         const list = findChild(view, "contactsList")
-        const names = []
-        for (let i = 0; i < list.count; ++i)
-            names.push(findChild(list, "contactRow" + i).firstName)
-        return names
+        return Array.from({ length: list.count }, (_, i) => list.itemAtIndex(i).firstName)
     }
 
     // The history screen over these records, each [telephone, first, last].
@@ -71,24 +68,15 @@ TestCase {
         return view
     }
 
-    // The row shown at `index` (rows waiting for reuse are hidden).
+    // The row shown at `index`.
     function row(view, index) {
         const list = findChild(view, "historyList")
         list.forceLayout()
-        const cells = list.contentItem.children
-        for (let i = 0; i < cells.length; ++i) {
-            const found = cells[i].visible ? findChild(cells[i], "historyRow_" + index) : null
-            if (found)
-                return found
-        }
-        return null
+        return list.itemAtIndex(index)
     }
 
     function listedTelephones(view) {
-        const out = []
-        for (let i = 0; i < view.vm.filteredContacts.count; ++i)
-            out.push(findChild(row(view, i), "numberLine").text)
-        return out
+        return Array.from({ length: view.vm.filteredContacts.count }, (_, i) => findChild(row(view, i), "numberLine").text)
     }
 
     // Taps `item` and answers the call privacy question with `button`.
@@ -203,17 +191,24 @@ TestCase {
         compare(view.vm.selectedContact.telephone, "0644")
         verify(!findChild(view, "callPrivacyDialog").visible)
 
-        mouseClick(findChild(row(view, 1).parent, "editDeleteControl"))
-        tryCompare(row(view, 1).swipe, "complete", true)
+        mouseClick(findChild(row(view, 1), "editDeleteControl"))
+        verify(row(view, 1).open)
         mouseClick(findChild(row(view, 1), "swipeDeleteButton"))
         compare(listedTelephones(view), ["0611", "0644"])
         mouseClick(edit)
-        verify(!findChild(row(view, 0).parent, "editDeleteControl").visible)
+        verify(!findChild(row(view, 0), "editDeleteControl").visible)
+
+        // A swipe to the left past half the delete button leaves it open.
+        const first = row(view, 0)
+        mouseDrag(first, first.width - 10, first.height / 2, -first.deleteWidth, 0)
+        tryCompare(first, "x", -first.deleteWidth)
+        mouseClick(findChild(first, "swipeDeleteButton"))
+        compare(listedTelephones(view), ["0644"])
 
         mouseClick(findChild(view, "searchCancelButton"))
         compare(findChild(view, "searchField").text, "")
-        compare(driver.storedRows().map(r => r.telephone), ["0611", "0622", "0644"])
-        compare(listedTelephones(view), ["0611", "0622", "0644"])
+        compare(driver.storedRows().map(r => r.telephone), ["0622", "0644"])
+        compare(listedTelephones(view), ["0622", "0644"])
     }
 
     // From the history tab of the main screen, a call is recorded under the
@@ -245,5 +240,40 @@ TestCase {
         for (let i = 0; i < overlay.children.length; ++i)
             verify(!overlay.children[i].visible, "something is shown over the list")
         verify(!view.showingCallAlert)
+    }
+
+    // A screen reader meets the rows shown, and no row left waiting for
+    // reuse with its old text: after the list got shorter, and after a
+    // search. Its press on a row asks the privacy question as a tap does.
+    function test_screenReaderMeetsTheShownRows() {
+        const people = [["Abe", "Stone", "0622"]]
+        for (let i = 0; i < 14; ++i)
+            people.push(["Ann" + i, "Lee", "07" + i])
+        const contacts = shownView(people)
+        const history = showHistory(people.map(([first, last, telephone]) => [telephone, first, last]))
+        for (const [view, listName, abe] of [[contacts, "contactsList", "Abe Stone, 0622"],
+                                             [history, "historyList", "Stone Abe, 0622, "]]) {
+            const list = findChild(view, listName)
+            const dialog = findChild(view, "callPrivacyDialog")
+            tryCompare(list, "count", people.length)
+            view.anchors.fill = undefined
+            view.height = testCase.height / 2
+            for (const search of ["", "abe"]) {
+                view.vm.searchText = search
+                waitForItemPolished(list)
+                const shown = []
+                for (let i = 0; i < list.count; ++i) {
+                    const row = list.itemAtIndex(i)
+                    if (row && row.y < list.contentY + list.height && row.y + row.height > list.contentY)
+                        shown.push(row.Accessible.name)
+                }
+                verify(shown.length < people.length && shown[0].startsWith(abe), shown)
+                compare(driver.spokenRows(list, list.itemAtIndex(0)), shown)
+                tryCompare(dialog, "opened", true)
+                compare(view.vm.selectedContact.telephone, "0622")
+                dialog.reject()
+                tryCompare(dialog, "visible", false)
+            }
+        }
     }
 }

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import Quieton.Core
 import Quieton.Popup
 import Quieton.Info
@@ -46,6 +45,6 @@ Item {
     property var steps: [
         [100, function() { scene.fill(); main.vm.selectedTab = 2 }],
         [400, function() { const v = scene.find(main, "historyView"); v.editMode = true }],
-        [300, function() { const v = scene.find(main, "historyView"); scene.find(v, "historyRow_1").swipe.open(SwipeDelegate.Right) }]
+        [300, function() { const v = scene.find(main, "historyView"); scene.find(v, "historyRow_1").toggleOpen() }]
     ]
 }
