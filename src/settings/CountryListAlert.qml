@@ -17,7 +17,9 @@ SettingAlert {
 
     title: qsTr("Select By Country")
 
-    contentItem: ColumnLayout {
+    // Below the alert's message, in its column.
+    ColumnLayout {
+        Layout.fillWidth: true
         spacing: Theme.spacing
         Label {
             Layout.fillWidth: true

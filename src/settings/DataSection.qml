@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import Quieton.Core
 import Quieton.Settings
 

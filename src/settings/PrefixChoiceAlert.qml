@@ -16,7 +16,9 @@ SettingAlert {
     // The country was chosen just before; its prefixes are read as it opens.
     onAboutToShow: choiceRows.model = alert.vm.prefixChoices()
 
-    contentItem: ColumnLayout {
+    // Below the alert's message, in its column.
+    ColumnLayout {
+        Layout.fillWidth: true
         spacing: 0
         Repeater {
             id: choiceRows

@@ -7,14 +7,16 @@ import Quieton.Core
 // A full-screen cover shown while `presented` is true, with a navigation bar
 // whose back button closes it; the view inside may also ask to be closed.
 // However it closes, `dismiss()` tells the owner, who lowers its flag. The
-// view is made when the cover opens and dropped once it has closed.
+// view is made as the cover opens and dropped once it has closed.
 Popup {
     id: cover
     property bool presented: false
     // What a screen reader calls the cover.
     property string title
-    property alias sourceComponent: viewLoader.sourceComponent
-    readonly property Item view: viewLoader.item
+    // Made in the screen's own context (the screen's components are bound
+    // to it), so created here rather than through a Loader.
+    property Component sourceComponent
+    property Item view: null
     signal dismiss()
 
     parent: Overlay.overlay
@@ -26,7 +28,25 @@ Popup {
     modal: true
     closePolicy: Popup.CloseOnEscape
     visible: cover.presented
-    onClosed: cover.dismiss()
+    onAboutToShow: {
+        cover.view = cover.sourceComponent.createObject(viewHolder) as Item
+        if (!cover.view)
+            return
+        cover.view.anchors.fill = viewHolder
+        // The bar's button is the cover's one "Back": the view's own back
+        // control does the same, so a screen reader passes over it.
+        const ownBack = cover.findBack(cover.view)
+        if (ownBack) {
+            ownBack.Accessible.ignored = true
+            ownBack.focusPolicy = Qt.NoFocus
+        }
+    }
+    onClosed: {
+        if (cover.view)
+            cover.view.destroy()
+        cover.view = null
+        cover.dismiss()
+    }
     background: Rectangle { color: Theme.background }
 
     ColumnLayout {
@@ -49,20 +69,10 @@ Popup {
                 onClicked: cover.close()
             }
         }
-        Loader {
-            id: viewLoader
+        Item {
+            id: viewHolder
             Layout.fillWidth: true
             Layout.fillHeight: true
-            active: cover.visible
-            // The bar's button is the cover's one "Back": the view's own back
-            // control does the same, so a screen reader passes over it.
-            onLoaded: {
-                const ownBack = cover.findBack(viewLoader.item)
-                if (ownBack) {
-                    ownBack.Accessible.ignored = true
-                    ownBack.focusPolicy = Qt.NoFocus
-                }
-            }
         }
     }
     Connections {

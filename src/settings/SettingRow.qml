@@ -17,7 +17,7 @@ ItemDelegate {
     default property alias trailing: trailingItems.data
 
     Layout.fillWidth: true
-    implicitHeight: Math.max(Theme.touchTarget, implicitContentHeight + topPadding + bottomPadding)
+    implicitHeight: Math.max(Theme.touchTarget, rowContent.implicitHeight + topPadding + bottomPadding)
     leftPadding: Theme.spacingLarge
     rightPadding: Theme.spacing
     topPadding: Theme.spacingSmall
@@ -27,9 +27,24 @@ ItemDelegate {
     Accessible.name: row.detail.length > 0 ? row.text + " " + row.detail : row.text
     Accessible.onPressAction: row.clicked()
     // A plain pressed shade: a ripple keeps an image per visible row.
-    background: Rectangle { color: row.pressed ? Theme.pressed : "transparent" }
+    background: Item {
+        Rectangle {
+            anchors.fill: parent
+            color: Theme.pressed
+            visible: row.pressed
+        }
+        SettingSeparator { visible: !row.last }
+    }
 
-    contentItem: RowLayout {
+    // Laid out over the padded area rather than as the content item, so that
+    // rows may put their own items into it.
+    contentItem: Item { }
+    RowLayout {
+        id: rowContent
+        x: row.leftPadding
+        y: row.topPadding
+        width: row.availableWidth
+        height: row.availableHeight
         spacing: Theme.spacing
         SettingIcon {
             visible: row.iconName.length > 0
@@ -66,5 +81,4 @@ ItemDelegate {
             flipped: row.mirrored
         }
     }
-    SettingSeparator { visible: !row.last }
 }

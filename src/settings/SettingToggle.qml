@@ -19,7 +19,7 @@ SwitchDelegate {
     Accessible.name: toggle.text
     Accessible.onPressAction: toggle.flip()
     Accessible.onToggleAction: toggle.flip()
-    background: Rectangle { color: toggle.pressed ? Theme.pressed : "transparent" }
+    background: Rectangle { color: Theme.pressed; visible: toggle.pressed }
     contentItem: Label {
         text: toggle.text
         color: Theme.text

@@ -1,9 +1,9 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
 import Quieton.Core
 import Quieton.Info
-import Quieton.Popup
 import Quieton.Settings
 
 // The settings tab: the prefix (typed by hand or picked by country), the
