@@ -26,6 +26,7 @@ SettingsGroup {
     }
     Label {
         text: qsTr("Auto Sort Contacts By:")
+        font.pointSize: Theme.bodySize
         color: Theme.secondaryText
         Layout.fillWidth: true
         Layout.leftMargin: Theme.spacingLarge

@@ -25,6 +25,7 @@ SettingAlert {
             Layout.fillWidth: true
             text: qsTr("Prefixes may vary depending on the cellular provider. Please consult the official documentation of your cellular provider for accurate information. Additional charges may apply, please verify with your cellular provider.")
             font.weight: Font.Light
+            font.pointSize: Theme.bodySize
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
         }
@@ -53,6 +54,7 @@ SettingAlert {
                 text: countryButton.modelData
                 flat: true
                 font.capitalization: Font.MixedCase
+                font.pointSize: Theme.bodySize
                 Material.foreground: Theme.link
                 Accessible.onPressAction: countryButton.clicked()
                 onClicked: alert.chosen(countryButton.index, countryButton.modelData)

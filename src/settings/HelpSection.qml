@@ -28,6 +28,7 @@ SettingsGroup {
             visible: section.checkNewVersionService.isNeedUpdate
             text: qsTr("Update Now")
             font.capitalization: Font.MixedCase
+            font.pointSize: Theme.bodySize
             flat: true
             Material.foreground: Theme.link
             Accessible.onPressAction: clicked()

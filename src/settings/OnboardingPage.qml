@@ -68,6 +68,7 @@ ScrollView {
                 objectName: "text" + onboardingPage.index + "_" + pageText.index
                 Layout.fillWidth: true
                 text: pageText.modelData
+                font.pointSize: Theme.bodySize
                 color: Theme.secondaryText
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap

@@ -31,6 +31,7 @@ SettingAlert {
                 text: choiceButton.modelData.caption
                 flat: true
                 font.capitalization: Font.MixedCase
+                font.pointSize: Theme.bodySize
                 Material.foreground: Theme.link
                 Accessible.onPressAction: choiceButton.clicked()
                 onClicked: {

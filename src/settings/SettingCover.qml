@@ -62,8 +62,8 @@ Popup {
                 objectName: "coverBackButton"
                 icon.source: "qrc:/Quieton/icons/chevron.left.svg"
                 icon.color: Theme.link
-                icon.width: Theme.iconSize * 0.6
-                icon.height: Theme.iconSize * 0.6
+                icon.width: Theme.iconSize * 0.75
+                icon.height: Theme.iconSize * 0.75
                 Accessible.name: qsTr("Back")
                 Accessible.onPressAction: cover.close()
                 onClicked: cover.close()

@@ -23,6 +23,7 @@ ItemDelegate {
     topPadding: Theme.spacingSmall
     bottomPadding: Theme.spacingSmall
     hoverEnabled: false
+    font.pointSize: Theme.bodySize
     focusPolicy: Qt.TabFocus
     Accessible.name: row.detail.length > 0 ? row.text + " " + row.detail : row.text
     Accessible.onPressAction: row.clicked()
@@ -53,6 +54,7 @@ ItemDelegate {
         }
         Label {
             text: row.text
+            font.pointSize: Theme.bodySize
             color: row.textColor
             wrapMode: Text.Wrap
             Layout.fillWidth: true
@@ -62,6 +64,7 @@ ItemDelegate {
             objectName: "detail"
             visible: row.detail.length > 0
             text: row.detail
+            font.pointSize: Theme.bodySize
             color: Theme.secondaryText
             horizontalAlignment: Text.AlignRight
             wrapMode: Text.WrapAnywhere

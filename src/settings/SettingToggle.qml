@@ -22,6 +22,7 @@ SwitchDelegate {
     background: Rectangle { color: Theme.pressed; visible: toggle.pressed }
     contentItem: Label {
         text: toggle.text
+        font.pointSize: Theme.bodySize
         color: Theme.text
         wrapMode: Text.Wrap
         verticalAlignment: Text.AlignVCenter

@@ -84,6 +84,8 @@ Page {
                     source: "qrc:/Quieton/icons/IconApp.svg"
                     sourceSize.width: Theme.iconSize * 1.5
                     sourceSize.height: Theme.iconSize * 1.5
+                    Layout.preferredWidth: Theme.iconSize * 1.5
+                    Layout.preferredHeight: Theme.iconSize * 1.5
                     Accessible.ignored: true
                 }
                 Label {
@@ -110,6 +112,7 @@ Page {
                     objectName: "paragraph" + paragraph.index
                     Layout.fillWidth: true
                     text: paragraph.modelData
+                    font.pointSize: Theme.bodySize
                     wrapMode: Text.Wrap
                     lineHeight: 1.15
                     color: Theme.secondaryText

@@ -119,6 +119,7 @@ Page {
             text: welcomeView.onLastPage ? qsTr("Get Started") : qsTr("Next")
             highlighted: true
             font.bold: true
+            font.pointSize: Theme.headlineSize
             font.capitalization: Font.MixedCase
             Accessible.onPressAction: pageButton.clicked()
             onClicked: welcomeView.onLastPage ? welcomeView.getStarted() : welcomeView.vm.next()
