@@ -42,7 +42,7 @@ ScrollView {
             objectName: "title" + onboardingPage.index
             Layout.fillWidth: true
             text: onboardingPage.page.title
-            font.pointSize: Theme.largeTitleSize
+            font.pointSize: Theme.titleSize
             font.bold: true
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
