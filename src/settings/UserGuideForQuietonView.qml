@@ -79,14 +79,20 @@ Page {
             RowLayout {
                 Layout.fillWidth: true
                 spacing: Theme.spacing
-                Image {
-                    objectName: "appIcon"
-                    source: "qrc:/Quieton/icons/IconApp.svg"
-                    sourceSize.width: Theme.iconSize * 1.5
-                    sourceSize.height: Theme.iconSize * 1.5
-                    Layout.preferredWidth: Theme.iconSize * 1.5
-                    Layout.preferredHeight: Theme.iconSize * 1.5
+                // The picture sits in a box of its own size, so the row is as
+                // tall as the picture from the start.
+                Item {
+                    implicitWidth: Theme.iconSize * 1.5
+                    implicitHeight: Theme.iconSize * 1.5
                     Accessible.ignored: true
+                    Image {
+                        objectName: "appIcon"
+                        anchors.fill: parent
+                        source: "qrc:/Quieton/icons/IconApp.svg"
+                        sourceSize.width: Theme.iconSize * 1.5
+                        sourceSize.height: Theme.iconSize * 1.5
+                        fillMode: Image.PreserveAspectFit
+                    }
                 }
                 Label {
                     Layout.fillWidth: true
