@@ -36,6 +36,37 @@
     </message>
 </context>
 <context>
+    <name>AutoSettingSection</name>
+    <message>
+        <source>Auto setting startup</source>
+        <translation>Automatische Einstellungen beim Start</translation>
+    </message>
+    <message>
+        <source>Auto Hide My Number</source>
+        <translation>Nummer immer unterdrücken</translation>
+    </message>
+    <message>
+        <source>Auto Save To History</source>
+        <translation>Immer im Verlauf speichern</translation>
+    </message>
+    <message>
+        <source>Auto Sort Contacts By:</source>
+        <translation>Kontakte automatisch sortieren nach:</translation>
+    </message>
+    <message>
+        <source>First Name</source>
+        <translation>Vorname</translation>
+    </message>
+    <message>
+        <source>Last Name</source>
+        <translation>Nachname</translation>
+    </message>
+    <message>
+        <source>Telephone</source>
+        <translation>Telefon</translation>
+    </message>
+</context>
+<context>
     <name>CallConfirmationDialog</name>
     <message>
         <source>Place this call?</source>
@@ -144,6 +175,36 @@
     </message>
 </context>
 <context>
+    <name>CountryListAlert</name>
+    <message>
+        <source>Select By Country</source>
+        <translation>Land auswählen</translation>
+    </message>
+    <message>
+        <source>Prefixes may vary depending on the cellular provider. Please consult the official documentation of your cellular provider for accurate information. Additional charges may apply, please verify with your cellular provider.</source>
+        <translation>Präfixe können je nach Mobilfunkanbieter variieren. Genaue Informationen finden Sie in den offiziellen Unterlagen Ihres Mobilfunkanbieters. Es können zusätzliche Gebühren anfallen; bitte klären Sie das mit Ihrem Mobilfunkanbieter.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>DataSection</name>
+    <message>
+        <source>Data</source>
+        <translation>Daten</translation>
+    </message>
+    <message>
+        <source>Reset Settings</source>
+        <translation>Einstellungen zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Clear All (Include history calls)</source>
+        <translation>Alles löschen (einschließlich Anrufverlauf)</translation>
+    </message>
+</context>
+<context>
     <name>DesktopTelephony</name>
     <message>
         <source>The phone cannot call this number.</source>
@@ -202,6 +263,45 @@
     <message>
         <source>Call</source>
         <translation>Anrufen</translation>
+    </message>
+</context>
+<context>
+    <name>HelpSection</name>
+    <message>
+        <source>Help and information</source>
+        <translation>Hilfe und Informationen</translation>
+    </message>
+    <message>
+        <source>App version</source>
+        <translation>App-Version</translation>
+    </message>
+    <message>
+        <source>Update Now</source>
+        <translation>Jetzt aktualisieren</translation>
+    </message>
+    <message>
+        <source>User Guide for Quieton</source>
+        <translation>Anleitung für Quieton</translation>
+    </message>
+    <message>
+        <source>Not read yet</source>
+        <translation>Noch nicht gelesen</translation>
+    </message>
+    <message>
+        <source>Share with Friends</source>
+        <translation>Mit Freunden teilen</translation>
+    </message>
+    <message>
+        <source>Send Feedback</source>
+        <translation>Feedback senden</translation>
+    </message>
+    <message>
+        <source>Change Language</source>
+        <translation>Sprache ändern</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
     </message>
 </context>
 <context>
@@ -290,10 +390,28 @@
     </message>
 </context>
 <context>
+    <name>OnboardingPage</name>
+    <message>
+        <source>Additional costs may apply, Please verify with your cellular carrier.</source>
+        <translation>Es können zusätzliche Kosten anfallen. Bitte erkundigen Sie sich bei Ihrem Mobilfunkanbieter.</translation>
+    </message>
+</context>
+<context>
     <name>PopupView</name>
     <message>
         <source>Dismiss</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>PrefixChoiceAlert</name>
+    <message>
+        <source>There are several prefixes that can private your number. Please choose one.</source>
+        <translation>Es gibt mehrere Präfixe, mit denen Sie Ihre Nummer unterdrücken können. Bitte wählen Sie eines aus.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -317,6 +435,25 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>PrefixSection</name>
+    <message>
+        <source>Private Call Setting</source>
+        <translation>Einstellungen für private Anrufe</translation>
+    </message>
+    <message>
+        <source>Prefix:</source>
+        <translation>Präfix:</translation>
+    </message>
+    <message>
+        <source>Edit Manually</source>
+        <translation>Manuell bearbeiten</translation>
+    </message>
+    <message>
+        <source>Edit by country</source>
+        <translation>Nach Land auswählen</translation>
     </message>
 </context>
 <context>
@@ -374,112 +511,16 @@
 <context>
     <name>SettingView</name>
     <message>
-        <source>Private Call Setting</source>
-        <translation>Einstellungen für private Anrufe</translation>
-    </message>
-    <message>
-        <source>Prefix:</source>
-        <translation>Präfix:</translation>
-    </message>
-    <message>
-        <source>Edit Manually</source>
-        <translation>Manuell bearbeiten</translation>
-    </message>
-    <message>
-        <source>Edit by country</source>
-        <translation>Nach Land auswählen</translation>
-    </message>
-    <message>
-        <source>Auto setting startup</source>
-        <translation>Automatische Einstellungen beim Start</translation>
-    </message>
-    <message>
-        <source>Auto Hide My Number</source>
-        <translation>Nummer immer unterdrücken</translation>
-    </message>
-    <message>
-        <source>Auto Save To History</source>
-        <translation>Immer im Verlauf speichern</translation>
-    </message>
-    <message>
-        <source>Auto Sort Contacts By:</source>
-        <translation>Kontakte automatisch sortieren nach:</translation>
-    </message>
-    <message>
-        <source>First Name</source>
-        <translation>Vorname</translation>
-    </message>
-    <message>
-        <source>Last Name</source>
-        <translation>Nachname</translation>
-    </message>
-    <message>
-        <source>Telephone</source>
-        <translation>Telefon</translation>
-    </message>
-    <message>
-        <source>Help and information</source>
-        <translation>Hilfe und Informationen</translation>
-    </message>
-    <message>
-        <source>App version</source>
-        <translation>App-Version</translation>
-    </message>
-    <message>
-        <source>Update Now</source>
-        <translation>Jetzt aktualisieren</translation>
-    </message>
-    <message>
         <source>User Guide for Quieton</source>
         <translation>Anleitung für Quieton</translation>
-    </message>
-    <message>
-        <source>Not read yet</source>
-        <translation>Noch nicht gelesen</translation>
-    </message>
-    <message>
-        <source>Share with Friends</source>
-        <translation>Mit Freunden teilen</translation>
     </message>
     <message>
         <source>Send Feedback</source>
         <translation>Feedback senden</translation>
     </message>
     <message>
-        <source>Change Language</source>
-        <translation>Sprache ändern</translation>
-    </message>
-    <message>
         <source>About</source>
         <translation>Über</translation>
-    </message>
-    <message>
-        <source>Data</source>
-        <translation>Daten</translation>
-    </message>
-    <message>
-        <source>Reset Settings</source>
-        <translation>Einstellungen zurücksetzen</translation>
-    </message>
-    <message>
-        <source>Clear All (Include history calls)</source>
-        <translation>Alles löschen (einschließlich Anrufverlauf)</translation>
-    </message>
-    <message>
-        <source>Select By Country</source>
-        <translation>Land auswählen</translation>
-    </message>
-    <message>
-        <source>Prefixes may vary depending on the cellular provider. Please consult the official documentation of your cellular provider for accurate information. Additional charges may apply, please verify with your cellular provider.</source>
-        <translation>Präfixe können je nach Mobilfunkanbieter variieren. Genaue Informationen finden Sie in den offiziellen Unterlagen Ihres Mobilfunkanbieters. Es können zusätzliche Gebühren anfallen; bitte klären Sie das mit Ihrem Mobilfunkanbieter.</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>There are several prefixes that can private your number. Please choose one.</source>
-        <translation>Es gibt mehrere Präfixe, mit denen Sie Ihre Nummer unterdrücken können. Bitte wählen Sie eines aus.</translation>
     </message>
     <message>
         <source>Are you sure you want to reset settings?</source>
@@ -504,6 +545,10 @@
     <message>
         <source>Clear All</source>
         <translation>Alles löschen</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Optionen</translation>
     </message>
 </context>
 <context>
@@ -700,10 +745,6 @@
     <message>
         <source>You&apos;re in control of your call records, making sure your privacy preferences are met.</source>
         <translation>Sie behalten die Kontrolle über Ihre Anrufliste – ganz nach Ihren Wünschen an die Privatsphäre.</translation>
-    </message>
-    <message>
-        <source>Additional costs may apply, Please verify with your cellular carrier.</source>
-        <translation>Es können zusätzliche Kosten anfallen. Bitte erkundigen Sie sich bei Ihrem Mobilfunkanbieter.</translation>
     </message>
     <message>
         <source>Get Started</source>

@@ -36,6 +36,37 @@
     </message>
 </context>
 <context>
+    <name>AutoSettingSection</name>
+    <message>
+        <source>Auto setting startup</source>
+        <translation>Ajustes automáticos al iniciar</translation>
+    </message>
+    <message>
+        <source>Auto Hide My Number</source>
+        <translation>Ocultar siempre mi número</translation>
+    </message>
+    <message>
+        <source>Auto Save To History</source>
+        <translation>Guardar siempre en el historial</translation>
+    </message>
+    <message>
+        <source>Auto Sort Contacts By:</source>
+        <translation>Ordenar contactos automáticamente por:</translation>
+    </message>
+    <message>
+        <source>First Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>Last Name</source>
+        <translation>Apellido</translation>
+    </message>
+    <message>
+        <source>Telephone</source>
+        <translation>Teléfono</translation>
+    </message>
+</context>
+<context>
     <name>CallConfirmationDialog</name>
     <message>
         <source>Place this call?</source>
@@ -144,6 +175,36 @@
     </message>
 </context>
 <context>
+    <name>CountryListAlert</name>
+    <message>
+        <source>Select By Country</source>
+        <translation>Seleccionar por país</translation>
+    </message>
+    <message>
+        <source>Prefixes may vary depending on the cellular provider. Please consult the official documentation of your cellular provider for accurate information. Additional charges may apply, please verify with your cellular provider.</source>
+        <translation>Los prefijos pueden variar según el operador móvil. Consulta la documentación oficial de tu operador para obtener información precisa. Pueden aplicarse cargos adicionales; compruébalo con tu operador.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>DataSection</name>
+    <message>
+        <source>Data</source>
+        <translation>Datos</translation>
+    </message>
+    <message>
+        <source>Reset Settings</source>
+        <translation>Restablecer ajustes</translation>
+    </message>
+    <message>
+        <source>Clear All (Include history calls)</source>
+        <translation>Borrar todo (incluido el historial de llamadas)</translation>
+    </message>
+</context>
+<context>
     <name>DesktopTelephony</name>
     <message>
         <source>The phone cannot call this number.</source>
@@ -202,6 +263,45 @@
     <message>
         <source>Call</source>
         <translation>Llamar</translation>
+    </message>
+</context>
+<context>
+    <name>HelpSection</name>
+    <message>
+        <source>Help and information</source>
+        <translation>Ayuda e información</translation>
+    </message>
+    <message>
+        <source>App version</source>
+        <translation>Versión de la app</translation>
+    </message>
+    <message>
+        <source>Update Now</source>
+        <translation>Actualizar ahora</translation>
+    </message>
+    <message>
+        <source>User Guide for Quieton</source>
+        <translation>Guía de uso de Quieton</translation>
+    </message>
+    <message>
+        <source>Not read yet</source>
+        <translation>Aún no leída</translation>
+    </message>
+    <message>
+        <source>Share with Friends</source>
+        <translation>Compartir con amigos</translation>
+    </message>
+    <message>
+        <source>Send Feedback</source>
+        <translation>Enviar comentarios</translation>
+    </message>
+    <message>
+        <source>Change Language</source>
+        <translation>Cambiar idioma</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Acerca de</translation>
     </message>
 </context>
 <context>
@@ -290,10 +390,28 @@
     </message>
 </context>
 <context>
+    <name>OnboardingPage</name>
+    <message>
+        <source>Additional costs may apply, Please verify with your cellular carrier.</source>
+        <translation>Pueden aplicarse cargos adicionales. Consúltalo con tu operador.</translation>
+    </message>
+</context>
+<context>
     <name>PopupView</name>
     <message>
         <source>Dismiss</source>
         <translation>Cerrar</translation>
+    </message>
+</context>
+<context>
+    <name>PrefixChoiceAlert</name>
+    <message>
+        <source>There are several prefixes that can private your number. Please choose one.</source>
+        <translation>Hay varios prefijos que pueden ocultar tu número. Elige uno.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
     </message>
 </context>
 <context>
@@ -317,6 +435,25 @@
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>PrefixSection</name>
+    <message>
+        <source>Private Call Setting</source>
+        <translation>Ajustes de llamadas privadas</translation>
+    </message>
+    <message>
+        <source>Prefix:</source>
+        <translation>Prefijo:</translation>
+    </message>
+    <message>
+        <source>Edit Manually</source>
+        <translation>Editar manualmente</translation>
+    </message>
+    <message>
+        <source>Edit by country</source>
+        <translation>Elegir por país</translation>
     </message>
 </context>
 <context>
@@ -374,112 +511,16 @@
 <context>
     <name>SettingView</name>
     <message>
-        <source>Private Call Setting</source>
-        <translation>Ajustes de llamadas privadas</translation>
-    </message>
-    <message>
-        <source>Prefix:</source>
-        <translation>Prefijo:</translation>
-    </message>
-    <message>
-        <source>Edit Manually</source>
-        <translation>Editar manualmente</translation>
-    </message>
-    <message>
-        <source>Edit by country</source>
-        <translation>Elegir por país</translation>
-    </message>
-    <message>
-        <source>Auto setting startup</source>
-        <translation>Ajustes automáticos al iniciar</translation>
-    </message>
-    <message>
-        <source>Auto Hide My Number</source>
-        <translation>Ocultar siempre mi número</translation>
-    </message>
-    <message>
-        <source>Auto Save To History</source>
-        <translation>Guardar siempre en el historial</translation>
-    </message>
-    <message>
-        <source>Auto Sort Contacts By:</source>
-        <translation>Ordenar contactos automáticamente por:</translation>
-    </message>
-    <message>
-        <source>First Name</source>
-        <translation>Nombre</translation>
-    </message>
-    <message>
-        <source>Last Name</source>
-        <translation>Apellido</translation>
-    </message>
-    <message>
-        <source>Telephone</source>
-        <translation>Teléfono</translation>
-    </message>
-    <message>
-        <source>Help and information</source>
-        <translation>Ayuda e información</translation>
-    </message>
-    <message>
-        <source>App version</source>
-        <translation>Versión de la app</translation>
-    </message>
-    <message>
-        <source>Update Now</source>
-        <translation>Actualizar ahora</translation>
-    </message>
-    <message>
         <source>User Guide for Quieton</source>
         <translation>Guía de uso de Quieton</translation>
-    </message>
-    <message>
-        <source>Not read yet</source>
-        <translation>Aún no leída</translation>
-    </message>
-    <message>
-        <source>Share with Friends</source>
-        <translation>Compartir con amigos</translation>
     </message>
     <message>
         <source>Send Feedback</source>
         <translation>Enviar comentarios</translation>
     </message>
     <message>
-        <source>Change Language</source>
-        <translation>Cambiar idioma</translation>
-    </message>
-    <message>
         <source>About</source>
         <translation>Acerca de</translation>
-    </message>
-    <message>
-        <source>Data</source>
-        <translation>Datos</translation>
-    </message>
-    <message>
-        <source>Reset Settings</source>
-        <translation>Restablecer ajustes</translation>
-    </message>
-    <message>
-        <source>Clear All (Include history calls)</source>
-        <translation>Borrar todo (incluido el historial de llamadas)</translation>
-    </message>
-    <message>
-        <source>Select By Country</source>
-        <translation>Seleccionar por país</translation>
-    </message>
-    <message>
-        <source>Prefixes may vary depending on the cellular provider. Please consult the official documentation of your cellular provider for accurate information. Additional charges may apply, please verify with your cellular provider.</source>
-        <translation>Los prefijos pueden variar según el operador móvil. Consulta la documentación oficial de tu operador para obtener información precisa. Pueden aplicarse cargos adicionales; compruébalo con tu operador.</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancelar</translation>
-    </message>
-    <message>
-        <source>There are several prefixes that can private your number. Please choose one.</source>
-        <translation>Hay varios prefijos que pueden ocultar tu número. Elige uno.</translation>
     </message>
     <message>
         <source>Are you sure you want to reset settings?</source>
@@ -504,6 +545,10 @@
     <message>
         <source>Clear All</source>
         <translation>Borrar todo</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
     </message>
 </context>
 <context>
@@ -700,10 +745,6 @@
     <message>
         <source>You&apos;re in control of your call records, making sure your privacy preferences are met.</source>
         <translation>Tú decides sobre tus registros de llamadas, según tus preferencias de privacidad.</translation>
-    </message>
-    <message>
-        <source>Additional costs may apply, Please verify with your cellular carrier.</source>
-        <translation>Pueden aplicarse cargos adicionales. Consúltalo con tu operador.</translation>
     </message>
     <message>
         <source>Get Started</source>

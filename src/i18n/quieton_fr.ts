@@ -36,6 +36,37 @@
     </message>
 </context>
 <context>
+    <name>AutoSettingSection</name>
+    <message>
+        <source>Auto setting startup</source>
+        <translation>Options automatiques au démarrage</translation>
+    </message>
+    <message>
+        <source>Auto Hide My Number</source>
+        <translation>Toujours masquer mon numéro</translation>
+    </message>
+    <message>
+        <source>Auto Save To History</source>
+        <translation>Toujours enregistrer les appels</translation>
+    </message>
+    <message>
+        <source>Auto Sort Contacts By:</source>
+        <translation>Trier automatiquement les contacts par :</translation>
+    </message>
+    <message>
+        <source>First Name</source>
+        <translation>Prénom</translation>
+    </message>
+    <message>
+        <source>Last Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Telephone</source>
+        <translation>Téléphone</translation>
+    </message>
+</context>
+<context>
     <name>CallConfirmationDialog</name>
     <message>
         <source>Place this call?</source>
@@ -144,6 +175,36 @@
     </message>
 </context>
 <context>
+    <name>CountryListAlert</name>
+    <message>
+        <source>Select By Country</source>
+        <translation>Choisir un pays</translation>
+    </message>
+    <message>
+        <source>Prefixes may vary depending on the cellular provider. Please consult the official documentation of your cellular provider for accurate information. Additional charges may apply, please verify with your cellular provider.</source>
+        <translation>Les préfixes peuvent varier selon l&apos;opérateur mobile. Consultez la documentation officielle de votre opérateur pour obtenir des informations exactes. Des frais supplémentaires peuvent s&apos;appliquer ; vérifiez auprès de votre opérateur.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>DataSection</name>
+    <message>
+        <source>Data</source>
+        <translation>Données</translation>
+    </message>
+    <message>
+        <source>Reset Settings</source>
+        <translation>Réinitialiser les réglages</translation>
+    </message>
+    <message>
+        <source>Clear All (Include history calls)</source>
+        <translation>Tout effacer (historique des appels compris)</translation>
+    </message>
+</context>
+<context>
     <name>DesktopTelephony</name>
     <message>
         <source>The phone cannot call this number.</source>
@@ -202,6 +263,45 @@
     <message>
         <source>Call</source>
         <translation>Appeler</translation>
+    </message>
+</context>
+<context>
+    <name>HelpSection</name>
+    <message>
+        <source>Help and information</source>
+        <translation>Aide et informations</translation>
+    </message>
+    <message>
+        <source>App version</source>
+        <translation>Version de l&apos;app</translation>
+    </message>
+    <message>
+        <source>Update Now</source>
+        <translation>Mettre à jour</translation>
+    </message>
+    <message>
+        <source>User Guide for Quieton</source>
+        <translation>Guide d&apos;utilisation de Quieton</translation>
+    </message>
+    <message>
+        <source>Not read yet</source>
+        <translation>Pas encore lu</translation>
+    </message>
+    <message>
+        <source>Share with Friends</source>
+        <translation>Partager avec des amis</translation>
+    </message>
+    <message>
+        <source>Send Feedback</source>
+        <translation>Envoyer un avis</translation>
+    </message>
+    <message>
+        <source>Change Language</source>
+        <translation>Changer de langue</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>À propos</translation>
     </message>
 </context>
 <context>
@@ -290,10 +390,28 @@
     </message>
 </context>
 <context>
+    <name>OnboardingPage</name>
+    <message>
+        <source>Additional costs may apply, Please verify with your cellular carrier.</source>
+        <translation>Des frais supplémentaires peuvent s&apos;appliquer. Vérifiez auprès de votre opérateur.</translation>
+    </message>
+</context>
+<context>
     <name>PopupView</name>
     <message>
         <source>Dismiss</source>
         <translation>Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>PrefixChoiceAlert</name>
+    <message>
+        <source>There are several prefixes that can private your number. Please choose one.</source>
+        <translation>Plusieurs préfixes permettent de masquer votre numéro. Veuillez en choisir un.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
     </message>
 </context>
 <context>
@@ -317,6 +435,25 @@
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>PrefixSection</name>
+    <message>
+        <source>Private Call Setting</source>
+        <translation>Réglages des appels privés</translation>
+    </message>
+    <message>
+        <source>Prefix:</source>
+        <translation>Préfixe :</translation>
+    </message>
+    <message>
+        <source>Edit Manually</source>
+        <translation>Modifier manuellement</translation>
+    </message>
+    <message>
+        <source>Edit by country</source>
+        <translation>Choisir par pays</translation>
     </message>
 </context>
 <context>
@@ -374,112 +511,16 @@
 <context>
     <name>SettingView</name>
     <message>
-        <source>Private Call Setting</source>
-        <translation>Réglages des appels privés</translation>
-    </message>
-    <message>
-        <source>Prefix:</source>
-        <translation>Préfixe :</translation>
-    </message>
-    <message>
-        <source>Edit Manually</source>
-        <translation>Modifier manuellement</translation>
-    </message>
-    <message>
-        <source>Edit by country</source>
-        <translation>Choisir par pays</translation>
-    </message>
-    <message>
-        <source>Auto setting startup</source>
-        <translation>Options automatiques au démarrage</translation>
-    </message>
-    <message>
-        <source>Auto Hide My Number</source>
-        <translation>Toujours masquer mon numéro</translation>
-    </message>
-    <message>
-        <source>Auto Save To History</source>
-        <translation>Toujours enregistrer les appels</translation>
-    </message>
-    <message>
-        <source>Auto Sort Contacts By:</source>
-        <translation>Trier automatiquement les contacts par :</translation>
-    </message>
-    <message>
-        <source>First Name</source>
-        <translation>Prénom</translation>
-    </message>
-    <message>
-        <source>Last Name</source>
-        <translation>Nom</translation>
-    </message>
-    <message>
-        <source>Telephone</source>
-        <translation>Téléphone</translation>
-    </message>
-    <message>
-        <source>Help and information</source>
-        <translation>Aide et informations</translation>
-    </message>
-    <message>
-        <source>App version</source>
-        <translation>Version de l&apos;app</translation>
-    </message>
-    <message>
-        <source>Update Now</source>
-        <translation>Mettre à jour</translation>
-    </message>
-    <message>
         <source>User Guide for Quieton</source>
         <translation>Guide d&apos;utilisation de Quieton</translation>
-    </message>
-    <message>
-        <source>Not read yet</source>
-        <translation>Pas encore lu</translation>
-    </message>
-    <message>
-        <source>Share with Friends</source>
-        <translation>Partager avec des amis</translation>
     </message>
     <message>
         <source>Send Feedback</source>
         <translation>Envoyer un avis</translation>
     </message>
     <message>
-        <source>Change Language</source>
-        <translation>Changer de langue</translation>
-    </message>
-    <message>
         <source>About</source>
         <translation>À propos</translation>
-    </message>
-    <message>
-        <source>Data</source>
-        <translation>Données</translation>
-    </message>
-    <message>
-        <source>Reset Settings</source>
-        <translation>Réinitialiser les réglages</translation>
-    </message>
-    <message>
-        <source>Clear All (Include history calls)</source>
-        <translation>Tout effacer (historique des appels compris)</translation>
-    </message>
-    <message>
-        <source>Select By Country</source>
-        <translation>Choisir un pays</translation>
-    </message>
-    <message>
-        <source>Prefixes may vary depending on the cellular provider. Please consult the official documentation of your cellular provider for accurate information. Additional charges may apply, please verify with your cellular provider.</source>
-        <translation>Les préfixes peuvent varier selon l&apos;opérateur mobile. Consultez la documentation officielle de votre opérateur pour obtenir des informations exactes. Des frais supplémentaires peuvent s&apos;appliquer ; vérifiez auprès de votre opérateur.</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Annuler</translation>
-    </message>
-    <message>
-        <source>There are several prefixes that can private your number. Please choose one.</source>
-        <translation>Plusieurs préfixes permettent de masquer votre numéro. Veuillez en choisir un.</translation>
     </message>
     <message>
         <source>Are you sure you want to reset settings?</source>
@@ -504,6 +545,10 @@
     <message>
         <source>Clear All</source>
         <translation>Tout effacer</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Réglages</translation>
     </message>
 </context>
 <context>
@@ -700,10 +745,6 @@
     <message>
         <source>You&apos;re in control of your call records, making sure your privacy preferences are met.</source>
         <translation>Vous gardez la maîtrise de vos appels enregistrés, dans le respect de vos préférences de confidentialité.</translation>
-    </message>
-    <message>
-        <source>Additional costs may apply, Please verify with your cellular carrier.</source>
-        <translation>Des frais supplémentaires peuvent s&apos;appliquer. Vérifiez auprès de votre opérateur.</translation>
     </message>
     <message>
         <source>Get Started</source>

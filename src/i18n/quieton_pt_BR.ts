@@ -36,6 +36,37 @@
     </message>
 </context>
 <context>
+    <name>AutoSettingSection</name>
+    <message>
+        <source>Auto setting startup</source>
+        <translation>Opções automáticas ao iniciar</translation>
+    </message>
+    <message>
+        <source>Auto Hide My Number</source>
+        <translation>Sempre ocultar meu número</translation>
+    </message>
+    <message>
+        <source>Auto Save To History</source>
+        <translation>Sempre salvar no histórico</translation>
+    </message>
+    <message>
+        <source>Auto Sort Contacts By:</source>
+        <translation>Ordenar contatos automaticamente por:</translation>
+    </message>
+    <message>
+        <source>First Name</source>
+        <translation>Nome</translation>
+    </message>
+    <message>
+        <source>Last Name</source>
+        <translation>Sobrenome</translation>
+    </message>
+    <message>
+        <source>Telephone</source>
+        <translation>Telefone</translation>
+    </message>
+</context>
+<context>
     <name>CallConfirmationDialog</name>
     <message>
         <source>Place this call?</source>
@@ -144,6 +175,36 @@
     </message>
 </context>
 <context>
+    <name>CountryListAlert</name>
+    <message>
+        <source>Select By Country</source>
+        <translation>Selecionar por país</translation>
+    </message>
+    <message>
+        <source>Prefixes may vary depending on the cellular provider. Please consult the official documentation of your cellular provider for accurate information. Additional charges may apply, please verify with your cellular provider.</source>
+        <translation>Os prefixos podem variar de acordo com a operadora de celular. Consulte a documentação oficial da sua operadora para obter informações precisas. Podem ser cobradas tarifas adicionais; confirme com sua operadora.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>DataSection</name>
+    <message>
+        <source>Data</source>
+        <translation>Dados</translation>
+    </message>
+    <message>
+        <source>Reset Settings</source>
+        <translation>Redefinir ajustes</translation>
+    </message>
+    <message>
+        <source>Clear All (Include history calls)</source>
+        <translation>Apagar tudo (inclusive o histórico de ligações)</translation>
+    </message>
+</context>
+<context>
     <name>DesktopTelephony</name>
     <message>
         <source>The phone cannot call this number.</source>
@@ -202,6 +263,45 @@
     <message>
         <source>Call</source>
         <translation>Ligar</translation>
+    </message>
+</context>
+<context>
+    <name>HelpSection</name>
+    <message>
+        <source>Help and information</source>
+        <translation>Ajuda e informações</translation>
+    </message>
+    <message>
+        <source>App version</source>
+        <translation>Versão do app</translation>
+    </message>
+    <message>
+        <source>Update Now</source>
+        <translation>Atualizar agora</translation>
+    </message>
+    <message>
+        <source>User Guide for Quieton</source>
+        <translation>Guia de uso do Quieton</translation>
+    </message>
+    <message>
+        <source>Not read yet</source>
+        <translation>Ainda não lido</translation>
+    </message>
+    <message>
+        <source>Share with Friends</source>
+        <translation>Compartilhar com amigos</translation>
+    </message>
+    <message>
+        <source>Send Feedback</source>
+        <translation>Enviar feedback</translation>
+    </message>
+    <message>
+        <source>Change Language</source>
+        <translation>Alterar idioma</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Sobre</translation>
     </message>
 </context>
 <context>
@@ -290,10 +390,28 @@
     </message>
 </context>
 <context>
+    <name>OnboardingPage</name>
+    <message>
+        <source>Additional costs may apply, Please verify with your cellular carrier.</source>
+        <translation>Podem ser cobradas tarifas adicionais. Confirme com sua operadora.</translation>
+    </message>
+</context>
+<context>
     <name>PopupView</name>
     <message>
         <source>Dismiss</source>
         <translation>Fechar</translation>
+    </message>
+</context>
+<context>
+    <name>PrefixChoiceAlert</name>
+    <message>
+        <source>There are several prefixes that can private your number. Please choose one.</source>
+        <translation>Há vários prefixos que podem ocultar seu número. Escolha um.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
     </message>
 </context>
 <context>
@@ -317,6 +435,25 @@
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>PrefixSection</name>
+    <message>
+        <source>Private Call Setting</source>
+        <translation>Ajustes de ligações privadas</translation>
+    </message>
+    <message>
+        <source>Prefix:</source>
+        <translation>Prefixo:</translation>
+    </message>
+    <message>
+        <source>Edit Manually</source>
+        <translation>Editar manualmente</translation>
+    </message>
+    <message>
+        <source>Edit by country</source>
+        <translation>Escolher por país</translation>
     </message>
 </context>
 <context>
@@ -374,112 +511,16 @@
 <context>
     <name>SettingView</name>
     <message>
-        <source>Private Call Setting</source>
-        <translation>Ajustes de ligações privadas</translation>
-    </message>
-    <message>
-        <source>Prefix:</source>
-        <translation>Prefixo:</translation>
-    </message>
-    <message>
-        <source>Edit Manually</source>
-        <translation>Editar manualmente</translation>
-    </message>
-    <message>
-        <source>Edit by country</source>
-        <translation>Escolher por país</translation>
-    </message>
-    <message>
-        <source>Auto setting startup</source>
-        <translation>Opções automáticas ao iniciar</translation>
-    </message>
-    <message>
-        <source>Auto Hide My Number</source>
-        <translation>Sempre ocultar meu número</translation>
-    </message>
-    <message>
-        <source>Auto Save To History</source>
-        <translation>Sempre salvar no histórico</translation>
-    </message>
-    <message>
-        <source>Auto Sort Contacts By:</source>
-        <translation>Ordenar contatos automaticamente por:</translation>
-    </message>
-    <message>
-        <source>First Name</source>
-        <translation>Nome</translation>
-    </message>
-    <message>
-        <source>Last Name</source>
-        <translation>Sobrenome</translation>
-    </message>
-    <message>
-        <source>Telephone</source>
-        <translation>Telefone</translation>
-    </message>
-    <message>
-        <source>Help and information</source>
-        <translation>Ajuda e informações</translation>
-    </message>
-    <message>
-        <source>App version</source>
-        <translation>Versão do app</translation>
-    </message>
-    <message>
-        <source>Update Now</source>
-        <translation>Atualizar agora</translation>
-    </message>
-    <message>
         <source>User Guide for Quieton</source>
         <translation>Guia de uso do Quieton</translation>
-    </message>
-    <message>
-        <source>Not read yet</source>
-        <translation>Ainda não lido</translation>
-    </message>
-    <message>
-        <source>Share with Friends</source>
-        <translation>Compartilhar com amigos</translation>
     </message>
     <message>
         <source>Send Feedback</source>
         <translation>Enviar feedback</translation>
     </message>
     <message>
-        <source>Change Language</source>
-        <translation>Alterar idioma</translation>
-    </message>
-    <message>
         <source>About</source>
         <translation>Sobre</translation>
-    </message>
-    <message>
-        <source>Data</source>
-        <translation>Dados</translation>
-    </message>
-    <message>
-        <source>Reset Settings</source>
-        <translation>Redefinir ajustes</translation>
-    </message>
-    <message>
-        <source>Clear All (Include history calls)</source>
-        <translation>Apagar tudo (inclusive o histórico de ligações)</translation>
-    </message>
-    <message>
-        <source>Select By Country</source>
-        <translation>Selecionar por país</translation>
-    </message>
-    <message>
-        <source>Prefixes may vary depending on the cellular provider. Please consult the official documentation of your cellular provider for accurate information. Additional charges may apply, please verify with your cellular provider.</source>
-        <translation>Os prefixos podem variar de acordo com a operadora de celular. Consulte a documentação oficial da sua operadora para obter informações precisas. Podem ser cobradas tarifas adicionais; confirme com sua operadora.</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancelar</translation>
-    </message>
-    <message>
-        <source>There are several prefixes that can private your number. Please choose one.</source>
-        <translation>Há vários prefixos que podem ocultar seu número. Escolha um.</translation>
     </message>
     <message>
         <source>Are you sure you want to reset settings?</source>
@@ -504,6 +545,10 @@
     <message>
         <source>Clear All</source>
         <translation>Apagar tudo</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
     </message>
 </context>
 <context>
@@ -700,10 +745,6 @@
     <message>
         <source>You&apos;re in control of your call records, making sure your privacy preferences are met.</source>
         <translation>Você controla seus registros de ligações, de acordo com suas preferências de privacidade.</translation>
-    </message>
-    <message>
-        <source>Additional costs may apply, Please verify with your cellular carrier.</source>
-        <translation>Podem ser cobradas tarifas adicionais. Confirme com sua operadora.</translation>
     </message>
     <message>
         <source>Get Started</source>

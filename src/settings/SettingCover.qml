@@ -1,18 +1,22 @@
 import QtQuick
 import QtQuick.Controls
-import QtQuick.Controls.impl
 import QtQuick.Controls.Material
 import QtQuick.Layouts
+import Quieton.Core
 
-// A full-screen cover with a navigation bar whose back button closes it;
-// the view inside may also ask to be dismissed.
+// A full-screen cover shown while `presented` is true, with a navigation bar
+// whose back button closes it; the view inside may also ask to be closed.
+// However it closes, `dismiss()` tells the owner, who lowers its flag. The
+// view is made as the cover opens and dropped once it has closed.
 Popup {
     id: cover
     property bool presented: false
-    // Made in the screen's own context (the screen's components are
-    // bound to it), so created here rather than through a Loader.
+    // What a screen reader calls the cover.
+    property string title
+    // Made in the screen's own context (the screen's components are bound
+    // to it), so created here rather than through a Loader.
     property Component sourceComponent
-    property var view: null
+    property Item view: null
     signal dismiss()
 
     parent: Overlay.overlay
@@ -23,39 +27,50 @@ Popup {
     padding: 0
     modal: true
     closePolicy: Popup.CloseOnEscape
-    onPresentedChanged: {
-        if (presented) {
-            view = sourceComponent.createObject(coverHolder)
-            if (view)
-                view.anchors.fill = coverHolder
-            open()
-        } else {
-            if (view)
-                view.destroy()
-            view = null
-            close()
+    visible: cover.presented
+    onAboutToShow: {
+        cover.view = cover.sourceComponent.createObject(viewHolder) as Item
+        if (!cover.view)
+            return
+        cover.view.anchors.fill = viewHolder
+        // The bar's button is the cover's one "Back": the view's own back
+        // control does the same, so a screen reader passes over it.
+        const ownBack = cover.findBack(cover.view)
+        if (ownBack) {
+            ownBack.Accessible.ignored = true
+            ownBack.focusPolicy = Qt.NoFocus
         }
     }
-    onClosed: dismiss()
-    background: Rectangle { color: "white" }
+    onClosed: {
+        if (cover.view)
+            cover.view.destroy()
+        cover.view = null
+        cover.dismiss()
+    }
+    background: Rectangle { color: Theme.background }
 
     ColumnLayout {
         anchors.fill: parent
         spacing: 0
+        Accessible.role: Accessible.Dialog
+        Accessible.name: cover.title
         ToolBar {
             Layout.fillWidth: true
-            Material.background: "white"
+            Material.background: Theme.background
             Material.elevation: 0
             ToolButton {
                 objectName: "coverBackButton"
                 icon.source: "qrc:/Quieton/icons/chevron.left.svg"
-                icon.color: "#007AFF"
+                icon.color: Theme.link
+                icon.width: Theme.iconSize * 0.75
+                icon.height: Theme.iconSize * 0.75
                 Accessible.name: qsTr("Back")
+                Accessible.onPressAction: cover.close()
                 onClicked: cover.close()
             }
         }
         Item {
-            id: coverHolder
+            id: viewHolder
             Layout.fillWidth: true
             Layout.fillHeight: true
         }
@@ -64,5 +79,18 @@ Popup {
         target: cover.view
         ignoreUnknownSignals: true
         function onDismissRequested() { cover.close() }
+    }
+
+    function findBack(item) {
+        if (!item)
+            return null
+        if (item.objectName === "backButton")
+            return item
+        for (let i = 0; i < item.children.length; ++i) {
+            const found = cover.findBack(item.children[i])
+            if (found)
+                return found
+        }
+        return null
     }
 }

@@ -1,75 +1,87 @@
 import QtQuick
 import QtQuick.Controls
-import QtQuick.Controls.impl
 import QtQuick.Controls.Material
 import QtQuick.Layouts
+import Quieton.Core
 
 // One tappable row: an optional icon, the caption, a detail text, extra
-// items on the right and an optional chevron.
+// items on the right and an optional chevron. A screen reader's press does
+// what a tap does.
 ItemDelegate {
     id: row
     property string iconName: ""
     property string detail: ""
-    property color textColor: "black"
+    property color textColor: Theme.text
     property bool chevron: false
     property bool last: false
     default property alias trailing: trailingItems.data
 
     Layout.fillWidth: true
-    implicitHeight: Math.max(48, implicitContentHeight + 16)
-    leftPadding: 16
-    rightPadding: 12
+    implicitHeight: Math.max(Theme.touchTarget, rowContent.implicitHeight + topPadding + bottomPadding)
+    leftPadding: Theme.spacingLarge
+    rightPadding: Theme.spacing
+    topPadding: Theme.spacingSmall
+    bottomPadding: Theme.spacingSmall
     hoverEnabled: false
-    Accessible.name: text
+    font.pointSize: Theme.bodySize
+    focusPolicy: Qt.TabFocus
+    Accessible.name: row.detail.length > 0 ? row.text + " " + row.detail : row.text
+    Accessible.onPressAction: row.clicked()
     // A plain pressed shade: a ripple keeps an image per visible row.
-    background: Rectangle { color: row.pressed ? "#E5E5EA" : "transparent" }
+    background: Item {
+        Rectangle {
+            anchors.fill: parent
+            color: Theme.pressed
+            visible: row.pressed
+        }
+        SettingSeparator { visible: !row.last }
+    }
 
-    contentItem: RowLayout {
-        spacing: 10
-        IconImage {
+    // Laid out over the padded area rather than as the content item, so that
+    // rows may put their own items into it.
+    contentItem: Item { }
+    RowLayout {
+        id: rowContent
+        x: row.leftPadding
+        y: row.topPadding
+        width: row.availableWidth
+        height: row.availableHeight
+        spacing: Theme.spacing
+        SettingIcon {
             visible: row.iconName.length > 0
-            source: row.iconName.length > 0 ? "qrc:/Quieton/icons/" + row.iconName + ".svg" : ""
-            sourceSize.width: 20
-            sourceSize.height: 20
-            color: "#007AFF"
+            name: row.iconName
+            tint: Theme.link
         }
         Label {
             text: row.text
+            font.pointSize: Theme.bodySize
             color: row.textColor
-            font.pixelSize: 16
             wrapMode: Text.Wrap
-            Layout.fillWidth: row.detail.length === 0
+            Layout.fillWidth: true
+            Layout.preferredWidth: implicitWidth
         }
         Label {
             objectName: "detail"
             visible: row.detail.length > 0
             text: row.detail
-            color: "#6C6C70"
-            font.pixelSize: 16
+            font.pointSize: Theme.bodySize
+            color: Theme.secondaryText
             horizontalAlignment: Text.AlignRight
-            elide: Text.ElideLeft
+            wrapMode: Text.WrapAnywhere
             Layout.fillWidth: true
+            Layout.preferredWidth: implicitWidth
         }
-        Row {
+        Flow {
             id: trailingItems
-            spacing: 6
+            spacing: Theme.spacingSmall
             Layout.alignment: Qt.AlignVCenter
+            Layout.maximumWidth: row.availableWidth / 2
         }
-        IconImage {
+        SettingIcon {
             visible: row.chevron
-            source: "qrc:/Quieton/icons/chevron.right.svg"
-            sourceSize.width: 14
-            sourceSize.height: 14
-            color: "#C7C7CC"
+            name: "chevron.right"
+            tint: Theme.tertiaryText
+            flipped: row.mirrored
         }
-    }
-    Rectangle {
-        visible: !row.last
-        anchors.left: parent.left
-        anchors.leftMargin: 16
-        anchors.right: parent.right
-        anchors.bottom: parent.bottom
-        height: 1
-        color: "#D1D1D6"
     }
 }

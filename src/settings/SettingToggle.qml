@@ -1,11 +1,11 @@
 import QtQuick
 import QtQuick.Controls
-import QtQuick.Controls.impl
-import QtQuick.Controls.Material
 import QtQuick.Layouts
+import Quieton.Core
 
 // A switch row that always shows the model's value: the model may turn
-// other switches off when this one is turned on.
+// other switches off when this one is turned on. A screen reader's press or
+// toggle flips it as a tap does.
 SwitchDelegate {
     id: toggle
     property bool value: false
@@ -13,20 +13,29 @@ SwitchDelegate {
     signal userToggled(bool on)
 
     Layout.fillWidth: true
-    leftPadding: 16
-    checked: value
-    Accessible.name: text
+    leftPadding: Theme.spacingLarge
+    hoverEnabled: false
+    checked: toggle.value
+    Accessible.name: toggle.text
+    Accessible.onPressAction: toggle.flip()
+    Accessible.onToggleAction: toggle.flip()
+    background: Rectangle { color: Theme.pressed; visible: toggle.pressed }
+    contentItem: Label {
+        text: toggle.text
+        font.pointSize: Theme.bodySize
+        color: Theme.text
+        wrapMode: Text.Wrap
+        verticalAlignment: Text.AlignVCenter
+        rightPadding: toggle.indicator.width + toggle.spacing
+        leftPadding: 0
+    }
+
+    function flip() {
+        toggle.userToggled(!toggle.value)
+    }
     onToggled: {
-        userToggled(checked)
-        checked = Qt.binding(() => toggle.value)
+        toggle.userToggled(toggle.checked)
+        toggle.checked = Qt.binding(() => toggle.value)
     }
-    Rectangle {
-        visible: !toggle.last
-        anchors.left: parent.left
-        anchors.leftMargin: 16
-        anchors.right: parent.right
-        anchors.bottom: parent.bottom
-        height: 1
-        color: "#D1D1D6"
-    }
+    SettingSeparator { visible: !toggle.last }
 }

@@ -1,19 +1,42 @@
 import QtQuick
 import QtQuick.Controls
-import QtQuick.Controls.impl
-import QtQuick.Controls.Material
 import QtQuick.Layouts
+import Quieton.Core
 
-// A white rounded group of rows.
-Rectangle {
+// One section of the settings screen: its caption, then its rows on a
+// rounded card. A screen reader meets it as a pane named by its caption.
+ColumnLayout {
+    id: group
+    property string title
     default property alias rows: groupColumn.data
+
     Layout.fillWidth: true
-    implicitHeight: groupColumn.implicitHeight
-    radius: 10
-    color: "white"
-    ColumnLayout {
-        id: groupColumn
-        width: parent.width
-        spacing: 0
+    spacing: Theme.spacingSmall
+
+    Label {
+        Layout.fillWidth: true
+        Layout.leftMargin: Theme.spacingLarge
+        Layout.topMargin: Theme.spacing
+        visible: group.title.length > 0
+        text: group.title
+        font.pointSize: Theme.footnoteSize
+        font.capitalization: Font.AllUppercase
+        color: Theme.secondaryText
+        wrapMode: Text.Wrap
+        Accessible.role: Accessible.Heading
+        Accessible.name: group.title
+    }
+    Pane {
+        Layout.fillWidth: true
+        padding: 0
+        Accessible.role: Accessible.Pane
+        Accessible.name: group.title
+        background: Rectangle { radius: Theme.radius; color: Theme.surface }
+        ColumnLayout {
+            id: groupColumn
+            anchors.left: parent.left
+            anchors.right: parent.right
+            spacing: 0
+        }
     }
 }

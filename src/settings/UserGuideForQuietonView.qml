@@ -1,10 +1,7 @@
 import QtQuick
 import QtQuick.Controls
-import QtQuick.Controls.impl
 import QtQuick.Layouts
 import Quieton.Core
-import Quieton.Info
-import Quieton.Popup
 import Quieton.Settings
 
 // How prefixes work, shown as a full-screen cover. Once it has stayed open
@@ -21,7 +18,10 @@ Page {
     // The back control; whoever presents the guide closes it.
     signal dismissRequested()
 
-    background: Rectangle { color: "white" }
+    title: qsTr("User Guide for Quieton")
+    Accessible.role: Accessible.Pane
+    Accessible.name: guideView.title
+    background: null
 
     Timer {
         id: timer
@@ -35,69 +35,71 @@ Page {
     Keys.onBackPressed: guideView.dismissRequested()
     Component.onCompleted: guideView.forceActiveFocus()
 
-    Flickable {
+    ScrollView {
         id: scroller
         objectName: "guideScroller"
         anchors.fill: parent
-        contentWidth: width
-        contentHeight: column.implicitHeight + 48
-        boundsBehavior: Flickable.StopAtBounds
-        ScrollBar.vertical: ScrollBar { }
+        contentWidth: scroller.availableWidth
+        // Scrolled by finger, wheel or the page's own keys; never a stop for
+        // the keyboard or a screen reader.
+        ScrollBar.vertical.focusPolicy: Qt.NoFocus
+        ScrollBar.horizontal.policy: ScrollBar.AlwaysOff
 
         ColumnLayout {
             id: column
-            x: 24
-            y: 16
-            width: scroller.width - 48
-            spacing: 16
+            x: Theme.spacingHuge
+            width: scroller.availableWidth - 2 * Theme.spacingHuge
+            spacing: Theme.spacingLarge
 
-            AbstractButton {
-                id: backButton
+            ToolButton {
                 objectName: "backButton"
-                Layout.preferredWidth: 44
-                Layout.preferredHeight: 44
-                Layout.leftMargin: -6
-                Accessible.role: Accessible.Button
+                Layout.topMargin: Theme.spacingSmall
+                Layout.leftMargin: -Theme.spacingSmall
+                icon.source: "qrc:/Quieton/icons/arrow.backward.circle.svg"
+                icon.color: Theme.link
+                icon.width: Theme.iconSize
+                icon.height: Theme.iconSize
+                display: AbstractButton.IconOnly
                 Accessible.name: qsTr("Back")
-                background: null
-                contentItem: IconImage {
-                    source: "qrc:/Quieton/icons/arrow.backward.circle.svg"
-                    sourceSize.width: 32
-                    sourceSize.height: 32
-                    fillMode: Image.Pad
-                    color: backButton.pressed ? "#7FA8F0" : "#0A63E0"
-                }
+                Accessible.onPressAction: guideView.dismissRequested()
                 onClicked: guideView.dismissRequested()
             }
 
             Label {
                 objectName: "guideHeading"
                 Layout.fillWidth: true
-                text: qsTr("User Guide for Quieton")
+                text: guideView.title
                 font.bold: true
-                font.pixelSize: 22
+                font.pointSize: Theme.headlineSize
                 wrapMode: Text.Wrap
-                color: "#1C1C1E"
                 Accessible.role: Accessible.Heading
+                Accessible.name: text
             }
 
             RowLayout {
-                Layout.topMargin: 4
-                spacing: 14
-                Image {
-                    objectName: "appIcon"
-                    source: "qrc:/Quieton/icons/IconApp.svg"
-                    sourceSize.width: 64
-                    sourceSize.height: 64
-                    Layout.preferredWidth: 64
-                    Layout.preferredHeight: 64
+                Layout.fillWidth: true
+                spacing: Theme.spacing
+                // The picture sits in a box of its own size, so the row is as
+                // tall as the picture from the start.
+                Item {
+                    implicitWidth: Theme.iconSize * 1.5
+                    implicitHeight: Theme.iconSize * 1.5
                     Accessible.ignored: true
+                    Image {
+                        objectName: "appIcon"
+                        anchors.fill: parent
+                        source: "qrc:/Quieton/icons/IconApp.svg"
+                        sourceSize.width: Theme.iconSize * 1.5
+                        sourceSize.height: Theme.iconSize * 1.5
+                        fillMode: Image.PreserveAspectFit
+                    }
                 }
                 Label {
+                    Layout.fillWidth: true
                     text: "Quieton"
-                    font.pixelSize: 20
+                    font.pointSize: Theme.titleSize
                     font.weight: Font.DemiBold
-                    color: "#1C1C1E"
+                    wrapMode: Text.Wrap
                 }
             }
 
@@ -110,16 +112,21 @@ Page {
                     qsTr("Additionally, be aware that there may be additional costs associated with this feature. Always verify with your cellular carrier for accurate information.")
                 ]
                 delegate: Label {
+                    id: paragraph
                     required property string modelData
                     required property int index
-                    objectName: "paragraph" + index
+                    objectName: "paragraph" + paragraph.index
                     Layout.fillWidth: true
-                    text: modelData
+                    text: paragraph.modelData
+                    font.pointSize: Theme.bodySize
                     wrapMode: Text.Wrap
-                    font.pixelSize: 16
                     lineHeight: 1.15
-                    color: "#3A3A3C"
+                    color: Theme.secondaryText
                 }
+            }
+            Item {
+                implicitHeight: Theme.spacingHuge
+                Accessible.ignored: true
             }
         }
     }

@@ -3,8 +3,6 @@
 #include "UserDefaultsService.h"
 
 #include <algorithm>
-#include <cmath>
-#include <numbers>
 
 WelcomeViewModel::WelcomeViewModel(UserDefaultsService &defaultsService, QObject *parent)
     : QObject(parent), m_defaultsService(&defaultsService)
@@ -36,29 +34,4 @@ void WelcomeViewModel::next()
 void WelcomeViewModel::completeFirstLaunch()
 {
     m_defaultsService->setBool(QStringLiteral("hasCompletedFirstLaunch"), true);
-}
-
-namespace {
-// The spring's response: the period it would swing at without damping.
-constexpr qreal springResponseSeconds = 0.5;
-constexpr qreal omega = 2 * std::numbers::pi / springResponseSeconds;
-} // namespace
-
-qreal WelcomeViewModel::springProgress(qreal seconds)
-{
-    if (seconds <= 0)
-        return 0;
-    // Critical damping (damping fraction 1): no overshoot.
-    const qreal wt = omega * seconds;
-    return 1 - (1 + wt) * std::exp(-wt);
-}
-
-int WelcomeViewModel::springDurationMs(qreal distance)
-{
-    const qreal tolerance = 0.5 / std::max<qreal>(1, std::abs(distance));
-    // The remaining way shrinks steadily; step through it in frames.
-    int ms = 0;
-    while (ms < 3000 && 1 - springProgress(ms / 1000.0) > tolerance)
-        ms += 16;
-    return ms;
 }

@@ -31,13 +31,6 @@ public:
     // "Get Started": onboarding is done and never shown again.
     Q_INVOKABLE void completeFirstLaunch();
 
-    // How far along its way a page change is `seconds` after it started,
-    // from 0 to 1: a critically damped spring that answers in half a second.
-    Q_INVOKABLE static qreal springProgress(qreal seconds);
-    // How long the page change takes until it is within half a pixel on a
-    // page `distance` wide.
-    Q_INVOKABLE static int springDurationMs(qreal distance);
-
 signals:
     void selectedPageChanged();
     void isFinishLaunchChanged();

@@ -9,5 +9,7 @@ import Quieton.App
 // The user guide right after it was opened, while it counts down.
 Item {
     property int settleMs: 1500
-    UserGuideForQuietonView { anchors.fill: parent }
+    id: scene
+    readonly property SettingViewModel settings: testApp.createSettingViewModel(scene)
+    UserGuideForQuietonView { id: guide; vm: scene.settings.createUserGuideModel(guide); anchors.fill: parent }
 }

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Controls
 import Quieton.Core
 import Quieton.Popup
 import Quieton.Info
@@ -11,7 +12,8 @@ Item {
     id: scene
     property int settleMs: 7000
     property bool stored: defaults.boolForKey("isReadUserGuide")
-    UserGuideForQuietonView { id: guide; anchors.fill: parent }
+    readonly property SettingViewModel settings: testApp.createSettingViewModel(scene)
+    UserGuideForQuietonView { id: guide; vm: scene.settings.createUserGuideModel(guide); anchors.fill: parent }
     Connections {
         target: defaults
         function onValueChanged(key) {
@@ -19,12 +21,12 @@ Item {
                 scene.stored = defaults.boolForKey(key)
         }
     }
-    Text {
+    Label {
         anchors.bottom: parent.bottom
         anchors.right: parent.right
-        anchors.margins: 8
-        font.pixelSize: 11
-        color: "#8E8E93"
+        anchors.margins: Theme.spacingSmall
+        font.pointSize: Theme.footnoteSize
+        color: Theme.tertiaryText
         text: "countdown " + guide.timeRemaining + " \u00b7 isReadUserGuide: " + scene.stored
     }
 }

@@ -107,19 +107,12 @@ TestCase {
         compare(prefixShown(view), "*82")
     }
 
-    function test_countryListStoresOrOffersTheChoice() {
+    function test_aCountryWithSeveralPrefixesAsksFirst() {
         const view = createView()
-        const countries = openCountryList(view)
-        mouseClick(countryButton(view, "United Kingdom"))
-        tryCompare(countries, "visible", false)
-        verify(!view.showingPrefixByCountry && !view.showingCodeMultiOptions)
-        compare(disk.setting("prefix"), "141")
-        compare(prefixShown(view), "141")
-
         // A country with several prefixes asks; cancel stores nothing.
         const choice = findChild(view, "choiceDialog")
         for (const choose of [false, true]) {
-            openCountryList(view)
+            const countries = openCountryList(view)
             mouseClick(countryButton(view, "Brazil"))
             tryCompare(choice, "opened", true)
             verify(!countries.visible && view.showingCodeMultiOptions)
@@ -128,7 +121,8 @@ TestCase {
             mouseClick(choose ? button(choice.contentItem, "choice2") : button(choice, "choiceCancelButton"))
             tryCompare(choice, "visible", false)
             verify(!view.showingCodeMultiOptions)
-            compare(disk.setting("prefix"), choose ? "*31#" : "141")
+            compare(disk.setting("prefix"), choose ? "*31#" : "#31#")
+            compare(prefixShown(view), disk.setting("prefix"))
         }
     }
 
@@ -166,21 +160,52 @@ TestCase {
         }
     }
 
-    function test_userGuideCoverRefreshesTheUnreadMark() {
+    // A screen reader's press (or toggle) does what a tap does; the flag it
+    // raises shows its alert or editor, whose closing lowers the flag again.
+    function test_screenReaderPressesDoWhatTapsDo() {
+        const view = createView()
+        for (const [name, action, done, flag] of [
+                ["autoHiddenNumberToggle", "Toggle", () => !view.vm.autoHiddenNumber],
+                ["sortByTelephoneToggle", "Press", () => view.vm.autoSortByTelephone && !view.vm.autoSortByFirstName],
+                ["editManuallyButton", "Press", () => button(view, "prefixEditor").shown, "showingPrefixEditManually"],
+                ["clearAllButton", "Press", () => findChild(view, "clearAllDialog").opened, "showingIsClearAll"]]) {
+            verify(screenReader.act(button(view, name), action), name)
+            tryVerify(done, 2000, name)
+            if (flag) {
+                view[flag] = false
+                tryVerify(() => !done(), 2000, name + " closes with its flag")
+            }
+        }
+        compare(disk.setting("hiddenNumber"), false)
+        compare(disk.setting("autoSortBy"), 2)
+    }
+
+    // Each cover has one "Back" for a screen reader, and closing the cover
+    // lowers its flag. The guide, left open through its countdown (shortened
+    // here), stores the flag; the unread mark goes once the guide's own back
+    // control closes it.
+    function test_coversHaveOneBackAndLowerTheirFlagWhenClosed() {
         defaults.setBool("isReadUserGuide", false)
         const view = createView()
         const mark = button(view, "unreadMark")
-        verify(mark.visible)
-        // Left open through its countdown (shortened here), the guide stores the
-        // flag; the mark goes once the guide's own back control closes it.
-        tapRow(view, "userGuideRow")
-        const cover = button(view, "userGuideCover")
-        tryCompare(cover, "opened", true)
-        cover.view.tickInterval = 10
-        tryVerify(() => defaults.boolForKey("isReadUserGuide"), 3000)
-        verify(mark.visible)
-        mouseClick(button(cover.view, "backButton"))
-        tryCompare(cover, "visible", false)
+        for (const [row, flag, coverName] of [["feedbackRow", "isSendFeedBackPresented", "feedbackCover"],
+                                              ["userGuideRow", "isUserGuideForQuietonPresented", "userGuideCover"]]) {
+            verify(screenReader.act(button(view, row), "Press"))
+            const cover = button(view, coverName)
+            tryCompare(cover, "opened", true)
+            verify(view[flag])
+            compare(screenReader.buttons(view).filter(name => name === "Back").length, 1, coverName)
+            if (coverName === "userGuideCover") {
+                cover.view.tickInterval = 10
+                tryVerify(() => defaults.boolForKey("isReadUserGuide"), 3000)
+                verify(mark.visible)
+                mouseClick(button(cover.view, "backButton"))
+            } else {
+                verify(screenReader.act(button(cover, "coverBackButton"), "Press"))
+            }
+            tryCompare(cover, "visible", false)
+            verify(!view[flag] && cover.view === null)
+        }
         verify(view.isReadUserGuide && !mark.visible)
     }
 

@@ -29,8 +29,7 @@ TestCase {
 
     function turnPage(welcome, button) {
         mouseClick(findChild(welcome, button))
-        const pager = findChild(welcome, "pager")
-        tryVerify(() => pager.settled, 3000)
+        tryVerify(() => findChild(welcome, "pager").settled, 3000)
     }
 
     function test_onboardingUntilGetStartedThenTheMainScreenForGood() {

@@ -1,0 +1,90 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Quieton.Core
+
+// One page of the onboarding: a picture, the title, the lead sentence and the
+// explanatory sentences, and on the last page the cost note. It scrolls when
+// the text is too large for the screen.
+ScrollView {
+    id: onboardingPage
+    required property int index
+    required property var page
+    property bool last: false
+
+    contentWidth: onboardingPage.availableWidth
+    ScrollBar.vertical.focusPolicy: Qt.NoFocus
+    ScrollBar.horizontal.policy: ScrollBar.AlwaysOff
+    Accessible.role: Accessible.Pane
+    Accessible.name: onboardingPage.page.title
+
+    ColumnLayout {
+        x: Theme.spacingHuge
+        width: onboardingPage.availableWidth - 2 * Theme.spacingHuge
+        spacing: Theme.spacing
+
+        Image {
+            Layout.alignment: Qt.AlignHCenter
+            Layout.topMargin: Theme.spacingHuge
+            Layout.bottomMargin: Theme.spacingSmall
+            Layout.preferredWidth: Math.min(onboardingPage.availableWidth - 2 * Theme.spacingHuge, 340)
+            Layout.preferredHeight: Math.min(Layout.preferredWidth * 0.85, onboardingPage.height * 0.4)
+            source: onboardingPage.page.picture
+            sourceSize.width: Math.ceil(340 * Screen.devicePixelRatio)
+            // The first picture comes with the first frame, the others off
+            // the way of start-up.
+            asynchronous: onboardingPage.index !== 0
+            fillMode: Image.PreserveAspectFit
+            Accessible.ignored: true
+        }
+        Label {
+            objectName: "title" + onboardingPage.index
+            Layout.fillWidth: true
+            text: onboardingPage.page.title
+            font.pointSize: Theme.titleSize
+            font.bold: true
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
+        }
+        Label {
+            objectName: "lead" + onboardingPage.index
+            Layout.fillWidth: true
+            text: onboardingPage.page.lead
+            font.pointSize: Theme.headlineSize
+            font.weight: Font.DemiBold
+            color: Theme.accent
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+        }
+        Repeater {
+            model: onboardingPage.page.texts
+            delegate: Label {
+                id: pageText
+                required property string modelData
+                required property int index
+                objectName: "text" + onboardingPage.index + "_" + pageText.index
+                Layout.fillWidth: true
+                text: pageText.modelData
+                font.pointSize: Theme.bodySize
+                color: Theme.secondaryText
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+            }
+        }
+        Label {
+            objectName: "costNote"
+            visible: onboardingPage.last
+            Layout.fillWidth: true
+            Layout.topMargin: Theme.spacing
+            Layout.bottomMargin: Theme.spacing
+            text: qsTr("Additional costs may apply, Please verify with your cellular carrier.")
+            font.pointSize: Theme.footnoteSize
+            color: Theme.tertiaryText
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+        }
+    }
+}
