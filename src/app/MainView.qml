@@ -9,6 +9,9 @@ import Quieton.App
 // The main screen: four tabs, each screen loaded the first time its tab is shown.
 Page {
     id: mainView
+    objectName: "mainView"
+    Accessible.role: Accessible.Pane
+    Accessible.name: "Quieton"
 
     required property QuietonApp app
     readonly property MainViewModel vm: app.createMainViewModel(mainView)
@@ -50,33 +53,25 @@ Page {
 
     footer: TabBar {
         id: tabBar
+        objectName: "tabBar"
         currentIndex: mainView.vm.selectedTab
         onCurrentIndexChanged: mainView.vm.selectedTab = currentIndex
+        Accessible.name: qsTr("Tabs")
 
-        TabButton {
-            text: qsTr("Dialer")
-            font.capitalization: Font.MixedCase
-            icon.source: "qrc:/Quieton/icons/phone.svg"
-            display: AbstractButton.TextUnderIcon
-        }
-        TabButton {
-            text: qsTr("Contacts")
-            font.capitalization: Font.MixedCase
-            icon.source: "qrc:/Quieton/icons/person.crop.square.svg"
-            display: AbstractButton.TextUnderIcon
-        }
-        TabButton {
-            text: qsTr("History")
-            font.capitalization: Font.MixedCase
-            icon.source: "qrc:/Quieton/icons/list.bullet.svg"
-            display: AbstractButton.TextUnderIcon
-        }
-        TabButton {
-            text: qsTr("Settings")
-            font.capitalization: Font.MixedCase
-            icon.source: "qrc:/Quieton/icons/gear.circle.svg"
-            display: AbstractButton.TextUnderIcon
-        }
+        TabItem { text: qsTr("Dialer"); icon.source: "qrc:/Quieton/icons/phone.svg" }
+        TabItem { text: qsTr("Contacts"); icon.source: "qrc:/Quieton/icons/person.crop.square.svg" }
+        TabItem { text: qsTr("History"); icon.source: "qrc:/Quieton/icons/list.bullet.svg" }
+        TabItem { text: qsTr("Settings"); icon.source: "qrc:/Quieton/icons/gear.circle.svg" }
+    }
+
+    // A tab's button: a screen reader's press selects it as a tap does. In
+    // landscape the caption goes beside its symbol, to leave the screens room.
+    component TabItem: TabButton {
+        id: tabItem
+        font.capitalization: Font.MixedCase
+        display: mainView.width > mainView.height ? AbstractButton.TextBesideIcon : AbstractButton.TextUnderIcon
+        Accessible.name: text
+        Accessible.onPressAction: tabBar.setCurrentIndex(tabItem.TabBar.index)
     }
 
     // One tab: its screen is created on first show and told each time it
