@@ -15,14 +15,15 @@ Page {
     property bool showingErrorDialNumberAlert: false
 
     readonly property bool landscape: width > height
-    // The keys grow a step with each text size step above the default,
-    // and shrink to what the screen has room for (never below a finger).
+    // The keys grow a step with each text size step above the default. In
+    // landscape they shrink to the height the screen has (never below a
+    // finger); in portrait the page scrolls instead.
     readonly property int category: Theme.sizeCategory === ContentSizeCategory.Unspecified ? ContentSizeCategory.Large : Theme.sizeCategory
     readonly property real preferredKeySize: Math.min(88, 64 + 4 * Math.max(0, category - ContentSizeCategory.Large))
-    readonly property real keySpacing: Theme.spacingLarge
+    readonly property real keySpacing: landscape ? Theme.spacingSmall : Theme.spacingLarge
     readonly property real keySize: Math.max(Theme.touchTarget, Math.min(preferredKeySize,
-        (keypadRoom.width - 2 * keySpacing) / 3,
-        (keypadRoom.height - 4 * keySpacing - deleteKey.implicitHeight) / 4))
+        (width / (landscape ? 2 : 1) - 2 * Theme.spacingLarge - 2 * keySpacing) / 3,
+        landscape ? (height - 2 * Theme.spacingSmall - 4 * keySpacing - deleteKey.implicitHeight) / 4 : preferredKeySize))
 
     Accessible.role: Accessible.PageTab
     Accessible.name: qsTr("Dialer")
@@ -57,196 +58,197 @@ Page {
         }
     }
 
-    // Everything scrolls when the largest text leaves no room.
-    Flickable {
-        id: scroller
+    // Portrait: number, keypad, choices and call in one column that scrolls
+    // when the largest text needs it. Landscape: the keypad beside it.
+    RowLayout {
         anchors.fill: parent
-        contentWidth: width
-        contentHeight: content.height
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
-        // Shows where the content is; nothing a screen reader stops at.
-        ScrollIndicator.vertical: ScrollIndicator { Accessible.ignored: true }
+        spacing: 0
 
-        GridLayout {
-            id: content
-            width: scroller.width
-            // Keys shrink before anything scrolls.
-            height: Math.max(scroller.height, Layout.minimumHeight)
-            columns: dialerView.landscape ? 2 : 1
-            rowSpacing: Theme.spacing
-            columnSpacing: Theme.spacingHuge
+        Flickable {
+            id: scroller
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            contentWidth: width
+            contentHeight: content.height
+            clip: true
+            boundsBehavior: Flickable.StopAtBounds
+            // Shows where the content is; nothing a screen reader stops at.
+            ScrollIndicator.vertical: ScrollIndicator { Accessible.ignored: true }
 
-            // 1. The number, read-only: the keypad is the way to type.
-            Label {
-                id: numberDisplay
-                objectName: "numberDisplay"
-                Layout.row: 0
-                Layout.column: 0
-                Layout.fillWidth: true
-                Layout.fillHeight: dialerView.landscape
-                Layout.margins: Theme.spacingLarge
-                Layout.bottomMargin: 0
-                text: dialerView.vm.numberPhoneTyping
-                font.bold: true
-                font.pointSize: Theme.largeTitleSize
-                // A long number wraps rather than run off the screen.
-                wrapMode: Text.WrapAnywhere
-                horizontalAlignment: Text.AlignHCenter
-                verticalAlignment: Text.AlignVCenter
-                Layout.preferredWidth: dialerView.landscape ? dialerView.width / 2 : -1
-                // The height of one line even while empty.
-                Layout.minimumHeight: Math.max(fontMetrics.height, implicitHeight)
-                FontMetrics { id: fontMetrics; font: numberDisplay.font }
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text.length > 0 ? text : qsTr("No number")
-            }
-
-            // 2. The keypad, with 3. delete under the # key.
-            Item {
-                id: keypadRoom
-                Layout.row: dialerView.landscape ? 0 : 1
-                Layout.column: dialerView.landscape ? 1 : 0
-                Layout.rowSpan: dialerView.landscape ? 2 : 1
-                Layout.fillWidth: true
-                Layout.fillHeight: true
-                // Room for the smallest keys at least; the largest wanted.
-                Layout.minimumWidth: 3 * Theme.touchTarget + 2 * dialerView.keySpacing
-                Layout.minimumHeight: 4 * Theme.touchTarget + 4 * dialerView.keySpacing + deleteKey.implicitHeight
-                Layout.preferredWidth: dialerView.landscape ? dialerView.width / 2 : 3 * dialerView.preferredKeySize + 2 * dialerView.keySpacing
-                Layout.preferredHeight: 4 * dialerView.preferredKeySize + 4 * dialerView.keySpacing + deleteKey.implicitHeight
-                Layout.margins: Theme.spacingSmall
-
-                GridLayout {
-                    id: keypad
-                    objectName: "keypad"
-                    anchors.centerIn: parent
-                    columns: 3
-                    rowSpacing: dialerView.keySpacing
-                    columnSpacing: dialerView.keySpacing
-
-                    Repeater {
-                        model: [
-                            { key: "1", spoken: "1" }, { key: "2", spoken: "2" }, { key: "3", spoken: "3" },
-                            { key: "4", spoken: "4" }, { key: "5", spoken: "5" }, { key: "6", spoken: "6" },
-                            { key: "7", spoken: "7" }, { key: "8", spoken: "8" }, { key: "9", spoken: "9" },
-                            { key: "*", spoken: qsTr("asterisk") }, { key: "0", spoken: "0" }, { key: "#", spoken: qsTr("pound") }
-                        ]
-                        delegate: KeypadKey {
-                            required property var modelData
-                            objectName: "key" + modelData.key
-                            text: modelData.key
-                            diameter: dialerView.keySize
-                            Accessible.name: modelData.spoken
-                            onClicked: dialerView.vm.appendDigit(text)
-                        }
-                    }
-
-                    // A tap removes the last character; held for a second
-                    // (moving at most 10 points) it clears the number.
-                    Item { Layout.columnSpan: 2; Layout.fillWidth: true; Accessible.ignored: true }
-                    ToolButton {
-                        id: deleteKey
-                        objectName: "deleteKey"
-                        Layout.alignment: Qt.AlignHCenter
-                        focusPolicy: Qt.NoFocus
-                        icon.source: "qrc:/Quieton/icons/delete.left.svg"
-                        icon.width: Theme.iconSize
-                        icon.height: Theme.iconSize
-                        icon.color: pressed ? Theme.secondaryText : Theme.text
-                        opacity: dialerView.vm.numberPhoneTyping.length > 0 ? 1 : 0.35
-                        Accessible.name: qsTr("Delete")
-                        Accessible.description: qsTr("Hold to clear the number")
-                        Accessible.onPressAction: clicked()
-
-                        property point pressPoint
-                        readonly property int longPressMs: 1000
-                        readonly property real maximumMovement: 10
-
-                        onPressed: {
-                            pressPoint = Qt.point(pressX, pressY)
-                            holdTimer.restart()
-                        }
-                        onPressXChanged: checkMovement()
-                        onPressYChanged: checkMovement()
-                        onReleased: holdTimer.stop()
-                        onCanceled: holdTimer.stop()
-                        onClicked: dialerView.vm.deleteLast()
-
-                        function checkMovement() {
-                            if (!pressed)
-                                return
-                            const dx = pressX - pressPoint.x
-                            const dy = pressY - pressPoint.y
-                            if (Math.sqrt(dx * dx + dy * dy) > maximumMovement)
-                                holdTimer.stop()
-                        }
-
-                        Timer {
-                            id: holdTimer
-                            interval: deleteKey.longPressMs
-                            onTriggered: dialerView.vm.clear()
-                        }
-                    }
-                }
-            }
-
-            // 4. The per-call choices and 5. the call button.
             ColumnLayout {
-                Layout.row: dialerView.landscape ? 1 : 2
-                Layout.column: 0
-                Layout.fillWidth: true
-                Layout.leftMargin: Theme.spacingLarge
-                Layout.rightMargin: Theme.spacingLarge
-                Layout.bottomMargin: Theme.spacingSmall
-                Layout.minimumHeight: implicitHeight
-                spacing: 0
+                id: content
+                width: scroller.width
+                height: Math.max(scroller.height, implicitHeight)
+                spacing: Theme.spacing
 
-                Divider { }
-                ChoiceSwitch {
-                    objectName: "hiddenNumberRow"
-                    text: qsTr("Hidden Number")
-                    checked: dialerView.vm.toggleHiddenNumber
-                    onToggled: dialerView.vm.toggleHiddenNumber = checked
+                // 1. The number, read-only: the keypad is the way to type.
+                Label {
+                    id: numberDisplay
+                    objectName: "numberDisplay"
+                    Layout.fillWidth: true
+                    Layout.fillHeight: true
+                    Layout.margins: Theme.spacingLarge
+                    Layout.bottomMargin: 0
+                    text: dialerView.vm.numberPhoneTyping
+                    font.bold: true
+                    font.pointSize: Theme.largeTitleSize
+                    // A long number wraps rather than run off the screen.
+                    wrapMode: Text.WrapAnywhere
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                    // The height of one line even while empty.
+                    Layout.minimumHeight: Math.max(fontMetrics.height, implicitHeight)
+                    FontMetrics { id: fontMetrics; font: numberDisplay.font }
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text.length > 0 ? text : qsTr("No number")
                 }
-                Divider { }
-                ChoiceSwitch {
-                    objectName: "saveToHistoryRow"
-                    text: qsTr("Save to History")
-                    checked: dialerView.vm.toggleSaveToHistory
-                    onToggled: dialerView.vm.toggleSaveToHistory = checked
-                }
-                Divider { }
 
-                RoundButton {
-                    id: callButton
-                    objectName: "callButton"
-                    Layout.alignment: Qt.AlignHCenter
-                    Layout.topMargin: Theme.spacingSmall
-                    enabled: dialerView.vm.numberPhoneTyping.length > 0
-                    focusPolicy: Qt.NoFocus
-                    padding: 0
-                    flat: true
-                    // The symbol at font size 80, green while there is a number to call.
-                    icon.source: "qrc:/Quieton/icons/phone.circle.fill.svg"
-                    icon.width: 80
-                    icon.height: 80
-                    icon.color: enabled ? Theme.call : Theme.separator
-                    display: AbstractButton.IconOnly
-                    scale: pressed ? 0.92 : 1
-                    Behavior on scale { NumberAnimation { duration: 90 } }
-                    Accessible.name: qsTr("Call")
-                    Accessible.onPressAction: clicked()
-                    // The symbol's handset is cut out of the disc: this shows through.
-                    background: Rectangle {
-                        implicitWidth: 80
-                        implicitHeight: 80
-                        radius: width / 2
-                        color: Theme.textOnAccent
-                        scale: 0.75
+                // 2. The keypad's place in portrait.
+                Item {
+                    id: inlineKeypadSlot
+                    visible: !dialerView.landscape
+                    Layout.fillWidth: true
+                    Layout.preferredHeight: keypad.implicitHeight
+                }
+
+                // 4. The per-call choices and 5. the call button.
+                ColumnLayout {
+                    Layout.fillWidth: true
+                    Layout.leftMargin: Theme.spacingLarge
+                    Layout.rightMargin: Theme.spacingLarge
+                    Layout.bottomMargin: Theme.spacingSmall
+                    Layout.minimumHeight: implicitHeight
+                    spacing: 0
+
+                    Divider { }
+                    ChoiceSwitch {
+                        objectName: "hiddenNumberRow"
+                        text: qsTr("Hidden Number")
+                        checked: dialerView.vm.toggleHiddenNumber
+                        onToggled: dialerView.vm.toggleHiddenNumber = checked
                     }
-                    onClicked: dialerView.call()
+                    Divider { }
+                    ChoiceSwitch {
+                        objectName: "saveToHistoryRow"
+                        text: qsTr("Save to History")
+                        checked: dialerView.vm.toggleSaveToHistory
+                        onToggled: dialerView.vm.toggleSaveToHistory = checked
+                    }
+                    Divider { }
+
+                    RoundButton {
+                        id: callButton
+                        objectName: "callButton"
+                        Layout.alignment: Qt.AlignHCenter
+                        Layout.topMargin: Theme.spacingSmall
+                        enabled: dialerView.vm.numberPhoneTyping.length > 0
+                        focusPolicy: Qt.NoFocus
+                        padding: 0
+                        flat: true
+                        // The symbol at font size 80, green while there is a number to call.
+                        icon.source: "qrc:/Quieton/icons/phone.circle.fill.svg"
+                        icon.width: 80
+                        icon.height: 80
+                        icon.color: enabled ? Theme.call : Theme.separator
+                        display: AbstractButton.IconOnly
+                        scale: pressed ? 0.92 : 1
+                        Behavior on scale { NumberAnimation { duration: 90 } }
+                        Accessible.name: qsTr("Call")
+                        Accessible.onPressAction: clicked()
+                        // The symbol's handset is cut out of the disc: this shows through.
+                        background: Rectangle {
+                            implicitWidth: 80
+                            implicitHeight: 80
+                            radius: width / 2
+                            color: Theme.textOnAccent
+                            scale: 0.75
+                        }
+                        onClicked: dialerView.call()
+                    }
                 }
+            }
+        }
+
+        // 2. The keypad's place in landscape.
+        Item {
+            id: sideKeypadSlot
+            visible: dialerView.landscape
+            Layout.fillHeight: true
+            Layout.preferredWidth: dialerView.width / 2
+        }
+    }
+
+    // 2. The keypad, with 3. delete under the # key.
+    GridLayout {
+        id: keypad
+        objectName: "keypad"
+        parent: dialerView.landscape ? sideKeypadSlot : inlineKeypadSlot
+        anchors.centerIn: parent
+        columns: 3
+        rowSpacing: dialerView.keySpacing
+        columnSpacing: dialerView.keySpacing
+
+        Repeater {
+            model: [
+                { key: "1", spoken: "1" }, { key: "2", spoken: "2" }, { key: "3", spoken: "3" },
+                { key: "4", spoken: "4" }, { key: "5", spoken: "5" }, { key: "6", spoken: "6" },
+                { key: "7", spoken: "7" }, { key: "8", spoken: "8" }, { key: "9", spoken: "9" },
+                { key: "*", spoken: qsTr("asterisk") }, { key: "0", spoken: "0" }, { key: "#", spoken: qsTr("pound") }
+            ]
+            delegate: KeypadKey {
+                required property var modelData
+                objectName: "key" + modelData.key
+                text: modelData.key
+                diameter: dialerView.keySize
+                Accessible.name: modelData.spoken
+                onClicked: dialerView.vm.appendDigit(text)
+            }
+        }
+
+        // A tap removes the last character; held for a second
+        // (moving at most 10 points) it clears the number.
+        Item { Layout.columnSpan: 2; Layout.fillWidth: true; Accessible.ignored: true }
+        ToolButton {
+            id: deleteKey
+            objectName: "deleteKey"
+            Layout.alignment: Qt.AlignHCenter
+            focusPolicy: Qt.NoFocus
+            icon.source: "qrc:/Quieton/icons/delete.left.svg"
+            icon.width: Theme.iconSize * 1.5
+            icon.height: Theme.iconSize * 1.5
+            icon.color: pressed ? Theme.secondaryText : Theme.text
+            opacity: dialerView.vm.numberPhoneTyping.length > 0 ? 1 : 0.35
+            Accessible.name: qsTr("Delete")
+            Accessible.description: qsTr("Hold to clear the number")
+            Accessible.onPressAction: clicked()
+
+            property point pressPoint
+            readonly property int longPressMs: 1000
+            readonly property real maximumMovement: 10
+
+            onPressed: {
+                pressPoint = Qt.point(pressX, pressY)
+                holdTimer.restart()
+            }
+            onPressXChanged: checkMovement()
+            onPressYChanged: checkMovement()
+            onReleased: holdTimer.stop()
+            onCanceled: holdTimer.stop()
+            onClicked: dialerView.vm.deleteLast()
+
+            function checkMovement() {
+                if (!pressed)
+                    return
+                const dx = pressX - pressPoint.x
+                const dy = pressY - pressPoint.y
+                if (Math.sqrt(dx * dx + dy * dy) > maximumMovement)
+                    holdTimer.stop()
+            }
+
+            Timer {
+                id: holdTimer
+                interval: deleteKey.longPressMs
+                onTriggered: dialerView.vm.clear()
             }
         }
     }
