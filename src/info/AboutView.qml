@@ -21,7 +21,7 @@ Page {
     required property UrlOpener urlOpener
 
     // Right-to-left languages read the screen mirrored.
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
     Accessible.role: Accessible.Dialog
     Accessible.name: qsTr("About")

@@ -12,7 +12,7 @@ ItemDelegate {
     // The last row of a group has no hairline under it.
     property bool divided: true
     // Read when the row is built: pointing left in right-to-left layouts.
-    readonly property string chevronName: Qt.application.layoutDirection === Qt.RightToLeft ? "chevron.left" : "chevron.right"
+    readonly property string chevronName: Application.layoutDirection === Qt.RightToLeft ? "chevron.left" : "chevron.right"
 
     Layout.fillWidth: true
     leftPadding: Theme.spacingLarge

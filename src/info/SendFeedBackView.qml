@@ -25,7 +25,7 @@ Page {
     property bool isSuggestAFeaturePresented: false
 
     // Right-to-left languages read the screen mirrored.
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
     Accessible.role: Accessible.Dialog
     Accessible.name: qsTr("Feedback")

@@ -16,6 +16,6 @@ ToolButton {
     Accessible.onPressAction: back.clicked()
     transform: Scale {
         origin.x: back.width / 2
-        xScale: Qt.application.layoutDirection === Qt.RightToLeft ? -1 : 1
+        xScale: Application.layoutDirection === Qt.RightToLeft ? -1 : 1
     }
 }
