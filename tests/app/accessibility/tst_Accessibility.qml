@@ -153,9 +153,6 @@ TestCase {
                       () => mouseClick(findChild(view, "contactRow0")), () => dialog.reject(),
                       { panes: "src/lists/CallPrivacyDialog.qml: the dialog is not named by its title",
                         focus: "src/lists/ContactsView.qml: the screen under the dialog has no name" })
-        mouseClick(findChild(view, "contactRow0"))
-        tryCompare(dialog, "opened", true)
-        pressClosesDialog(dialog, findChild(dialog.footer, "cancelButton"), "src/lists/CallPrivacyDialog.qml: Cancel has no press action")
     }
 
     function test_history() {
