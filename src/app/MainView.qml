@@ -86,7 +86,7 @@ Page {
                 text: modelData.text
                 icon.source: "qrc:/Quieton/icons/" + modelData.symbol + ".svg"
                 font.capitalization: Font.MixedCase
-                display: mainView.width > mainView.height ? AbstractButton.TextBesideIcon : AbstractButton.TextUnderIcon
+                display: mainView.Window.width > mainView.Window.height ? AbstractButton.TextBesideIcon : AbstractButton.TextUnderIcon
                 Accessible.name: text
                 Accessible.onPressAction: tabBar.setCurrentIndex(index)
             }
