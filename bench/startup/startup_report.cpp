@@ -43,6 +43,7 @@ int main(int argc, char *argv[])
 {
     QGuiApplication application(argc, argv);
     QuietonApp::nameApplication();
+    QuietonApp::installTranslation();
     QQuickStyle::setStyle(QStringLiteral("Material"));
     Appearance::applyTextScaleOverride();
 

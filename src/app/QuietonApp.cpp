@@ -13,6 +13,7 @@
 
 #include <QQuickWindow>
 #include <QTextStream>
+#include <QTranslator>
 
 namespace {
 
@@ -47,6 +48,23 @@ void QuietonApp::nameApplication()
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Quieton"));
     QGuiApplication::setApplicationVersion(QStringLiteral(QUIETON_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral(QUIETON_APP_ID));
+}
+
+QString QuietonApp::installTranslation(const QLocale &locale)
+{
+    static QTranslator translator;
+    QCoreApplication::removeTranslator(&translator);
+    for (QString language : locale.uiLanguages()) {
+        language.replace(QLatin1Char('-'), QLatin1Char('_'));
+        if (language == QLatin1StringView("C") || language.startsWith(QLatin1StringView("en")))
+            break;
+        // quieton_de_AT falls back to quieton_de.
+        if (translator.load(QStringLiteral("quieton_") + language, QStringLiteral(":/i18n"))) {
+            QCoreApplication::installTranslator(&translator);
+            return translator.language();
+        }
+    }
+    return QString();
 }
 
 void QuietonApp::startAfterFirstFrame(QWindow *window, bool checkForUpdate)

@@ -10,6 +10,7 @@
 #include "UserDefaultsService.h"
 
 #include <QList>
+#include <QLocale>
 #include <QObject>
 #include <QUrl>
 #include <QtQml/qqmlregistration.h>
@@ -60,6 +61,11 @@ public:
 
     // Gives the application its names and version (call right after making it).
     static void nameApplication();
+    // Translates the app's texts into the first of `locale`'s languages that
+    // the app speaks (English, the texts as written, needs nothing); call it
+    // before the first screen is made, and again to change the language.
+    // Returns the language installed, or an empty text for English.
+    static QString installTranslation(const QLocale &locale = QLocale::system());
 
     UserDefaultsService *defaultsService() { return &m_defaultsService; }
     Service *service() { return &m_service; }

@@ -27,6 +27,7 @@ int main(int argc, char *argv[])
     if (!singleInstance.listen())
         return singleInstance.forwardToRunning(link) ? 0 : 1;
 
+    QuietonApp::installTranslation();
     QQuickStyle::setStyle(QStringLiteral("Material"));
     Appearance::applyTextScaleOverride();
     QuietonApp app;

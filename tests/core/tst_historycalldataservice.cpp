@@ -312,8 +312,7 @@ private slots:
         const QList<HistoryData> expected = readBack(path);
         HistoryCallDataService store(path);
         QCOMPARE(store.rowCount(), 0); // nothing read until asked
-        store.readInBackground();
-        QVERIFY(store.isFetchingInBackground());
+        store.readInBackground(); // may be done before it returns on a busy machine
         QTRY_COMPARE(store.rowCount(), 500); // published by the event loop
         QCOMPARE(store.savedEntities(), expected);
 

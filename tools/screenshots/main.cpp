@@ -76,6 +76,7 @@ int main(int argc, char *argv[])
         qputenv("QT_QUICK_CONTROLS_MATERIAL_THEME", "Dark");
 
     QGuiApplication app(argc, argv);
+    QuietonApp::installTranslation();
     QQuickStyle::setStyle(QStringLiteral("Material"));
     Appearance::applyTextScaleOverride();
     const QStringList args = app.arguments().mid(1);
