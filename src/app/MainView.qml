@@ -70,7 +70,6 @@ Page {
         objectName: "tabBar"
         currentIndex: mainView.vm.selectedTab
         onCurrentIndexChanged: mainView.vm.selectedTab = currentIndex
-        Accessible.name: qsTr("Tabs")
 
         Repeater {
             model: [{ text: qsTr("Dialer"), symbol: "phone" },

@@ -28,7 +28,8 @@ Page {
     LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
     Accessible.role: Accessible.Dialog
-    Accessible.name: qsTr("Feedback")
+    // Named as the settings row that opens it.
+    Accessible.name: qsTranslate("SettingView", "Send Feedback")
     header: ToolBar {
         background: null
         SheetBackButton { onClicked: sendFeedBackView.dismissRequested() }

@@ -26,7 +26,8 @@ Page {
         landscape ? (height - 2 * Theme.spacingSmall - 4 * keySpacing - deleteKey.implicitHeight) / 4 : preferredKeySize))
 
     Accessible.role: Accessible.PageTab
-    Accessible.name: qsTr("Dialer")
+    // Named as its tab is.
+    Accessible.name: qsTranslate("MainView", "Dialer")
     focus: true
 
     // Called by the main screen each time the tab is shown.
@@ -100,7 +101,9 @@ Page {
                     Layout.minimumHeight: Math.max(fontMetrics.height, implicitHeight)
                     FontMetrics { id: fontMetrics; font: numberDisplay.font }
                     Accessible.role: Accessible.StaticText
-                    Accessible.name: text.length > 0 ? text : qsTr("No number")
+                    Accessible.name: text
+                    // Nothing to read while nothing is typed.
+                    Accessible.ignored: text.length === 0
                 }
 
                 // 2. The keypad's place in portrait.
