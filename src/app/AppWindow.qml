@@ -47,9 +47,10 @@ ApplicationWindow {
     ToolTip {
         id: notice
         objectName: "notice"
-        width: Math.min(implicitWidth, window.width - 48)
+        width: Math.min(implicitWidth, window.width - 2 * Theme.spacingHuge)
         x: (window.width - width) / 2
-        y: window.height - height - 96
+        // Above the tab bar.
+        y: window.height - height - 4 * Theme.spacingHuge
         timeout: Math.max(3500, text.length * 70)
     }
 

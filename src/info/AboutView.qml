@@ -21,63 +21,69 @@ Page {
     required property UrlOpener urlOpener
 
     // Right-to-left languages read the screen mirrored.
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
-    background: Rectangle { color: "#F2F2F7" }
-
-    header: Item {
-        implicitHeight: 56
-        SheetBackButton {
-            anchors.left: parent.left
-            anchors.leftMargin: 8
-            anchors.verticalCenter: parent.verticalCenter
-            onClicked: aboutView.dismissRequested()
-        }
+    Accessible.role: Accessible.Dialog
+    Accessible.name: qsTr("About")
+    header: ToolBar {
+        background: null
+        SheetBackButton { onClicked: aboutView.dismissRequested() }
     }
 
-    ColumnLayout {
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.top: parent.top
-        spacing: 0
+    // The content scrolls when the largest text needs more than the screen.
+    Flickable {
+        id: scroller
+        anchors.fill: parent
+        contentWidth: width
+        contentHeight: content.height
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        // Shows where the content is; nothing a screen reader stops at.
+        ScrollIndicator.vertical: ScrollIndicator { Accessible.ignored: true }
 
-        Label {
-            objectName: "aboutTitle"
-            Layout.fillWidth: true
-            Layout.leftMargin: 20
-            Layout.rightMargin: 20
-            Layout.bottomMargin: 16
-            text: qsTr("About")
-            font.pixelSize: 34
-            font.bold: true
-            color: "#1C1C1E"
-            Accessible.role: Accessible.Heading
-        }
+        ColumnLayout {
+            id: content
+            width: scroller.width
+            spacing: 0
 
-        Rectangle {
-            Layout.fillWidth: true
-            Layout.leftMargin: 16
-            Layout.rightMargin: 16
-            Layout.preferredHeight: rows.implicitHeight
-            radius: 10
-            color: "white"
-            clip: true
+            Label {
+                objectName: "aboutTitle"
+                Layout.fillWidth: true
+                Layout.leftMargin: Theme.spacingLarge
+                Layout.rightMargin: Theme.spacingLarge
+                Layout.bottomMargin: Theme.spacingLarge
+                text: qsTr("About")
+                font.pointSize: Theme.largeTitleSize
+                wrapMode: Text.Wrap
+                font.bold: true
+                Accessible.role: Accessible.Heading
+            }
 
-            ColumnLayout {
-                id: rows
-                anchors.fill: parent
-                spacing: 0
+            Rectangle {
+                Layout.fillWidth: true
+                Layout.leftMargin: Theme.spacingLarge
+                Layout.rightMargin: Theme.spacingLarge
+                Layout.preferredHeight: rows.implicitHeight
+                radius: Theme.radius
+                color: Theme.surface
+                clip: true
 
-                PageLinkRow {
-                    objectName: "privacyRow"
-                    caption: qsTr("Privacy")
-                    onClicked: aboutView.isShowingWebViewPrivacy = true
-                }
-                PageLinkRow {
-                    objectName: "termsOfUseRow"
-                    divided: false
-                    caption: qsTr("Terms Of Use")
-                    onClicked: aboutView.isShowingWebViewTermsOfUse = true
+                ColumnLayout {
+                    id: rows
+                    anchors.fill: parent
+                    spacing: 0
+
+                    PageLinkRow {
+                        objectName: "privacyRow"
+                        caption: qsTr("Privacy")
+                        onClicked: aboutView.isShowingWebViewPrivacy = true
+                    }
+                    PageLinkRow {
+                        objectName: "termsOfUseRow"
+                        divided: false
+                        caption: qsTr("Terms Of Use")
+                        onClicked: aboutView.isShowingWebViewTermsOfUse = true
+                    }
                 }
             }
         }

@@ -1,11 +1,10 @@
 import QtQuick
 import QtQuick.Controls
-import QtQuick.Controls.impl
 import QtQuick.Layouts
-import Quieton.Info
+import Quieton.Core
 
 // One row of the about and feedback screens: a caption and a chevron that
-// points the way the layout reads.
+// points the way the layout reads. A screen reader's press taps it.
 ItemDelegate {
     id: row
 
@@ -13,32 +12,42 @@ ItemDelegate {
     // The last row of a group has no hairline under it.
     property bool divided: true
     // Read when the row is built: pointing left in right-to-left layouts.
-    readonly property string chevronName: Qt.application.layoutDirection === Qt.RightToLeft ? "chevron.left" : "chevron.right"
+    readonly property string chevronName: Application.layoutDirection === Qt.RightToLeft ? "chevron.left" : "chevron.right"
 
     Layout.fillWidth: true
-    Layout.preferredHeight: 54
-    leftPadding: 20
-    rightPadding: 20
+    leftPadding: Theme.spacingLarge
+    rightPadding: Theme.spacingSmall
+    topPadding: Theme.spacing
+    bottomPadding: Theme.spacing
+    font.pointSize: Theme.bodySize
     Accessible.role: Accessible.Button
     Accessible.name: row.caption
+    Accessible.onPressAction: row.clicked()
     // A plain pressed shade: a ripple keeps an image per visible row.
-    background: Rectangle { color: row.pressed ? "#E5E5EA" : "transparent" }
+    background: Rectangle { color: row.pressed ? Theme.pressed : Theme.surface }
 
     contentItem: RowLayout {
-        spacing: 12
+        spacing: Theme.spacingSmall
         Label {
             Layout.fillWidth: true
             text: row.caption
-            font.pixelSize: 17
-            color: "#1C1C1E"
-            elide: Text.ElideRight
+            font: row.font
+            color: Theme.text
+            wrapMode: Text.Wrap
+            Accessible.ignored: true
         }
-        IconImage {
+        // Only a tinted symbol: not a control of its own.
+        ToolButton {
             objectName: "chevron"
-            source: "qrc:/Quieton/icons/" + row.chevronName + ".svg"
-            sourceSize.width: 14
-            sourceSize.height: 14
-            color: "#C7C7CC"
+            enabled: false
+            focusPolicy: Qt.NoFocus
+            padding: 0
+            background: null
+            icon.source: "qrc:/Quieton/icons/" + row.chevronName + ".svg"
+            icon.color: Theme.tertiaryText
+            icon.width: Theme.iconSize / 2
+            icon.height: Theme.iconSize / 2
+            display: AbstractButton.IconOnly
             Accessible.ignored: true
         }
     }
@@ -51,6 +60,6 @@ ItemDelegate {
         anchors.leftMargin: row.leftPadding
         anchors.bottom: parent.bottom
         height: 1
-        color: "#E5E5EA"
+        color: Theme.separator
     }
 }

@@ -25,73 +25,80 @@ Page {
     property bool isSuggestAFeaturePresented: false
 
     // Right-to-left languages read the screen mirrored.
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
-    background: Rectangle { color: "#F2F2F7" }
-
-    header: Item {
-        implicitHeight: 56
-        SheetBackButton {
-            anchors.left: parent.left
-            anchors.leftMargin: 8
-            anchors.verticalCenter: parent.verticalCenter
-            onClicked: sendFeedBackView.dismissRequested()
-        }
+    Accessible.role: Accessible.Dialog
+    // Named as the settings row that opens it.
+    Accessible.name: qsTranslate("SettingView", "Send Feedback")
+    header: ToolBar {
+        background: null
+        SheetBackButton { onClicked: sendFeedBackView.dismissRequested() }
     }
 
-    ColumnLayout {
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.top: parent.top
-        spacing: 0
+    // The content scrolls when the largest text needs more than the screen.
+    Flickable {
+        id: scroller
+        anchors.fill: parent
+        contentWidth: width
+        contentHeight: content.height
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        // Shows where the content is; nothing a screen reader stops at.
+        ScrollIndicator.vertical: ScrollIndicator { Accessible.ignored: true }
 
-        Label {
-            objectName: "feedbackText"
-            Layout.fillWidth: true
-            Layout.leftMargin: 20
-            Layout.rightMargin: 20
-            Layout.topMargin: 8
-            Layout.bottomMargin: 24
-            text: qsTr("Your feedback matters! Leave a review, suggest features, or report technical issues to help us improve your experience.")
-            wrapMode: Text.Wrap
-            font.pixelSize: 17
-            color: "#3A3A3C"
-        }
+        ColumnLayout {
+            id: content
+            width: scroller.width
+            spacing: 0
 
-        Rectangle {
-            Layout.fillWidth: true
-            Layout.leftMargin: 16
-            Layout.rightMargin: 16
-            Layout.preferredHeight: rows.implicitHeight
-            radius: 10
-            color: "white"
-            clip: true
+            Label {
+                objectName: "feedbackText"
+                Layout.fillWidth: true
+                Layout.leftMargin: Theme.spacingLarge
+                Layout.rightMargin: Theme.spacingLarge
+                Layout.topMargin: Theme.spacingSmall
+                Layout.bottomMargin: Theme.spacingHuge
+                text: qsTr("Your feedback matters! Leave a review, suggest features, or report technical issues to help us improve your experience.")
+                wrapMode: Text.Wrap
+                font.pointSize: Theme.bodySize
+                color: Theme.secondaryText
+            }
 
-            ColumnLayout {
-                id: rows
-                anchors.fill: parent
-                spacing: 0
+            Rectangle {
+                Layout.fillWidth: true
+                Layout.leftMargin: Theme.spacingLarge
+                Layout.rightMargin: Theme.spacingLarge
+                Layout.preferredHeight: rows.implicitHeight
+                radius: Theme.radius
+                color: Theme.surface
+                clip: true
 
-                PageLinkRow {
-                    objectName: "leaveAFeedbackRow"
-                    caption: qsTr("Leave a Feedback")
-                    onClicked: sendFeedBackView.isLeaveAFeedBackSheetPresented = !sendFeedBackView.isLeaveAFeedBackSheetPresented
-                }
-                PageLinkRow {
-                    objectName: "suggestAFeatureRow"
-                    caption: qsTr("Suggest a Feature")
-                    onClicked: sendFeedBackView.isSuggestAFeaturePresented = !sendFeedBackView.isSuggestAFeaturePresented
-                }
-                PageLinkRow {
-                    objectName: "reportAProblemRow"
-                    caption: qsTr("Report a Problem")
-                    onClicked: sendFeedBackView.isReportAProblemSheetPresented = !sendFeedBackView.isReportAProblemSheetPresented
-                }
-                PageLinkRow {
-                    objectName: "shareWithFriendRow"
-                    divided: false
-                    caption: qsTr("Share with Friend")
-                    onClicked: sendFeedBackView.vm.service.shareApp()
+                ColumnLayout {
+                    id: rows
+                    anchors.fill: parent
+                    spacing: 0
+
+                    PageLinkRow {
+                        objectName: "leaveAFeedbackRow"
+                        caption: qsTr("Leave a Feedback")
+                        onClicked: sendFeedBackView.isLeaveAFeedBackSheetPresented = !sendFeedBackView.isLeaveAFeedBackSheetPresented
+                    }
+                    PageLinkRow {
+                        objectName: "suggestAFeatureRow"
+                        caption: qsTr("Suggest a Feature")
+                        onClicked: sendFeedBackView.isSuggestAFeaturePresented = !sendFeedBackView.isSuggestAFeaturePresented
+                    }
+                    PageLinkRow {
+                        objectName: "reportAProblemRow"
+                        caption: qsTr("Report a Problem")
+                        onClicked: sendFeedBackView.isReportAProblemSheetPresented = !sendFeedBackView.isReportAProblemSheetPresented
+                    }
+                    PageLinkRow {
+                        objectName: "shareWithFriendRow"
+                        divided: false
+                        caption: qsTr("Share with Friend")
+                        onClicked: sendFeedBackView.vm.service.shareApp()
+                    }
                 }
             }
         }

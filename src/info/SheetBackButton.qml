@@ -1,22 +1,21 @@
 import QtQuick
 import QtQuick.Controls
-import QtQuick.Controls.impl
-import Quieton.Info
+import Quieton.Core
 
 // The round back arrow of the about and feedback screens; it points the way
 // back in right-to-left layouts as well.
 ToolButton {
     id: back
     objectName: "backButton"
-    implicitWidth: 48
-    implicitHeight: 48
+    icon.source: "qrc:/Quieton/icons/arrow.backward.circle.svg"
+    icon.width: Theme.iconSize
+    icon.height: Theme.iconSize
+    icon.color: Theme.link
+    display: AbstractButton.IconOnly
     Accessible.name: qsTr("Back")
-    contentItem: IconImage {
-        source: "qrc:/Quieton/icons/arrow.backward.circle.svg"
-        sourceSize.width: 30
-        sourceSize.height: 30
-        fillMode: Image.Pad
-        color: back.pressed ? "#66AFFF" : "#007AFF"
-        mirror: Qt.application.layoutDirection === Qt.RightToLeft
+    Accessible.onPressAction: back.clicked()
+    transform: Scale {
+        origin.x: back.width / 2
+        xScale: Application.layoutDirection === Qt.RightToLeft ? -1 : 1
     }
 }

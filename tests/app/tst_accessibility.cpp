@@ -1,6 +1,7 @@
 // Every screen as a screen reader meets it, over a real vCard address book
 // and a real history file in temporary folders.
 #include "HistoryCallDataService.h"
+#include "PhoneDriver.h"
 #include "QuickTestSetup.h"
 #include "UserDefaultsService.h"
 #include "VCardFolderAddressBook.h"
@@ -29,7 +30,78 @@ public:
         return found;
     }
 
+    // The accessible tree of the window of `item` as a screen reader walks
+    // it, each node as { name, role, focusable, what, inList, shown }; a node
+    // in a list is shown when it lies in the list's area.
+    Q_INVOKABLE QVariantList nodes(QQuickItem *item) const
+    {
+        QVariantList found;
+        if (item && item->window())
+            walk(QAccessible::queryAccessibleInterface(item->window()), found);
+        return found;
+    }
+
+    // Runs the accessible action `action` ("press" or "toggle") of `item`
+    // as a screen reader does; false when the item does not offer it.
+    Q_INVOKABLE bool act(QQuickItem *item, const QString &action) const
+    {
+        const QString name = action == QLatin1String("toggle") ? QAccessibleActionInterface::toggleAction()
+                                                                : QAccessibleActionInterface::pressAction();
+        QAccessibleInterface *iface = item ? QAccessible::queryAccessibleInterface(item) : nullptr;
+        QAccessibleActionInterface *actions = iface ? iface->actionInterface() : nullptr;
+        if (!actions || !actions->actionNames().contains(name))
+            return false;
+        actions->doAction(name);
+        return true;
+    }
+
 private:
+    // What a running screen reader hears: the name set, or for a button
+    // its caption (Qt names buttons by their text once accessibility is on).
+    static QString spokenName(QQuickItem *item)
+    {
+        QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(item);
+        const QString name = iface ? iface->text(QAccessible::Name).trimmed() : QString();
+        if (name.isEmpty() && item->inherits("QQuickAbstractButton"))
+            return item->property("text").toString().trimmed();
+        return name;
+    }
+
+    static QString what(const QQuickItem *item)
+    {
+        return item->objectName() + QLatin1Char(' ') + QLatin1String(item->metaObject()->className());
+    }
+
+    // The list (item view) `item` lies in, if any.
+    static QQuickItem *listOf(QQuickItem *item)
+    {
+        for (QQuickItem *up = item ? item->parentItem() : nullptr; up; up = up->parentItem()) {
+            if (up->inherits("QQuickItemView"))
+                return up;
+        }
+        return nullptr;
+    }
+
+    static void walk(QAccessibleInterface *iface, QVariantList &found)
+    {
+        if (!iface || !iface->isValid() || iface->state().invisible)
+            return;
+        if (auto *item = qobject_cast<QQuickItem *>(iface->object())) {
+            const QQuickItem *list = listOf(item);
+            const QRectF shown = list ? list->mapRectToScene(list->boundingRect()) : QRectF();
+            found.append(QVariantMap{
+                { QStringLiteral("name"), spokenName(item) },
+                { QStringLiteral("role"), int(iface->role()) },
+                { QStringLiteral("focusable"), bool(iface->state().focusable) },
+                { QStringLiteral("what"), what(item) },
+                { QStringLiteral("inList"), list != nullptr },
+                { QStringLiteral("shown"), !list || shown.intersects(item->mapRectToScene(item->boundingRect())) },
+            });
+        }
+        for (int i = 0; i < iface->childCount(); ++i)
+            walk(iface->child(i), found);
+    }
+
     static bool takesInput(const QQuickItem *item)
     {
         if (item->inherits("QQuickAbstractButton") || item->inherits("QQuickTextInput")
@@ -50,18 +122,11 @@ private:
         if (!item->isVisible() || !item->isEnabled())
             return;
         if (takesInput(item)) {
-            const auto spokenName = [](QQuickItem *spoken) {
-                QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(spoken);
-                return iface ? iface->text(QAccessible::Name) : QString();
-            };
             QString name = spokenName(item);
             // A mouse area speaks through the item it lies on.
-            if (name.trimmed().isEmpty() && item->inherits("QQuickMouseArea") && item->parentItem())
+            if (name.isEmpty() && item->inherits("QQuickMouseArea") && item->parentItem())
                 name = spokenName(item->parentItem());
-            // A button's caption becomes its name when asked for; a text field's content is no name.
-            if (name.trimmed().isEmpty() && item->inherits("QQuickAbstractButton"))
-                name = item->property("text").toString();
-            found.append(QVariantMap{ { QStringLiteral("name"), name.trimmed() }, { QStringLiteral("what"), item->objectName() + QLatin1Char(' ') + QLatin1String(item->metaObject()->className()) } });
+            found.append(QVariantMap{ { QStringLiteral("name"), name }, { QStringLiteral("what"), what(item) } });
         }
         for (QQuickItem *child : item->childItems())
             collect(child, found);
@@ -88,6 +153,7 @@ protected:
     void publish(QQmlContext *context) override
     {
         context->setContextProperty(QStringLiteral("screenReader"), new ScreenReader);
+        context->setContextProperty(QStringLiteral("phone"), new PhoneDriver(testApp()));
     }
 };
 

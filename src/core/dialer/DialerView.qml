@@ -1,12 +1,11 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
-import QtQuick.Controls.impl
 import QtQuick.Layouts
 import Quieton.Core
 
 // The dialler tab: the typed number, a telephone keypad, the two per-call
-// choices and the call button.
+// choices and the call button. In landscape the keypad stands beside the rest.
 Page {
     id: dialerView
     objectName: "dialerView"
@@ -15,13 +14,21 @@ Page {
     readonly property Service service: vm.service
     property bool showingErrorDialNumberAlert: false
 
-    // Sizes follow the space the tab gets (and so the text size of the window).
-    readonly property real keySize: Math.max(52, Math.min(80, (width - 96) / 3, (height - 380) / 4.6))
-    readonly property color callGreen: "#34C759"
-    readonly property color inactiveGrey: "#C7C7CC"
+    readonly property bool landscape: width > height
+    // The keys grow a step with each text size step above the default. In
+    // landscape they shrink to the height the screen has (never below a
+    // finger); in portrait the page scrolls instead.
+    readonly property int category: Theme.sizeCategory === ContentSizeCategory.Unspecified ? ContentSizeCategory.Large : Theme.sizeCategory
+    readonly property real preferredKeySize: Math.min(88, 64 + 4 * Math.max(0, category - ContentSizeCategory.Large))
+    readonly property real keySpacing: landscape ? Theme.spacingSmall : Theme.spacingLarge
+    readonly property real keySize: Math.max(Theme.touchTarget, Math.min(preferredKeySize,
+        (width / (landscape ? 2 : 1) - 2 * Theme.spacingLarge - 2 * keySpacing) / 3,
+        landscape ? (height - 2 * Theme.spacingSmall - 4 * keySpacing - deleteKey.implicitHeight) / 4 : preferredKeySize))
 
+    Accessible.role: Accessible.PageTab
+    // Named as its tab is.
+    Accessible.name: qsTranslate("MainView", "Dialer")
     focus: true
-    background: Rectangle { color: "white" }
 
     // Called by the main screen each time the tab is shown.
     function appeared() {
@@ -34,13 +41,6 @@ Page {
             return
         if (vm.call())
             showingErrorDialNumberAlert = true
-    }
-
-    onShowingErrorDialNumberAlertChanged: {
-        if (showingErrorDialNumberAlert)
-            errorAlert.open()
-        else
-            errorAlert.close()
     }
 
     // A keyboard works as well: digits, * and #, Backspace, Enter to call.
@@ -59,236 +59,270 @@ Page {
         }
     }
 
-    ColumnLayout {
+    // Portrait: number, keypad, choices and call in one column that scrolls
+    // when the largest text needs it. Landscape: the keypad beside it.
+    RowLayout {
         anchors.fill: parent
-        anchors.leftMargin: 24
-        anchors.rightMargin: 24
-        anchors.topMargin: 12
-        anchors.bottomMargin: 12
         spacing: 0
 
-        // 1. The number, read-only: the keypad is the way to type.
-        Label {
-            id: numberDisplay
-            objectName: "numberDisplay"
+        Flickable {
+            id: scroller
             Layout.fillWidth: true
-            Layout.preferredHeight: 76
-            text: dialerView.vm.numberPhoneTyping
-            font.bold: true
-            font.pixelSize: 40
-            fontSizeMode: Text.HorizontalFit
-            minimumPixelSize: 20
-            elide: Text.ElideLeft
-            horizontalAlignment: Text.AlignHCenter
-            verticalAlignment: Text.AlignVCenter
-            color: "#1C1C1E"
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
-        }
+            Layout.fillHeight: true
+            contentWidth: width
+            contentHeight: content.height
+            clip: true
+            boundsBehavior: Flickable.StopAtBounds
+            // Shows where the content is; nothing a screen reader stops at.
+            ScrollIndicator.vertical: ScrollIndicator { Accessible.ignored: true }
 
-        Item { Layout.fillHeight: true; Layout.minimumHeight: 4 }
+            ColumnLayout {
+                id: content
+                width: scroller.width
+                height: Math.max(scroller.height, implicitHeight)
+                spacing: Theme.spacing
 
-        // 2. The keypad.
-        GridLayout {
-            id: keypad
-            objectName: "keypad"
-            Layout.alignment: Qt.AlignHCenter
-            columns: 3
-            rowSpacing: Math.round(dialerView.keySize * 0.2)
-            columnSpacing: Math.round(dialerView.keySize * 0.4)
-
-            Repeater {
-                model: [
-                    { key: "1", spoken: "1" }, { key: "2", spoken: "2" }, { key: "3", spoken: "3" },
-                    { key: "4", spoken: "4" }, { key: "5", spoken: "5" }, { key: "6", spoken: "6" },
-                    { key: "7", spoken: "7" }, { key: "8", spoken: "8" }, { key: "9", spoken: "9" },
-                    { key: "*", spoken: qsTr("asterisk") }, { key: "0", spoken: "0" }, { key: "#", spoken: qsTr("pound") }
-                ]
-                delegate: KeypadKey {
-                    required property var modelData
-                    caption: modelData.key
-                    diameter: dialerView.keySize
-                    objectName: "key" + modelData.key
-                    Accessible.name: modelData.spoken
-                    onClicked: dialerView.vm.appendDigit(caption)
+                // 1. The number, read-only: the keypad is the way to type.
+                Label {
+                    id: numberDisplay
+                    objectName: "numberDisplay"
+                    Layout.fillWidth: true
+                    Layout.fillHeight: true
+                    Layout.margins: Theme.spacingLarge
+                    Layout.bottomMargin: 0
+                    text: dialerView.vm.numberPhoneTyping
+                    font.bold: true
+                    font.pointSize: Theme.largeTitleSize
+                    // A long number wraps rather than run off the screen.
+                    wrapMode: Text.WrapAnywhere
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                    // The height of one line even while empty.
+                    Layout.minimumHeight: Math.max(fontMetrics.height, implicitHeight)
+                    FontMetrics { id: fontMetrics; font: numberDisplay.font }
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
+                    // Nothing to read while nothing is typed.
+                    Accessible.ignored: text.length === 0
                 }
-            }
 
-            // 3. Delete, under the # key: a tap removes the last character,
-            // holding it for a second clears the number.
-            Item { Layout.preferredWidth: dialerView.keySize; Layout.preferredHeight: 44 }
-            Item { Layout.preferredWidth: dialerView.keySize; Layout.preferredHeight: 44 }
-            AbstractButton {
-                id: deleteKey
-                objectName: "deleteKey"
-                Layout.preferredWidth: dialerView.keySize
-                Layout.preferredHeight: 44
-                focusPolicy: Qt.NoFocus
-                opacity: dialerView.vm.numberPhoneTyping.length > 0 ? 1 : 0.35
-                Accessible.role: Accessible.Button
-                Accessible.name: qsTr("Delete")
-                Accessible.description: qsTr("Hold to clear the number")
+                // 2. The keypad's place in portrait.
+                Item {
+                    id: inlineKeypadSlot
+                    visible: !dialerView.landscape
+                    Layout.fillWidth: true
+                    Layout.preferredHeight: keypad.implicitHeight
+                }
 
-                property point pressPoint
-                readonly property int longPressMs: 1000
-                readonly property real maximumMovement: 10
+                // 4. The per-call choices and 5. the call button.
+                ColumnLayout {
+                    Layout.fillWidth: true
+                    Layout.leftMargin: Theme.spacingLarge
+                    Layout.rightMargin: Theme.spacingLarge
+                    Layout.bottomMargin: Theme.spacingSmall
+                    Layout.minimumHeight: implicitHeight
+                    spacing: 0
 
-                contentItem: Item {
-                    IconImage {
-                        anchors.centerIn: parent
-                        source: "qrc:/Quieton/icons/delete.left.svg"
-                        sourceSize.width: 30
-                        sourceSize.height: 30
-                        color: deleteKey.pressed ? "#8E8E93" : "#3A3A3C"
+                    Divider { }
+                    ChoiceSwitch {
+                        objectName: "hiddenNumberRow"
+                        text: qsTr("Hidden Number")
+                        checked: dialerView.vm.toggleHiddenNumber
+                        onToggled: dialerView.vm.toggleHiddenNumber = checked
+                    }
+                    Divider { }
+                    ChoiceSwitch {
+                        objectName: "saveToHistoryRow"
+                        text: qsTr("Save to History")
+                        checked: dialerView.vm.toggleSaveToHistory
+                        onToggled: dialerView.vm.toggleSaveToHistory = checked
+                    }
+                    Divider { }
+
+                    RoundButton {
+                        id: callButton
+                        objectName: "callButton"
+                        Layout.alignment: Qt.AlignHCenter
+                        Layout.topMargin: Theme.spacingSmall
+                        enabled: dialerView.vm.numberPhoneTyping.length > 0
+                        focusPolicy: Qt.NoFocus
+                        padding: 0
+                        flat: true
+                        // The symbol at font size 80, green while there is a number to call.
+                        icon.source: "qrc:/Quieton/icons/phone.circle.fill.svg"
+                        icon.width: 80
+                        icon.height: 80
+                        icon.color: enabled ? Theme.call : Theme.separator
+                        display: AbstractButton.IconOnly
+                        scale: pressed ? 0.92 : 1
+                        Behavior on scale { NumberAnimation { duration: 90 } }
+                        Accessible.name: qsTr("Call")
+                        Accessible.onPressAction: clicked()
+                        // The symbol's handset is cut out of the disc: this shows through.
+                        background: Rectangle {
+                            implicitWidth: 80
+                            implicitHeight: 80
+                            radius: width / 2
+                            color: Theme.textOnAccent
+                            scale: 0.75
+                        }
+                        onClicked: dialerView.call()
                     }
                 }
-                background: null
-
-                onPressed: {
-                    pressPoint = Qt.point(pressX, pressY)
-                    holdTimer.restart()
-                }
-                onPressXChanged: checkMovement()
-                onPressYChanged: checkMovement()
-                onReleased: holdTimer.stop()
-                onCanceled: holdTimer.stop()
-                onClicked: dialerView.vm.deleteLast()
-
-                function checkMovement() {
-                    if (!pressed)
-                        return
-                    const dx = pressX - pressPoint.x
-                    const dy = pressY - pressPoint.y
-                    if (Math.sqrt(dx * dx + dy * dy) > maximumMovement)
-                        holdTimer.stop()
-                }
-
-                Timer {
-                    id: holdTimer
-                    interval: deleteKey.longPressMs
-                    onTriggered: dialerView.vm.clear()
-                }
             }
         }
 
-        Item { Layout.fillHeight: true; Layout.minimumHeight: 4 }
-
-        // 4. The per-call choices.
-        Divider { }
-        ChoiceRow {
-            objectName: "hiddenNumberRow"
-            caption: qsTr("Hidden Number")
-            checked: dialerView.vm.toggleHiddenNumber
-            onToggled: (on) => { dialerView.vm.toggleHiddenNumber = on }
-        }
-        Divider { }
-        ChoiceRow {
-            objectName: "saveToHistoryRow"
-            caption: qsTr("Save to History")
-            checked: dialerView.vm.toggleSaveToHistory
-            onToggled: (on) => { dialerView.vm.toggleSaveToHistory = on }
-        }
-        Divider { }
-
-        Item { Layout.fillHeight: true; Layout.minimumHeight: 4 }
-
-        // 5. Call.
-        AbstractButton {
-            id: callButton
-            objectName: "callButton"
-            Layout.alignment: Qt.AlignHCenter
-            Layout.preferredWidth: 88
-            Layout.preferredHeight: 88
-            enabled: dialerView.vm.numberPhoneTyping.length > 0
-            focusPolicy: Qt.NoFocus
-            Accessible.role: Accessible.Button
-            Accessible.name: qsTr("Call")
-            readonly property color tint: enabled ? dialerView.callGreen : dialerView.inactiveGrey
-
-            contentItem: Item {
-                // The symbol's handset is cut out of the disc: white shows through.
-                Rectangle {
-                    anchors.centerIn: parent
-                    width: 62; height: 62; radius: 31
-                    color: "white"
-                }
-                IconImage {
-                    anchors.centerIn: parent
-                    source: "qrc:/Quieton/icons/phone.circle.fill.svg"
-                    sourceSize.width: 80
-                    sourceSize.height: 80
-                    color: callButton.tint
-                    scale: callButton.pressed ? 0.92 : 1
-                    Behavior on scale { NumberAnimation { duration: 90 } }
-                }
-            }
-            background: null
-            onClicked: dialerView.call()
+        // 2. The keypad's place in landscape.
+        Item {
+            id: sideKeypadSlot
+            visible: dialerView.landscape
+            Layout.fillHeight: true
+            Layout.preferredWidth: dialerView.width / 2
         }
     }
 
-    // 6. The shared dialling-error alert.
+    // 2. The keypad, with 3. delete under the # key.
+    GridLayout {
+        id: keypad
+        objectName: "keypad"
+        parent: dialerView.landscape ? sideKeypadSlot : inlineKeypadSlot
+        anchors.centerIn: parent
+        columns: 3
+        rowSpacing: dialerView.keySpacing
+        columnSpacing: dialerView.keySpacing
+
+        Repeater {
+            model: [
+                { key: "1", spoken: "1" }, { key: "2", spoken: "2" }, { key: "3", spoken: "3" },
+                { key: "4", spoken: "4" }, { key: "5", spoken: "5" }, { key: "6", spoken: "6" },
+                { key: "7", spoken: "7" }, { key: "8", spoken: "8" }, { key: "9", spoken: "9" },
+                { key: "*", spoken: qsTr("asterisk") }, { key: "0", spoken: "0" }, { key: "#", spoken: qsTr("pound") }
+            ]
+            delegate: KeypadKey {
+                required property var modelData
+                objectName: "key" + modelData.key
+                text: modelData.key
+                diameter: dialerView.keySize
+                Accessible.name: modelData.spoken
+                onClicked: dialerView.vm.appendDigit(text)
+            }
+        }
+
+        // A tap removes the last character; held for a second
+        // (moving at most 10 points) it clears the number.
+        Item { Layout.columnSpan: 2; Layout.fillWidth: true; Accessible.ignored: true }
+        ToolButton {
+            id: deleteKey
+            objectName: "deleteKey"
+            Layout.alignment: Qt.AlignHCenter
+            focusPolicy: Qt.NoFocus
+            icon.source: "qrc:/Quieton/icons/delete.left.svg"
+            icon.width: Theme.iconSize * 1.5
+            icon.height: Theme.iconSize * 1.5
+            icon.color: pressed ? Theme.secondaryText : Theme.text
+            opacity: dialerView.vm.numberPhoneTyping.length > 0 ? 1 : 0.35
+            Accessible.name: qsTr("Delete")
+            Accessible.description: qsTr("Hold to clear the number")
+            Accessible.onPressAction: clicked()
+
+            property point pressPoint
+            readonly property int longPressMs: 1000
+            readonly property real maximumMovement: 10
+
+            onPressed: {
+                pressPoint = Qt.point(pressX, pressY)
+                holdTimer.restart()
+            }
+            onPressXChanged: checkMovement()
+            onPressYChanged: checkMovement()
+            onReleased: holdTimer.stop()
+            onCanceled: holdTimer.stop()
+            onClicked: dialerView.vm.deleteLast()
+
+            function checkMovement() {
+                if (!pressed)
+                    return
+                const dx = pressX - pressPoint.x
+                const dy = pressY - pressPoint.y
+                if (Math.sqrt(dx * dx + dy * dy) > maximumMovement)
+                    holdTimer.stop()
+            }
+
+            Timer {
+                id: holdTimer
+                interval: deleteKey.longPressMs
+                onTriggered: dialerView.vm.clear()
+            }
+        }
+    }
+
+    // 6. The shared dialling-error alert, up while the flag is.
     DialErrorAlert {
         id: errorAlert
         objectName: "dialErrorAlert"
         service: dialerView.service
+        visible: dialerView.showingErrorDialNumberAlert
         onClosed: dialerView.showingErrorDialNumberAlert = false
     }
 
-    // One round keypad key.
-    component KeypadKey: AbstractButton {
+    // One round keypad key; its digit grows with the text but always fits.
+    component KeypadKey: RoundButton {
         id: key
-        property string caption
-        property real diameter: 72
+        property real diameter: Theme.touchTarget
         Layout.preferredWidth: diameter
         Layout.preferredHeight: diameter
         focusPolicy: Qt.NoFocus
-        Accessible.role: Accessible.Button
+        padding: 0
+        Accessible.onPressAction: key.clicked()
         background: Rectangle {
             radius: width / 2
-            color: key.pressed ? "#D1D1D6" : "#F2F2F7"
+            color: key.pressed ? Theme.pressed : Theme.raised
             Behavior on color { ColorAnimation { duration: 80 } }
         }
-        contentItem: Text {
-            text: key.caption
-            font.pixelSize: Math.round(key.diameter * (key.caption === "*" ? 0.55 : 0.42))
-            font.weight: Font.Normal
-            color: "#1C1C1E"
+        contentItem: Label {
+            text: key.text
+            font.pointSize: Theme.titleSize * 1.4
+            fontSizeMode: Text.Fit
+            minimumPointSize: Theme.footnoteSize
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
             // The asterisk sits high in most fonts.
-            topPadding: key.caption === "*" ? Math.round(key.diameter * 0.14) : 0
+            topPadding: key.text === "*" ? key.diameter * 0.14 : 0
+            Accessible.ignored: true
         }
     }
 
     component Divider: Rectangle {
         Layout.fillWidth: true
-        Layout.preferredHeight: 1
-        color: "#E5E5EA"
+        implicitHeight: 1
+        color: Theme.separator
     }
 
-    component ChoiceRow: RowLayout {
-        id: row
-        property string caption
-        property bool checked
-        signal toggled(bool on)
+    // A per-call choice: its caption and a switch, the whole row toggles.
+    component ChoiceSwitch: SwitchDelegate {
+        id: choice
         Layout.fillWidth: true
-        Layout.preferredHeight: 52
-        spacing: 12
-
-        Label {
-            Layout.fillWidth: true
-            text: row.caption
-            font.pixelSize: 17
-            font.weight: Font.DemiBold
-            color: "#1C1C1E"
+        leftPadding: 0
+        rightPadding: 0
+        focusPolicy: Qt.NoFocus
+        font.pointSize: Theme.headlineSize
+        font.bold: true
+        Accessible.name: text
+        Accessible.onPressAction: choice.toggleByReader()
+        Accessible.onToggleAction: choice.toggleByReader()
+        background: null
+        contentItem: Label {
+            text: choice.text
+            font: choice.font
+            wrapMode: Text.Wrap
+            rightPadding: choice.indicator.width + choice.spacing
+            verticalAlignment: Text.AlignVCenter
+            Accessible.ignored: true
         }
-        Switch {
-            objectName: "switch"
-            checked: row.checked
-            focusPolicy: Qt.NoFocus
-            Accessible.name: row.caption
-            onToggled: row.toggled(checked)
+
+        function toggleByReader() {
+            toggle()
+            toggled()
         }
     }
 }

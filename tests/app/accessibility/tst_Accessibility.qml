@@ -6,8 +6,9 @@ import Quieton.Lists
 import Quieton.Settings
 import Quieton.App
 
-// Every control a person can press or type into, on every screen and in the
-// dialogs those screens open, tells a screen reader what it is.
+// Every screen and the dialogs it opens as a screen reader meets them: each
+// control named and pressable through its accessible action, panes and
+// dialogs named, nothing unnamed focusable, lists exposing only rows shown.
 TestCase {
     id: testCase
     name: "Accessibility"
@@ -23,6 +24,10 @@ TestCase {
     Component { id: settingComponent; SettingView { id: settingView4; vm: testApp.createSettingViewModel(settingView4); anchors.fill: parent } }
     Component { id: updateAlertComponent; AppUpdateAlert { checker: testApp.checkNewVersionService } }
     Component { id: confirmationComponent; CallConfirmationDialog { confirmation: testApp.confirmation; } }
+
+    // What must carry a name when a screen reader lands on it.
+    readonly property var containerRoles: [Accessible.Pane, Accessible.Dialog, Accessible.PageTab,
+                                           Accessible.AlertMessage, Accessible.LayeredPane]
 
     function show(component, properties) {
         const view = createTemporaryObject(component, testCase, properties)
@@ -46,28 +51,85 @@ TestCase {
             verify(spoken.indexOf(name) >= 0, where + ": no control named \"" + name + "\" in " + JSON.stringify(spoken))
     }
 
+    // The accessible tree: panes, pages and dialogs named, nothing unnamed
+    // focusable, every list row on screen. `known` maps a check ("panes",
+    // "focus", "rows") to the file whose fault makes it fail today.
+    function checkTree(where, known) {
+        wait(0)
+        const nodes = screenReader.nodes(testCase)
+        const checks = [
+            ["panes", nodes.filter(n => testCase.containerRoles.indexOf(n.role) >= 0 && !n.name).map(n => n.what)],
+            ["focus", nodes.filter(n => n.focusable && !n.name).map(n => n.what)],
+            ["rows", nodes.filter(n => n.inList && !n.shown).map(n => n.name + " (" + n.what + ")")],
+        ]
+        for (const [check, faults] of checks) {
+            if (known && known[check])
+                expectFailContinue("", known[check])
+            compare(faults, [], where + ": " + check)
+        }
+    }
+
     // Opens `popup` with `open`, checks what it says, and closes it with `close`.
-    function expectInPopup(popup, expected, open, close) {
+    function expectInPopup(popup, expected, open, close, known) {
         open()
         tryCompare(popup, "opened", true)
         expectNames(popup.objectName || expected.join(), expected)
+        checkTree(popup.objectName || expected.join(), known)
         close()
         tryVerify(() => !popup.visible) // an update alert removes itself
     }
 
+    // A screen reader's press on a dialog's button does what a tap does.
+    function pressClosesDialog(dialog, button, known) {
+        verify(screenReader.act(button, "press"), button.text + " offers no press action")
+        if (known)
+            expectFailContinue("", known)
+        compare(dialog.opened, false, button.text + " pressed by a screen reader leaves the dialog open")
+        dialog.close()
+        tryVerify(() => !dialog.visible)
+    }
+
     function test_mainView() {
-        show(mainViewComponent)
+        const view = show(mainViewComponent)
         expectNames("main screen", ["Dialer", "Contacts", "History", "Settings"])
+        checkTree("main screen")
+        const tabs = findChild(view, "tabBar")
+        verify(screenReader.act(tabs.itemAt(2), "press"))
+        compare(view.vm.selectedTab, 2)
+        verify(screenReader.act(tabs.itemAt(0), "press"))
+        compare(view.vm.selectedTab, 0)
     }
 
     function test_dialer() {
         const view = show(dialerComponent)
-        expectNames("empty dialler", ["asterisk", "pound", "Delete"])
-        mouseClick(findChild(view, "key5"))
-        compare(view.vm.numberPhoneTyping, "5")
+        view.appeared()
+        expectNames("empty dialler", ["asterisk", "pound", "Delete", "Hidden Number", "Save to History"])
+        checkTree("dialler")
+
+        // Every key types its character; delete takes the last one back.
+        for (const key of "123456789*0#")
+            verify(screenReader.act(findChild(view, "key" + key), "press"), key)
+        compare(view.vm.numberPhoneTyping, "123456789*0#")
+        screenReader.act(findChild(view, "deleteKey"), "press")
+        compare(view.vm.numberPhoneTyping, "123456789*0")
+
+        // The switches toggle, through either action.
+        const hidden = view.vm.toggleHiddenNumber
+        verify(screenReader.act(findChild(view, "hiddenNumberRow"), "toggle"))
+        compare(view.vm.toggleHiddenNumber, !hidden)
+        verify(screenReader.act(findChild(view, "saveToHistoryRow"), "press"))
+        compare(view.vm.toggleSaveToHistory, false)
+
+        // The call button calls; a failed call's alert is closed by its "OK".
         expectNames("dialler with a number", ["Call"])
+        phone.setCallsPossible(false)
+        verify(screenReader.act(findChild(view, "callButton"), "press"))
         const alert = findChild(view, "dialErrorAlert")
-        expectInPopup(alert, ["OK"], () => alert.open(), () => alert.close())
+        tryCompare(alert, "opened", true)
+        checkTree("dialling error", { panes: "src/core/DialErrorAlert.qml: the alert has no title, so no name" })
+        pressClosesDialog(alert, alert.footer.itemAt(0), "src/core/DialErrorAlert.qml: OK has no press action")
+        service.acknowledgeCallFailure()
+        phone.setCallsPossible(true)
     }
 
     function test_contacts() {
@@ -76,10 +138,21 @@ TestCase {
         tryCompare(view.vm.visibleContacts, "count", 2)
         tryVerify(() => findChild(view, "contactRow1") !== null)
         expectNames("contacts", ["Anna Smith, 0601", ", 0602"])
+        checkTree("contacts", { panes: "src/lists/ContactsView.qml: the screen has no name",
+                                focus: "src/lists/ContactsView.qml: the screen has no name" })
+
+        // After a search only the row found is there for a screen reader.
+        view.vm.searchText = "Anna"
+        tryCompare(view.vm.visibleContacts, "count", 1)
+        waitForRendering(view)
+        compare(screenReader.nodes(testCase).filter(n => n.inList && n.name).map(n => n.name), ["Anna Smith, 0601"])
+        view.vm.searchText = ""
 
         const dialog = findChild(view, "callPrivacyDialog")
         expectInPopup(dialog, ["Private dialing", "Normal Dialing", "Cancel"],
-                      () => mouseClick(findChild(view, "contactRow0")), () => dialog.reject())
+                      () => mouseClick(findChild(view, "contactRow0")), () => dialog.reject(),
+                      { panes: "src/lists/CallPrivacyDialog.qml: the dialog is not named by its title",
+                        focus: "src/lists/ContactsView.qml: the screen under the dialog has no name" })
     }
 
     function test_history() {
@@ -87,6 +160,8 @@ TestCase {
         tryCompare(view.vm.filteredContacts, "count", 2)
         tryVerify(() => findChild(view, "historyRow_1") !== null)
         names("history")
+        checkTree("history", { panes: "src/lists/HistoryView.qml: the screen has no name",
+                               focus: "src/lists/HistoryView.qml: the screen and its Edit button have no name" })
 
         mouseClick(findChild(view, "editButton"))
         const spoken = names("history in edit mode")
@@ -96,14 +171,27 @@ TestCase {
     function test_settings() {
         const view = show(settingComponent)
         names("settings")
+        checkTree("settings", { panes: "src/settings/SettingView.qml: the screen has no name",
+                                focus: "src/settings/SettingView.qml: the screen has no name" })
 
         const popups = [["showingPrefixByCountry", "countryDialog", ["Cancel"]],
                         ["showingIsResetSetting", "resetDialog", ["Reset"]],
                         ["showingIsClearAll", "clearAllDialog", ["Clear All"]],
-                        ["isAboutPresented", "aboutCover", ["Back"]],
-                        ["isSendFeedBackPresented", "feedbackCover", ["Report a Problem"]]]
+                        ["isAboutPresented", "aboutCover", ["Back", "Privacy", "Terms Of Use"]],
+                        ["isSendFeedBackPresented", "feedbackCover", ["Back", "Report a Problem"]]]
         for (const [flag, name, captions] of popups)
-            expectInPopup(findChild(view, name), captions, () => view[flag] = true, () => view[flag] = false)
+            expectInPopup(findChild(view, name), captions, () => view[flag] = true, () => view[flag] = false,
+                          { panes: "src/settings/SettingCover.qml, SettingAlert.qml, SettingConfirmAlert.qml: covers and alerts have no name",
+                            focus: "src/settings/SettingView.qml: the screen under the cover has no name",
+                            rows: name === "countryDialog" ? "src/settings/SettingView.qml: the country list exposes rows below its edge" : "" })
+
+        // A cover has one "Back", not its own beside the screen's.
+        view.isAboutPresented = true
+        tryCompare(findChild(view, "aboutCover"), "opened", true)
+        const backs = names("about cover").filter(n => n === "Back")
+        expectFailContinue("", "src/settings/SettingCover.qml: the cover adds a second Back")
+        compare(backs.length, 1)
+        view.isAboutPresented = false
 
         view.showingPrefixEditManually = true
         tryVerify(() => findChild(view, "prefixField").visible)
@@ -116,6 +204,7 @@ TestCase {
         const alerts = [[createTemporaryObject(updateAlertComponent, testCase, { version: "9.9" }), ["Not now", "Update Now"]],
                         [createTemporaryObject(confirmationComponent, testCase), ["Cancel", "Call"]]]
         for (const [alert, captions] of alerts)
-            expectInPopup(alert, captions, () => alert.open(), () => alert.close())
+            expectInPopup(alert, captions, () => alert.open(), () => alert.close(),
+                          { panes: "src/info/AppUpdateAlert.qml, src/app/CallConfirmationDialog.qml: not named by their titles" })
     }
 }

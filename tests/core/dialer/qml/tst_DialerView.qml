@@ -105,8 +105,8 @@ TestCase {
 
     function test_switchesAreTheDiallersOwnAndComeBackFromTheSettings() {
         const view = createDialer()
-        const hidden = findChild(findChild(view, "hiddenNumberRow"), "switch")
-        const save = findChild(findChild(view, "saveToHistoryRow"), "switch")
+        const hidden = findChild(view, "hiddenNumberRow")
+        const save = findChild(view, "saveToHistoryRow")
         verify(hidden.checked && save.checked)
 
         mouseClick(save)
