@@ -29,14 +29,17 @@ ApplicationWindow {
         sourceComponent: window.app.hasCompletedFirstLaunch ? mainComponent : welcomeComponent
     }
 
+    // The Loader makes these in the window's context, so `window` is known
+    // to them; qmllint cannot see that without a bound component, which a
+    // Loader cannot make in Qt 6.4.
     Component {
         id: welcomeComponent
-        WelcomeView { id: welcome; vm: window.app.createWelcomeViewModel(welcome) }
+        WelcomeView { id: welcome; vm: window.app.createWelcomeViewModel(welcome) } // qmllint disable unqualified
     }
 
     Component {
         id: mainComponent
-        MainView { app: window.app }
+        MainView { app: window.app } // qmllint disable unqualified
     }
 
     // The question before a call is placed in the user's name.

@@ -130,14 +130,6 @@
 <context>
     <name>ContactsView</name>
     <message>
-        <source>Search</source>
-        <translation>Suchen</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-    <message>
         <source>Sort by</source>
         <translation>Sortieren nach</translation>
     </message>
@@ -172,6 +164,14 @@
     <message>
         <source>No Contacts Found</source>
         <translation>Keine Kontakte gefunden</translation>
+    </message>
+    <message>
+        <source>Contacts</source>
+        <translation>Kontakte</translation>
+    </message>
+    <message>
+        <source>Contact list</source>
+        <translation>Kontaktliste</translation>
     </message>
 </context>
 <context>
@@ -305,15 +305,30 @@
     </message>
 </context>
 <context>
+    <name>HistoryRow</name>
+    <message>
+        <source>N/A</source>
+        <translation>k. A.</translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation>Nummer unterdrückt</translation>
+    </message>
+    <message>
+        <source>Normal Dialing</source>
+        <translation>Normal anrufen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>%1 löschen</translation>
+    </message>
+</context>
+<context>
     <name>HistoryView</name>
-    <message>
-        <source>Search</source>
-        <translation>Suchen</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
     <message>
         <source>Total Contacts</source>
         <translation>Kontakte insgesamt</translation>
@@ -335,24 +350,16 @@
         <translation>Denken Sie daran: Schalten Sie unter „Optionen“ die Einstellung „Immer im Verlauf speichern“ ein, damit Ihre Anrufe gespeichert werden.</translation>
     </message>
     <message>
-        <source>N/A</source>
-        <translation>k. A.</translation>
-    </message>
-    <message>
-        <source>Hidden</source>
-        <translation>Nummer unterdrückt</translation>
-    </message>
-    <message>
-        <source>Normal Dialing</source>
-        <translation>Normaler Anruf</translation>
-    </message>
-    <message>
         <source>Delete</source>
         <translation>Löschen</translation>
     </message>
     <message>
-        <source>Delete %1</source>
-        <translation>%1 löschen</translation>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Call history</source>
+        <translation>Anrufverlauf</translation>
     </message>
 </context>
 <context>
@@ -397,13 +404,6 @@
     </message>
 </context>
 <context>
-    <name>PopupView</name>
-    <message>
-        <source>Dismiss</source>
-        <translation>Schließen</translation>
-    </message>
-</context>
-<context>
     <name>PrefixChoiceAlert</name>
     <message>
         <source>There are several prefixes that can private your number. Please choose one.</source>
@@ -436,6 +436,10 @@
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
+    <message>
+        <source>Edit Manually</source>
+        <translation>Manuell bearbeiten</translation>
+    </message>
 </context>
 <context>
     <name>PrefixSection</name>
@@ -454,6 +458,17 @@
     <message>
         <source>Edit by country</source>
         <translation>Nach Land auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>SearchBar</name>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>

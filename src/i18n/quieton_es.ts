@@ -130,14 +130,6 @@
 <context>
     <name>ContactsView</name>
     <message>
-        <source>Search</source>
-        <translation>Buscar</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancelar</translation>
-    </message>
-    <message>
         <source>Sort by</source>
         <translation>Ordenar por</translation>
     </message>
@@ -172,6 +164,14 @@
     <message>
         <source>No Contacts Found</source>
         <translation>No se encontraron contactos</translation>
+    </message>
+    <message>
+        <source>Contacts</source>
+        <translation>Contactos</translation>
+    </message>
+    <message>
+        <source>Contact list</source>
+        <translation>Lista de contactos</translation>
     </message>
 </context>
 <context>
@@ -305,15 +305,30 @@
     </message>
 </context>
 <context>
+    <name>HistoryRow</name>
+    <message>
+        <source>N/A</source>
+        <translation>N/D</translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation>Número oculto</translation>
+    </message>
+    <message>
+        <source>Normal Dialing</source>
+        <translation>Llamada normal</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Borrar</translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>Eliminar %1</translation>
+    </message>
+</context>
+<context>
     <name>HistoryView</name>
-    <message>
-        <source>Search</source>
-        <translation>Buscar</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancelar</translation>
-    </message>
     <message>
         <source>Total Contacts</source>
         <translation>Total de contactos</translation>
@@ -335,24 +350,16 @@
         <translation>Recuerda: activa «Guardar siempre en el historial» en Ajustes para guardar tus llamadas.</translation>
     </message>
     <message>
-        <source>N/A</source>
-        <translation>N/D</translation>
-    </message>
-    <message>
-        <source>Hidden</source>
-        <translation>Número oculto</translation>
-    </message>
-    <message>
-        <source>Normal Dialing</source>
-        <translation>Llamada normal</translation>
-    </message>
-    <message>
         <source>Delete</source>
         <translation>Eliminar</translation>
     </message>
     <message>
-        <source>Delete %1</source>
-        <translation>Eliminar %1</translation>
+        <source>History</source>
+        <translation>Historial</translation>
+    </message>
+    <message>
+        <source>Call history</source>
+        <translation>Historial de llamadas</translation>
     </message>
 </context>
 <context>
@@ -397,13 +404,6 @@
     </message>
 </context>
 <context>
-    <name>PopupView</name>
-    <message>
-        <source>Dismiss</source>
-        <translation>Cerrar</translation>
-    </message>
-</context>
-<context>
     <name>PrefixChoiceAlert</name>
     <message>
         <source>There are several prefixes that can private your number. Please choose one.</source>
@@ -436,6 +436,10 @@
         <source>Cancel</source>
         <translation>Cancelar</translation>
     </message>
+    <message>
+        <source>Edit Manually</source>
+        <translation>Editar manualmente</translation>
+    </message>
 </context>
 <context>
     <name>PrefixSection</name>
@@ -454,6 +458,17 @@
     <message>
         <source>Edit by country</source>
         <translation>Elegir por país</translation>
+    </message>
+</context>
+<context>
+    <name>SearchBar</name>
+    <message>
+        <source>Search</source>
+        <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
     </message>
 </context>
 <context>

@@ -130,14 +130,6 @@
 <context>
     <name>ContactsView</name>
     <message>
-        <source>Search</source>
-        <translation>Rechercher</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Annuler</translation>
-    </message>
-    <message>
         <source>Sort by</source>
         <translation>Trier par</translation>
     </message>
@@ -172,6 +164,14 @@
     <message>
         <source>No Contacts Found</source>
         <translation>Aucun contact trouvé</translation>
+    </message>
+    <message>
+        <source>Contacts</source>
+        <translation>Contacts</translation>
+    </message>
+    <message>
+        <source>Contact list</source>
+        <translation>Liste des contacts</translation>
     </message>
 </context>
 <context>
@@ -305,15 +305,30 @@
     </message>
 </context>
 <context>
+    <name>HistoryRow</name>
+    <message>
+        <source>N/A</source>
+        <translation>N/D</translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation>Numéro masqué</translation>
+    </message>
+    <message>
+        <source>Normal Dialing</source>
+        <translation>Appel normal</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Effacer</translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>Supprimer %1</translation>
+    </message>
+</context>
+<context>
     <name>HistoryView</name>
-    <message>
-        <source>Search</source>
-        <translation>Rechercher</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Annuler</translation>
-    </message>
     <message>
         <source>Total Contacts</source>
         <translation>Total des contacts</translation>
@@ -335,24 +350,16 @@
         <translation>Pensez à activer « Toujours enregistrer les appels » dans les réglages pour conserver vos appels.</translation>
     </message>
     <message>
-        <source>N/A</source>
-        <translation>N/D</translation>
-    </message>
-    <message>
-        <source>Hidden</source>
-        <translation>Numéro masqué</translation>
-    </message>
-    <message>
-        <source>Normal Dialing</source>
-        <translation>Appel normal</translation>
-    </message>
-    <message>
         <source>Delete</source>
         <translation>Supprimer</translation>
     </message>
     <message>
-        <source>Delete %1</source>
-        <translation>Supprimer %1</translation>
+        <source>History</source>
+        <translation>Historique</translation>
+    </message>
+    <message>
+        <source>Call history</source>
+        <translation>Historique des appels</translation>
     </message>
 </context>
 <context>
@@ -397,13 +404,6 @@
     </message>
 </context>
 <context>
-    <name>PopupView</name>
-    <message>
-        <source>Dismiss</source>
-        <translation>Fermer</translation>
-    </message>
-</context>
-<context>
     <name>PrefixChoiceAlert</name>
     <message>
         <source>There are several prefixes that can private your number. Please choose one.</source>
@@ -436,6 +436,10 @@
         <source>Cancel</source>
         <translation>Annuler</translation>
     </message>
+    <message>
+        <source>Edit Manually</source>
+        <translation>Modifier manuellement</translation>
+    </message>
 </context>
 <context>
     <name>PrefixSection</name>
@@ -454,6 +458,17 @@
     <message>
         <source>Edit by country</source>
         <translation>Choisir par pays</translation>
+    </message>
+</context>
+<context>
+    <name>SearchBar</name>
+    <message>
+        <source>Search</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
     </message>
 </context>
 <context>

@@ -130,14 +130,6 @@
 <context>
     <name>ContactsView</name>
     <message>
-        <source>Search</source>
-        <translation>Buscar</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancelar</translation>
-    </message>
-    <message>
         <source>Sort by</source>
         <translation>Ordenar por</translation>
     </message>
@@ -172,6 +164,14 @@
     <message>
         <source>No Contacts Found</source>
         <translation>Nenhum contato encontrado</translation>
+    </message>
+    <message>
+        <source>Contacts</source>
+        <translation>Contatos</translation>
+    </message>
+    <message>
+        <source>Contact list</source>
+        <translation>Lista de contatos</translation>
     </message>
 </context>
 <context>
@@ -305,15 +305,30 @@
     </message>
 </context>
 <context>
+    <name>HistoryRow</name>
+    <message>
+        <source>N/A</source>
+        <translation>N/D</translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation>Número oculto</translation>
+    </message>
+    <message>
+        <source>Normal Dialing</source>
+        <translation>Ligação normal</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Apagar</translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>Excluir %1</translation>
+    </message>
+</context>
+<context>
     <name>HistoryView</name>
-    <message>
-        <source>Search</source>
-        <translation>Buscar</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancelar</translation>
-    </message>
     <message>
         <source>Total Contacts</source>
         <translation>Total de contatos</translation>
@@ -335,24 +350,16 @@
         <translation>Lembre-se: ative &quot;Sempre salvar no histórico&quot; nos ajustes para salvar suas ligações.</translation>
     </message>
     <message>
-        <source>N/A</source>
-        <translation>N/D</translation>
-    </message>
-    <message>
-        <source>Hidden</source>
-        <translation>Número oculto</translation>
-    </message>
-    <message>
-        <source>Normal Dialing</source>
-        <translation>Ligação normal</translation>
-    </message>
-    <message>
         <source>Delete</source>
         <translation>Excluir</translation>
     </message>
     <message>
-        <source>Delete %1</source>
-        <translation>Excluir %1</translation>
+        <source>History</source>
+        <translation>Histórico</translation>
+    </message>
+    <message>
+        <source>Call history</source>
+        <translation>Histórico de chamadas</translation>
     </message>
 </context>
 <context>
@@ -397,13 +404,6 @@
     </message>
 </context>
 <context>
-    <name>PopupView</name>
-    <message>
-        <source>Dismiss</source>
-        <translation>Fechar</translation>
-    </message>
-</context>
-<context>
     <name>PrefixChoiceAlert</name>
     <message>
         <source>There are several prefixes that can private your number. Please choose one.</source>
@@ -436,6 +436,10 @@
         <source>Cancel</source>
         <translation>Cancelar</translation>
     </message>
+    <message>
+        <source>Edit Manually</source>
+        <translation>Editar manualmente</translation>
+    </message>
 </context>
 <context>
     <name>PrefixSection</name>
@@ -454,6 +458,17 @@
     <message>
         <source>Edit by country</source>
         <translation>Escolher por país</translation>
+    </message>
+</context>
+<context>
+    <name>SearchBar</name>
+    <message>
+        <source>Search</source>
+        <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
     </message>
 </context>
 <context>

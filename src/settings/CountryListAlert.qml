@@ -17,8 +17,10 @@ SettingAlert {
 
     title: qsTr("Select By Country")
 
-    // Below the alert's message, in its column.
-    ColumnLayout {
+    // In place of the alert's message.
+    contentItem: alert.body
+    // Built with the alert (ids inside a deferred contentItem would not be).
+    readonly property Item body: ColumnLayout {
         Layout.fillWidth: true
         spacing: Theme.spacing
         Label {

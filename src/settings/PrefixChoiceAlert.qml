@@ -16,8 +16,10 @@ SettingAlert {
     // The country was chosen just before; its prefixes are read as it opens.
     onAboutToShow: choiceRows.model = alert.vm.prefixChoices()
 
-    // Below the alert's message, in its column.
-    ColumnLayout {
+    // In place of the alert's message.
+    contentItem: alert.body
+    // Built with the alert (ids inside a deferred contentItem would not be).
+    readonly property Item body: ColumnLayout {
         Layout.fillWidth: true
         spacing: 0
         Repeater {

@@ -49,6 +49,13 @@ Popup {
     }
     background: Rectangle { color: Theme.background }
 
+    // A screen reader meets the cover's own item by the cover's title too.
+    Binding {
+        target: cover.contentItem ? cover.contentItem.parent : null
+        property: "Accessible.name"
+        value: cover.title
+    }
+
     ColumnLayout {
         anchors.fill: parent
         spacing: 0

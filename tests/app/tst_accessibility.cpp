@@ -121,6 +121,13 @@ private:
     {
         if (!item->isVisible() || !item->isEnabled())
             return;
+        // What a screen reader is told to pass over is not there for it.
+        // (read from its Accessible attached object, a child of the item,
+        // without making one where there is none).
+        for (const QObject *child : item->children()) {
+            if (child->inherits("QQuickAccessibleAttached") && child->property("ignored").toBool())
+                return;
+        }
         if (takesInput(item)) {
             QString name = spokenName(item);
             // A mouse area speaks through the item it lies on.
