@@ -67,12 +67,18 @@ Page {
         }
 
         // 2. Edit / Done, and 3. the count of the listed records.
-        RowLayout {
+        // The count beside the edit button, or above it where both do not
+        // fit on one line (the largest text sizes).
+        GridLayout {
+            id: countLine
             Layout.fillWidth: true
             Layout.leftMargin: Theme.spacingLarge
             Layout.rightMargin: Theme.spacingSmall
-            spacing: Theme.spacingSmall
+            columnSpacing: Theme.spacingSmall
+            rowSpacing: 0
+            columns: countLabel.implicitWidth + editButton.implicitWidth + Theme.spacingSmall <= countLine.width ? 2 : 1
             Label {
+                id: countLabel
                 objectName: "countLabel"
                 Layout.fillWidth: true
                 text: qsTr("Total Contacts") + ": " + historyView.vm.filteredContacts.count
@@ -81,6 +87,7 @@ Page {
                 wrapMode: Text.Wrap
             }
             Button {
+                id: editButton
                 objectName: "editButton"
                 text: historyView.editMode ? qsTr("Done") : qsTr("Edit")
                 flat: true

@@ -39,11 +39,21 @@ ScrollView {
             Accessible.ignored: true
         }
         Label {
+            id: title
             objectName: "title" + onboardingPage.index
             Layout.fillWidth: true
             text: onboardingPage.page.title
-            font.pointSize: Theme.titleSize
+            // Lines break between words only: at the largest text sizes the
+            // title gets smaller until its longest word fits the width.
+            font.pointSize: Math.min(Theme.titleSize,
+                                     Theme.titleSize * title.width / Math.max(1, longestWord.advanceWidth))
             font.bold: true
+            TextMetrics {
+                id: longestWord
+                font.pointSize: Theme.titleSize
+                font.bold: true
+                text: title.text.split(" ").reduce((a, b) => b.length > a.length ? b : a, "")
+            }
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
             Accessible.role: Accessible.Heading
