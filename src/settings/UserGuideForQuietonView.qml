@@ -79,20 +79,15 @@ Page {
             RowLayout {
                 Layout.fillWidth: true
                 spacing: Theme.spacing
-                // The picture sits in a box of its own size, so the row is as
-                // tall as the picture from the start.
-                Item {
-                    implicitWidth: Theme.iconSize * 1.5
-                    implicitHeight: Theme.iconSize * 1.5
+                Image {
+                    objectName: "appIcon"
+                    Layout.preferredWidth: Theme.iconSize * 1.5
+                    Layout.preferredHeight: Theme.iconSize * 1.5
+                    source: "qrc:/Quieton/icons/IconApp.svg"
+                    sourceSize.width: Theme.iconSize * 1.5
+                    sourceSize.height: Theme.iconSize * 1.5
+                    fillMode: Image.PreserveAspectFit
                     Accessible.ignored: true
-                    Image {
-                        objectName: "appIcon"
-                        anchors.fill: parent
-                        source: "qrc:/Quieton/icons/IconApp.svg"
-                        sourceSize.width: Theme.iconSize * 1.5
-                        sourceSize.height: Theme.iconSize * 1.5
-                        fillMode: Image.PreserveAspectFit
-                    }
                 }
                 Label {
                     Layout.fillWidth: true
