@@ -3,6 +3,7 @@
 #include "HistoryCallDataService.h"
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
+#include "ScreenReader.h"
 #include "UserDefaultsService.h"
 #include "VCardFolderAddressBook.h"
 
@@ -14,7 +15,8 @@
 #include <QtQuickTest>
 
 // Reads the window's items through Qt Quick's accessibility interfaces.
-class ScreenReader : public QObject
+// The shared screen reader, and how it walks a whole window.
+class ScreenReaderWalk : public ScreenReader
 {
     Q_OBJECT
 public:
@@ -39,20 +41,6 @@ public:
         if (item && item->window())
             walk(QAccessible::queryAccessibleInterface(item->window()), found);
         return found;
-    }
-
-    // Runs the accessible action `action` ("press" or "toggle") of `item`
-    // as a screen reader does; false when the item does not offer it.
-    Q_INVOKABLE bool act(QQuickItem *item, const QString &action) const
-    {
-        const QString name = action == QLatin1String("toggle") ? QAccessibleActionInterface::toggleAction()
-                                                                : QAccessibleActionInterface::pressAction();
-        QAccessibleInterface *iface = item ? QAccessible::queryAccessibleInterface(item) : nullptr;
-        QAccessibleActionInterface *actions = iface ? iface->actionInterface() : nullptr;
-        if (!actions || !actions->actionNames().contains(name))
-            return false;
-        actions->doAction(name);
-        return true;
     }
 
 private:
@@ -159,7 +147,7 @@ protected:
     }
     void publish(QQmlContext *context) override
     {
-        context->setContextProperty(QStringLiteral("screenReader"), new ScreenReader);
+        context->setContextProperty(QStringLiteral("screenReader"), new ScreenReaderWalk);
         context->setContextProperty(QStringLiteral("phone"), new PhoneDriver(testApp()));
     }
 };

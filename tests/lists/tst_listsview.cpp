@@ -6,7 +6,6 @@
 #include "RecordingUrlOpener.h"
 #include "VCardFolderAddressBook.h"
 
-#include <QAccessible>
 #include <QDir>
 #include <QFile>
 #include <QQmlContext>
@@ -59,19 +58,6 @@ public:
     }
     Q_INVOKABLE void clearHistory() { app().history().deleteAllHistory(); }
 
-    // The names of the rows a screen reader finds in `list`, and its press on `row`.
-    Q_INVOKABLE QStringList spokenRows(QQuickItem *list, QQuickItem *row) const
-    {
-        QAccessible::setActive(true);
-        QStringList names;
-        QAccessibleInterface *view = QAccessible::queryAccessibleInterface(list);
-        for (int i = 0; i < view->childCount(); ++i) {
-            if (view->child(i)->role() == QAccessible::ListItem)
-                names.append(view->child(i)->text(QAccessible::Name));
-        }
-        QAccessible::queryAccessibleInterface(row)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        return names;
-    }
 
 private:
     RecordingUrlOpener *m_opener;

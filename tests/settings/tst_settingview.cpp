@@ -5,7 +5,6 @@
 #include "QuickTestSetup.h"
 #include "TestHome.h"
 
-#include <QAccessible>
 #include <QDir>
 #include <QQmlContext>
 #include <QQuickItem>
@@ -32,43 +31,6 @@ public:
     Q_INVOKABLE int storedCalls() const { return int(storedRows().size()); }
 };
 
-// What a screen reader meets: the names of the controls it can press in the
-// window, and its own press or toggle on one item.
-class ScreenReader : public QObject
-{
-    Q_OBJECT
-public:
-    Q_INVOKABLE QStringList buttons(QQuickItem *item) const
-    {
-        QAccessible::setActive(true);
-        QStringList names;
-        collect(QAccessible::queryAccessibleInterface(item->window()), names);
-        return names;
-    }
-    // Runs `action` ("Press" or "Toggle") as a screen reader would; false when
-    // the item offers no such action.
-    Q_INVOKABLE bool act(QQuickItem *item, const QString &action) const
-    {
-        QAccessible::setActive(true);
-        QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(item);
-        if (!iface || !iface->actionInterface() || !iface->actionInterface()->actionNames().contains(action))
-            return false;
-        iface->actionInterface()->doAction(action);
-        return true;
-    }
-
-private:
-    static void collect(QAccessibleInterface *iface, QStringList &names)
-    {
-        if (!iface || iface->state().invisible)
-            return;
-        if (iface->role() == QAccessible::Button)
-            names.append(iface->text(QAccessible::Name));
-        for (int i = 0; i < iface->childCount(); ++i)
-            collect(iface->child(i), names);
-    }
-};
-
 class Setup : public QuickTestSetup
 {
 protected:
@@ -76,7 +38,6 @@ protected:
     void publish(QQmlContext *context) override
     {
         context->setContextProperty(QStringLiteral("disk"), new Disk(testApp()));
-        context->setContextProperty(QStringLiteral("screenReader"), new ScreenReader);
     }
 };
 

@@ -1,4 +1,5 @@
 #include "QuickTestSetup.h"
+#include "ScreenReader.h"
 
 #include "TestHome.h"
 
@@ -19,6 +20,7 @@ void QuickTestSetup::qmlEngineAvailable(QQmlEngine *engine)
     context->setContextProperty(QStringLiteral("testApp"), &m_testApp->app());
     context->setContextProperty(QStringLiteral("service"), &m_testApp->service());
     context->setContextProperty(QStringLiteral("defaults"), &m_testApp->defaults());
+    context->setContextProperty(QStringLiteral("screenReader"), new ScreenReader(engine));
     publish(context);
 }
 

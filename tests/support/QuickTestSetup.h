@@ -11,8 +11,8 @@ class QQmlEngine;
 
 // The setup object of a Qt Quick Test program: the app's folders in a fresh
 // temporary home, the app made on recording parts (TestApp), its QML modules
-// importable, and for the QML tests the names `testApp`, `service` and
-// `defaults`; then whatever the program adds in prepare() and publish().
+// importable, and for the QML tests the names `testApp`, `service`,
+// `defaults` and `screenReader`; then whatever the program adds in prepare() and publish().
 class QuickTestSetup : public QObject
 {
     Q_OBJECT

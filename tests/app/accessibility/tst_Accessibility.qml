@@ -78,7 +78,7 @@ TestCase {
 
     // A screen reader's press on a dialog's button does what a tap does.
     function pressClosesDialog(dialog, button) {
-        verify(screenReader.act(button, "press"), button.text + " offers no press action")
+        verify(screenReader.act(button), button.text + " offers no press action")
         compare(dialog.opened, false, button.text + " pressed by a screen reader leaves the dialog open")
         dialog.close()
         tryVerify(() => !dialog.visible)
@@ -89,9 +89,9 @@ TestCase {
         expectNames("main screen", ["Dialer", "Contacts", "History", "Settings"])
         checkTree("main screen")
         const tabs = findChild(view, "tabBar")
-        verify(screenReader.act(tabs.itemAt(2), "press"))
+        verify(screenReader.act(tabs.itemAt(2)))
         compare(view.vm.selectedTab, 2)
-        verify(screenReader.act(tabs.itemAt(0), "press"))
+        verify(screenReader.act(tabs.itemAt(0)))
         compare(view.vm.selectedTab, 0)
     }
 
@@ -103,22 +103,22 @@ TestCase {
 
         // Every key types its character; delete takes the last one back.
         for (const key of "123456789*0#")
-            verify(screenReader.act(findChild(view, "key" + key), "press"), key)
+            verify(screenReader.act(findChild(view, "key" + key)), key)
         compare(view.vm.numberPhoneTyping, "123456789*0#")
-        screenReader.act(findChild(view, "deleteKey"), "press")
+        screenReader.act(findChild(view, "deleteKey"))
         compare(view.vm.numberPhoneTyping, "123456789*0")
 
         // The switches toggle, through either action.
         const hidden = view.vm.toggleHiddenNumber
-        verify(screenReader.act(findChild(view, "hiddenNumberRow"), "toggle"))
+        verify(screenReader.act(findChild(view, "hiddenNumberRow"), "Toggle"))
         compare(view.vm.toggleHiddenNumber, !hidden)
-        verify(screenReader.act(findChild(view, "saveToHistoryRow"), "press"))
+        verify(screenReader.act(findChild(view, "saveToHistoryRow")))
         compare(view.vm.toggleSaveToHistory, false)
 
         // The call button calls; a failed call's alert is closed by its "OK".
         expectNames("dialler with a number", ["Call"])
         phone.setCallsPossible(false)
-        verify(screenReader.act(findChild(view, "callButton"), "press"))
+        verify(screenReader.act(findChild(view, "callButton")))
         const alert = findChild(view, "dialErrorAlert")
         tryCompare(alert, "opened", true)
         checkTree("dialling error")

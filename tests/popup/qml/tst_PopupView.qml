@@ -165,7 +165,7 @@ TestCase {
         const owner = createTemporaryObject(dialogsComponent, testCase)
         tryCompare(owner.dialog, "opened", true)
         compare(screenReader.name(owner.dialog.contentItem.parent), "Choose Call Privacy")
-        verify(screenReader.press(findChild(owner.dialog.footer, "privateDialingButton")))
+        verify(screenReader.act(findChild(owner.dialog.footer, "privateDialingButton")))
         tryCompare(owner, "asking", false)
         owner.asking = true
         tryCompare(owner.dialog, "opened", true)
