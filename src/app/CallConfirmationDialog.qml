@@ -17,12 +17,7 @@ Alert {
     visible: dialog.confirmation.pending
     title: qsTr("Place this call?")
 
-    // Where the window is too short (the largest text in landscape) the
-    // letters shrink rather than run under the answers.
-    contentItem: ColumnLayout {
-        spacing: Theme.spacing
-        clip: true
-
+    body: [
         Label {
             objectName: "dialString"
             Layout.fillWidth: true
@@ -30,13 +25,9 @@ Alert {
             font.pointSize: Theme.largeTitleSize
             font.bold: true
             horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.WrapAnywhere
-            Layout.fillHeight: true
-            fontSizeMode: Text.VerticalFit
-            minimumPointSize: Theme.bodySize
+            wrapMode: Text.WrapAtWordBoundaryOrAnywhere
             Accessible.name: qsTr("Number to call: %1").arg(dialog.confirmation.dialString)
-        }
-
+        },
         Label {
             Layout.fillWidth: true
             text: qsTr("The number is dialled as shown, prefix included.")
@@ -44,11 +35,8 @@ Alert {
             wrapMode: Text.Wrap
             color: Theme.secondaryText
             font.pointSize: Theme.footnoteSize
-            Layout.fillHeight: true
-            fontSizeMode: Text.VerticalFit
-            minimumPointSize: Theme.footnoteSize * 0.6
         }
-    }
+    ]
 
     cancelButton: cancel
     Button {

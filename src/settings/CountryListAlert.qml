@@ -17,20 +17,17 @@ SettingAlert {
 
     title: qsTr("Select By Country")
 
-    // In place of the alert's message.
-    contentItem: alert.body
-    // Built with the alert (ids inside a deferred contentItem would not be).
-    readonly property Item body: ColumnLayout {
-        Layout.fillWidth: true
-        spacing: Theme.spacing
+    body: [
         Label {
             Layout.fillWidth: true
             text: qsTr("Prefixes may vary depending on the cellular provider. Please consult the official documentation of your cellular provider for accurate information. Additional charges may apply, please verify with your cellular provider.")
+            Layout.leftMargin: Theme.spacing
+            Layout.rightMargin: Theme.spacing
             font.weight: Font.Light
             font.pointSize: Theme.bodySize
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
-        }
+        },
         ListView {
             id: countryList
             objectName: "countryList"
@@ -62,7 +59,7 @@ SettingAlert {
                 onClicked: alert.chosen(countryButton.index, countryButton.modelData)
             }
         }
-    }
+    ]
     footer: DialogButtonBox {
         Button {
             objectName: "countryCancelButton"

@@ -16,30 +16,23 @@ SettingAlert {
     // The country was chosen just before; its prefixes are read as it opens.
     onAboutToShow: choiceRows.model = alert.vm.prefixChoices()
 
-    // In place of the alert's message.
-    contentItem: alert.body
-    // Built with the alert (ids inside a deferred contentItem would not be).
-    readonly property Item body: ColumnLayout {
-        Layout.fillWidth: true
-        spacing: 0
-        Repeater {
-            id: choiceRows
-            delegate: Button {
-                id: choiceButton
-                required property int index
-                required property var modelData
-                objectName: "choice" + choiceButton.index
-                Layout.fillWidth: true
-                text: choiceButton.modelData.caption
-                flat: true
-                font.capitalization: Font.MixedCase
-                font.pointSize: Theme.bodySize
-                Material.foreground: Theme.link
-                Accessible.onPressAction: choiceButton.clicked()
-                onClicked: {
-                    alert.vm.choosePrefix(choiceButton.modelData.prefix)
-                    alert.close()
-                }
+    body: Repeater {
+        id: choiceRows
+        delegate: Button {
+            id: choiceButton
+            required property int index
+            required property var modelData
+            objectName: "choice" + choiceButton.index
+            Layout.fillWidth: true
+            text: choiceButton.modelData.caption
+            flat: true
+            font.capitalization: Font.MixedCase
+            font.pointSize: Theme.bodySize
+            Material.foreground: Theme.link
+            Accessible.onPressAction: choiceButton.clicked()
+            onClicked: {
+                alert.vm.choosePrefix(choiceButton.modelData.prefix)
+                alert.close()
             }
         }
     }

@@ -41,17 +41,23 @@ Dialog {
     // The destructive answer, drawn red.
     property T.AbstractButton destructiveButton: null
 
+    // Further content under the message, scrolled with it (a list of choices).
+    property alias body: extra.data
+
     parent: Overlay.overlay
     anchors.centerIn: parent
-    // Never narrower than a phone allows, also while the window is still being sized.
-    width: Math.max(240, Math.min(parent ? parent.width - 2 * Theme.spacingHuge : 320, 360))
-    // A title and answers too tall for the window scroll the message.
-    height: Math.min(alert.implicitHeight, parent ? parent.height - 2 * Theme.spacingHuge : alert.implicitHeight)
+    // Never narrower than a phone allows, also while the window is still being
+    // sized; at the accessibility text sizes as wide as the window allows.
+    width: Math.max(240, Math.min(parent ? parent.width - 2 * Theme.spacingHuge : 320,
+                                  Theme.sizeCategory >= ContentSizeCategory.AccessibilityMedium && parent ? parent.width * 0.8 : 360))
+    // Content taller than the window scrolls between the window's edges; the
+    // answers stay in sight.
+    height: Math.min(alert.implicitHeight, parent ? parent.height - 2 * Theme.spacingLarge : alert.implicitHeight)
     modal: true
     focus: true
     closePolicy: alert.cancelButton ? Popup.CloseOnEscape : Popup.NoAutoClose
-    topPadding: 0
-    bottomPadding: alert.message.length > 0 ? Theme.spacingSmall : 0
+    padding: 0
+    header: null // the title scrolls with the content
     Material.background: Theme.surface
     Overlay.modal: Rectangle { color: Theme.scrim }
 
@@ -62,28 +68,52 @@ Dialog {
         value: alert.title
     }
 
-    header: Label {
-        text: alert.title
-        wrapMode: Text.Wrap
-        horizontalAlignment: Text.AlignHCenter
-        font.bold: true
-        font.pointSize: Theme.headlineSize
-        padding: Theme.spacingHuge
-        bottomPadding: Theme.spacingSmall
-        Accessible.ignored: true // the alert itself is named by it
-    }
+    contentItem: alert.scroller
+    // Made with the alert: ids inside a deferred contentItem would not be.
+    readonly property Flickable scroller: Flickable {
+        id: scroller
+        implicitWidth: column.implicitWidth
+        implicitHeight: column.implicitHeight
+        contentHeight: column.implicitHeight
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        ScrollIndicator.vertical: ScrollIndicator { active: scroller.contentHeight > scroller.height }
 
-    // The message. Where the window is too short for it (the largest text
-    // in landscape) its letters shrink rather than run out of the alert.
-    contentItem: Label {
-        text: alert.message
-        visible: alert.message.length > 0
-        wrapMode: Text.Wrap
-        horizontalAlignment: Text.AlignHCenter
-        color: Theme.secondaryText
-        font.pointSize: Theme.bodySize
-        fontSizeMode: Text.VerticalFit
-        minimumPointSize: Theme.footnoteSize * 0.6
+        ColumnLayout {
+            id: column
+            width: scroller.width
+            spacing: Theme.spacingSmall
+            Label {
+                Layout.fillWidth: true
+                Layout.margins: Theme.spacingHuge
+                Layout.bottomMargin: 0
+                text: alert.title
+                wrapMode: Text.Wrap
+                horizontalAlignment: Text.AlignHCenter
+                font.bold: true
+                font.pointSize: Theme.headlineSize
+                Accessible.ignored: true // the alert itself is named by it
+            }
+            Label {
+                Layout.fillWidth: true
+                Layout.leftMargin: Theme.spacingHuge
+                Layout.rightMargin: Theme.spacingHuge
+                text: alert.message
+                visible: alert.message.length > 0
+                wrapMode: Text.Wrap
+                horizontalAlignment: Text.AlignHCenter
+                color: Theme.secondaryText
+                font.pointSize: Theme.bodySize
+            }
+            ColumnLayout {
+                id: extra
+                Layout.fillWidth: true
+                Layout.leftMargin: Theme.spacingSmall
+                Layout.rightMargin: Theme.spacingSmall
+                spacing: Theme.spacingSmall
+                visible: extra.children.length > 0
+            }
+        }
     }
 
     footer: Container {
