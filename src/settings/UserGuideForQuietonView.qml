@@ -94,7 +94,9 @@ Page {
                     text: "Quieton"
                     font.pointSize: Theme.titleSize
                     font.weight: Font.DemiBold
-                    wrapMode: Text.Wrap
+                    // One word: wrapping it made the label tall while the row was
+                    // still narrow, and the icon stayed centred on that height.
+                    elide: Text.ElideRight
                 }
             }
 
