@@ -14,10 +14,13 @@ int main(int argc, char *argv[])
     QGuiApplication application(argc, argv);
     QuietonApp::nameApplication();
 
+    // Before the command line is read, so that its help is in the user's language.
+    QuietonApp::installTranslation();
     QCommandLineParser arguments;
-    arguments.setApplicationDescription(QStringLiteral("Private calls: dial with your number withheld."));
+    arguments.setApplicationDescription(QCoreApplication::translate("main", "Private calls: dial with your number withheld."));
     arguments.addHelpOption();
-    arguments.addPositionalArgument(QStringLiteral("link"), QStringLiteral("A quieton: link to open."), QStringLiteral("[link]"));
+    arguments.addPositionalArgument(QStringLiteral("link"), QCoreApplication::translate("main", "A quieton: link to open."),
+                                    QStringLiteral("[link]"));
     arguments.process(application);
     const QUrl link = arguments.positionalArguments().isEmpty()
             ? QUrl()
@@ -27,7 +30,6 @@ int main(int argc, char *argv[])
     if (!singleInstance.listen())
         return singleInstance.forwardToRunning(link) ? 0 : 1;
 
-    QuietonApp::installTranslation();
     QQuickStyle::setStyle(QStringLiteral("Material"));
     Appearance::applyTextScaleOverride();
     QuietonApp app;

@@ -154,10 +154,6 @@
         <translation>Aufsteigend sortieren</translation>
     </message>
     <message>
-        <source>Total Contacts</source>
-        <translation>Kontakte insgesamt</translation>
-    </message>
-    <message>
         <source>To view contacts, enable it in settings.</source>
         <translation>Um Kontakte zu sehen, erlauben Sie den Zugriff in den Einstellungen.</translation>
     </message>
@@ -172,6 +168,10 @@
     <message>
         <source>Contact list</source>
         <translation>Kontaktliste</translation>
+    </message>
+    <message>
+        <source>Total Contacts: %1</source>
+        <translation>Kontakte insgesamt: %1</translation>
     </message>
 </context>
 <context>
@@ -249,10 +249,6 @@
         <translation>Löschen</translation>
     </message>
     <message>
-        <source>Hold to clear the number</source>
-        <translation>Gedrückt halten, um die Nummer zu löschen</translation>
-    </message>
-    <message>
         <source>Hidden Number</source>
         <translation>Nummer unterdrücken</translation>
     </message>
@@ -263,6 +259,10 @@
     <message>
         <source>Call</source>
         <translation>Anrufen</translation>
+    </message>
+    <message>
+        <source>Hold to clear the number, or press Escape</source>
+        <translation>Gedrückt halten, um die Nummer zu löschen, oder Esc drücken</translation>
     </message>
 </context>
 <context>
@@ -330,10 +330,6 @@
 <context>
     <name>HistoryView</name>
     <message>
-        <source>Total Contacts</source>
-        <translation>Kontakte insgesamt</translation>
-    </message>
-    <message>
         <source>Done</source>
         <translation>Fertig</translation>
     </message>
@@ -360,6 +356,10 @@
     <message>
         <source>Call history</source>
         <translation>Anrufverlauf</translation>
+    </message>
+    <message>
+        <source>Total Contacts: %1</source>
+        <translation>Kontakte insgesamt: %1</translation>
     </message>
 </context>
 <context>
@@ -772,6 +772,17 @@
     <message>
         <source>Page %1 of %2</source>
         <translation>Seite %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Private calls: dial with your number withheld.</source>
+        <translation>Private Anrufe: wählen Sie mit unterdrückter Rufnummer.</translation>
+    </message>
+    <message>
+        <source>A quieton: link to open.</source>
+        <translation>Ein zu öffnender quieton:-Link.</translation>
     </message>
 </context>
 </TS>

@@ -154,10 +154,6 @@
         <translation>Ordenar de forma ascendente</translation>
     </message>
     <message>
-        <source>Total Contacts</source>
-        <translation>Total de contactos</translation>
-    </message>
-    <message>
         <source>To view contacts, enable it in settings.</source>
         <translation>Para ver los contactos, permite el acceso en Ajustes.</translation>
     </message>
@@ -172,6 +168,10 @@
     <message>
         <source>Contact list</source>
         <translation>Lista de contactos</translation>
+    </message>
+    <message>
+        <source>Total Contacts: %1</source>
+        <translation>Total de contactos: %1</translation>
     </message>
 </context>
 <context>
@@ -249,10 +249,6 @@
         <translation>Borrar</translation>
     </message>
     <message>
-        <source>Hold to clear the number</source>
-        <translation>Mantén pulsado para borrar el número</translation>
-    </message>
-    <message>
         <source>Hidden Number</source>
         <translation>Número oculto</translation>
     </message>
@@ -263,6 +259,10 @@
     <message>
         <source>Call</source>
         <translation>Llamar</translation>
+    </message>
+    <message>
+        <source>Hold to clear the number, or press Escape</source>
+        <translation>Mantén pulsado para borrar el número, o pulsa Escape</translation>
     </message>
 </context>
 <context>
@@ -330,10 +330,6 @@
 <context>
     <name>HistoryView</name>
     <message>
-        <source>Total Contacts</source>
-        <translation>Total de contactos</translation>
-    </message>
-    <message>
         <source>Done</source>
         <translation>Listo</translation>
     </message>
@@ -360,6 +356,10 @@
     <message>
         <source>Call history</source>
         <translation>Historial de llamadas</translation>
+    </message>
+    <message>
+        <source>Total Contacts: %1</source>
+        <translation>Total de contactos: %1</translation>
     </message>
 </context>
 <context>
@@ -772,6 +772,17 @@
     <message>
         <source>Page %1 of %2</source>
         <translation>Página %1 de %2</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Private calls: dial with your number withheld.</source>
+        <translation>Llamadas privadas: marca con tu número oculto.</translation>
+    </message>
+    <message>
+        <source>A quieton: link to open.</source>
+        <translation>Un enlace quieton: que abrir.</translation>
     </message>
 </context>
 </TS>

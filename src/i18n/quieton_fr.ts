@@ -154,10 +154,6 @@
         <translation>Trier par ordre croissant</translation>
     </message>
     <message>
-        <source>Total Contacts</source>
-        <translation>Total des contacts</translation>
-    </message>
-    <message>
         <source>To view contacts, enable it in settings.</source>
         <translation>Pour voir vos contacts, autorisez l&apos;accès dans les paramètres.</translation>
     </message>
@@ -172,6 +168,10 @@
     <message>
         <source>Contact list</source>
         <translation>Liste des contacts</translation>
+    </message>
+    <message>
+        <source>Total Contacts: %1</source>
+        <translation>Total des contacts : %1</translation>
     </message>
 </context>
 <context>
@@ -249,10 +249,6 @@
         <translation>Effacer</translation>
     </message>
     <message>
-        <source>Hold to clear the number</source>
-        <translation>Maintenir appuyé pour effacer le numéro</translation>
-    </message>
-    <message>
         <source>Hidden Number</source>
         <translation>Numéro masqué</translation>
     </message>
@@ -263,6 +259,10 @@
     <message>
         <source>Call</source>
         <translation>Appeler</translation>
+    </message>
+    <message>
+        <source>Hold to clear the number, or press Escape</source>
+        <translation>Maintenir appuyé pour effacer le numéro, ou appuyer sur Échap</translation>
     </message>
 </context>
 <context>
@@ -330,10 +330,6 @@
 <context>
     <name>HistoryView</name>
     <message>
-        <source>Total Contacts</source>
-        <translation>Total des contacts</translation>
-    </message>
-    <message>
         <source>Done</source>
         <translation>Terminé</translation>
     </message>
@@ -360,6 +356,10 @@
     <message>
         <source>Call history</source>
         <translation>Historique des appels</translation>
+    </message>
+    <message>
+        <source>Total Contacts: %1</source>
+        <translation>Total des contacts : %1</translation>
     </message>
 </context>
 <context>
@@ -772,6 +772,17 @@
     <message>
         <source>Page %1 of %2</source>
         <translation>Page %1 sur %2</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Private calls: dial with your number withheld.</source>
+        <translation>Appels privés : composez avec votre numéro masqué.</translation>
+    </message>
+    <message>
+        <source>A quieton: link to open.</source>
+        <translation>Un lien quieton: à ouvrir.</translation>
     </message>
 </context>
 </TS>

@@ -154,10 +154,6 @@
         <translation>Ordenar de forma crescente</translation>
     </message>
     <message>
-        <source>Total Contacts</source>
-        <translation>Total de contatos</translation>
-    </message>
-    <message>
         <source>To view contacts, enable it in settings.</source>
         <translation>Para ver os contatos, permita o acesso nas configurações.</translation>
     </message>
@@ -172,6 +168,10 @@
     <message>
         <source>Contact list</source>
         <translation>Lista de contatos</translation>
+    </message>
+    <message>
+        <source>Total Contacts: %1</source>
+        <translation>Total de contatos: %1</translation>
     </message>
 </context>
 <context>
@@ -249,10 +249,6 @@
         <translation>Apagar</translation>
     </message>
     <message>
-        <source>Hold to clear the number</source>
-        <translation>Toque e segure para apagar o número</translation>
-    </message>
-    <message>
         <source>Hidden Number</source>
         <translation>Número oculto</translation>
     </message>
@@ -263,6 +259,10 @@
     <message>
         <source>Call</source>
         <translation>Ligar</translation>
+    </message>
+    <message>
+        <source>Hold to clear the number, or press Escape</source>
+        <translation>Mantenha pressionado para apagar o número, ou pressione Esc</translation>
     </message>
 </context>
 <context>
@@ -330,10 +330,6 @@
 <context>
     <name>HistoryView</name>
     <message>
-        <source>Total Contacts</source>
-        <translation>Total de contatos</translation>
-    </message>
-    <message>
         <source>Done</source>
         <translation>Concluído</translation>
     </message>
@@ -360,6 +356,10 @@
     <message>
         <source>Call history</source>
         <translation>Histórico de chamadas</translation>
+    </message>
+    <message>
+        <source>Total Contacts: %1</source>
+        <translation>Total de contatos: %1</translation>
     </message>
 </context>
 <context>
@@ -772,6 +772,17 @@
     <message>
         <source>Page %1 of %2</source>
         <translation>Página %1 de %2</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Private calls: dial with your number withheld.</source>
+        <translation>Chamadas privadas: disque com seu número oculto.</translation>
+    </message>
+    <message>
+        <source>A quieton: link to open.</source>
+        <translation>Um link quieton: para abrir.</translation>
     </message>
 </context>
 </TS>

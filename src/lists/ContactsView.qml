@@ -48,18 +48,6 @@ Page {
             showingErrorDialNumberAlert = true
     }
 
-    onShowingCallAlertChanged: {
-        if (showingCallAlert)
-            privacyDialog.open()
-        else
-            privacyDialog.close()
-    }
-    onShowingErrorDialNumberAlertChanged: {
-        if (showingErrorDialNumberAlert)
-            errorAlert.open()
-        else
-            errorAlert.close()
-    }
 
     Connections {
         target: contactsView.vm
@@ -69,8 +57,49 @@ Page {
         }
     }
 
-    ColumnLayout {
+    // 4. The people, under the search, the sort and the count, which scroll
+    // away with them: on a short window (a phone in landscape at the
+    // largest text) the rows get the room.
+    ListView {
+        id: list
+        objectName: "contactsList"
         anchors.fill: parent
+        topMargin: listTop.height
+        visible: !contactsView.vm.accessDenied
+        clip: true
+        reuseItems: true
+        // Rows are made as they come into view: none waits off screen
+        // for a screen reader to find.
+        cacheBuffer: 0
+        // The gap between rows shows the window as a separator line.
+        spacing: 1
+        boundsBehavior: Flickable.StopAtBounds
+        model: contactsView.vm.visibleContacts
+        Accessible.role: Accessible.List
+        Accessible.name: qsTr("Contact list")
+        ScrollIndicator.vertical: ScrollIndicator { }
+
+        Connections {
+            target: contactsView.vm
+            // A new search shows its first matches, under the search field.
+            function onSearchTextChanged() {
+                list.positionViewAtBeginning()
+                list.contentY = list.originY - list.topMargin
+            }
+        }
+
+        delegate: ContactRow {
+            onTapped: (index) => {
+                contactsView.vm.selectVisibleContact(index)
+                contactsView.showingCallAlert = !contactsView.showingCallAlert
+            }
+        }
+    }
+
+    ColumnLayout {
+        id: listTop
+        width: parent.width
+        y: Math.min(0, -(list.contentY + list.topMargin))
         spacing: 0
 
         // 1. Search bar.
@@ -152,90 +181,60 @@ Page {
             Layout.rightMargin: Theme.spacingLarge
             Layout.topMargin: Theme.spacing
             Layout.bottomMargin: Theme.spacingSmall
-            text: qsTr("Total Contacts") + ": " + contactsView.vm.visibleContacts.count
+            text: qsTr("Total Contacts: %1").arg(contactsView.vm.visibleContacts.count)
             color: Theme.secondaryText
             font.pointSize: Theme.footnoteSize
             wrapMode: Text.Wrap
         }
+    }
 
-        // 4. Body.
-        Item {
-            Layout.fillWidth: true
-            Layout.fillHeight: true
+    // Without people to show, why, where the rows would be.
+    Item {
+        anchors.top: listTop.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
 
-            Button {
-                id: settingsLink
-                objectName: "enableInSettings"
-                visible: contactsView.vm.accessDenied
-                anchors.centerIn: parent
-                width: parent.width - Theme.spacingLarge * 2
-                flat: true
-                focusPolicy: Qt.NoFocus
+        Button {
+            id: settingsLink
+            objectName: "enableInSettings"
+            visible: contactsView.vm.accessDenied
+            anchors.centerIn: parent
+            width: parent.width - Theme.spacingLarge * 2
+            flat: true
+            focusPolicy: Qt.NoFocus
+            text: qsTr("To view contacts, enable it in settings.")
+            font.capitalization: Font.MixedCase
+            font.pointSize: Theme.bodySize
+            Accessible.role: Accessible.Link
+            Accessible.name: text
+            Accessible.onPressAction: clicked()
+            contentItem: Label {
                 text: qsTr("To view contacts, enable it in settings.")
-                font.capitalization: Font.MixedCase
-                font.pointSize: Theme.bodySize
-                Accessible.role: Accessible.Link
-                Accessible.name: text
-                Accessible.onPressAction: clicked()
-                contentItem: Label {
-                    text: qsTr("To view contacts, enable it in settings.")
-                    font: settingsLink.font
-                    wrapMode: Text.Wrap
-                    horizontalAlignment: Text.AlignHCenter
-                    color: Theme.link
-                }
-                onClicked: contactsView.vm.openSettings()
-            }
-
-            Label {
-                objectName: "noContactsFound"
-                visible: !contactsView.vm.accessDenied && contactsView.vm.visibleContacts.count === 0
-                anchors.centerIn: parent
-                width: parent.width - Theme.spacingLarge * 2
-                horizontalAlignment: Text.AlignHCenter
+                font: settingsLink.font
                 wrapMode: Text.Wrap
-                text: qsTr("No Contacts Found")
-                color: Theme.secondaryText
-                font.pointSize: Theme.bodySize
+                horizontalAlignment: Text.AlignHCenter
+                color: Theme.link
             }
+            onClicked: contactsView.vm.openSettings()
+        }
 
-            ListView {
-                id: list
-                objectName: "contactsList"
-                anchors.fill: parent
-                visible: !contactsView.vm.accessDenied && contactsView.vm.visibleContacts.count > 0
-                clip: true
-                reuseItems: true
-                // Rows are made as they come into view: none waits off screen
-                // for a screen reader to find.
-                cacheBuffer: 0
-                // The gap between rows shows the window as a separator line.
-                spacing: 1
-                boundsBehavior: Flickable.StopAtBounds
-                model: contactsView.vm.visibleContacts
-                Accessible.role: Accessible.List
-                Accessible.name: qsTr("Contact list")
-                ScrollIndicator.vertical: ScrollIndicator { }
-
-                Connections {
-                    target: contactsView.vm
-                    // A new search shows its first matches.
-                    function onSearchTextChanged() { list.positionViewAtBeginning() }
-                }
-
-                delegate: ContactRow {
-                    onTapped: (index) => {
-                        contactsView.vm.selectVisibleContact(index)
-                        contactsView.showingCallAlert = !contactsView.showingCallAlert
-                    }
-                }
-            }
+        Label {
+            objectName: "noContactsFound"
+            visible: !contactsView.vm.accessDenied && contactsView.vm.visibleContacts.count === 0
+            anchors.centerIn: parent
+            width: parent.width - Theme.spacingLarge * 2
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            text: qsTr("No Contacts Found")
+            color: Theme.secondaryText
+            font.pointSize: Theme.bodySize
         }
     }
 
     CallPrivacyDialog {
         id: privacyDialog
         objectName: "callPrivacyDialog"
+        visible: contactsView.showingCallAlert
         onPrivateDialingChosen: contactsView.placeCall(true)
         onNormalDialingChosen: contactsView.placeCall(false)
         onClosed: contactsView.showingCallAlert = false
@@ -244,6 +243,7 @@ Page {
     DialErrorAlert {
         id: errorAlert
         objectName: "dialErrorAlert"
+        visible: contactsView.showingErrorDialNumberAlert
         service: contactsView.service
         onClosed: contactsView.showingErrorDialNumberAlert = false
     }

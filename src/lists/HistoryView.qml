@@ -44,15 +44,48 @@ Page {
         historyView.forceActiveFocus()
     }
 
-    onShowingCallAlertChanged: {
-        if (showingCallAlert)
-            callPrivacyDialog.open()
-        else
-            callPrivacyDialog.close()
+    // 4. The rows, under the search and the count, which scroll away with
+    // them: on a short window (a phone in landscape at the largest text)
+    // the rows get the room.
+    ListView {
+        id: historyList
+        objectName: "historyList"
+        anchors.fill: parent
+        topMargin: listTop.height
+        clip: true
+        model: historyView.vm.filteredContacts
+        boundsBehavior: Flickable.StopAtBounds
+        // Rows that leave the list wait in a pool for the next ones.
+        reuseItems: true
+        // Rows are made as they come into view: none waits off screen
+        // for a screen reader to find.
+        cacheBuffer: 0
+        // The gap between rows shows the window as a separator line.
+        spacing: 1
+        Accessible.role: Accessible.List
+        Accessible.name: qsTr("Call history")
+        ScrollIndicator.vertical: ScrollIndicator { }
+        delegate: HistoryRow {
+            editMode: historyView.editMode
+            deleteWidth: historyView.deleteWidth
+            onTapped: (index) => historyView.tapRow(index)
+            onDeleteRequested: (index) => historyView.vm.deleteRows([index])
+        }
+
+        Connections {
+            target: historyView.vm
+            // A new search shows its first matches, under the search field.
+            function onSearchTextChanged() {
+                historyList.positionViewAtBeginning()
+                historyList.contentY = historyList.originY - historyList.topMargin
+            }
+        }
     }
 
     ColumnLayout {
-        anchors.fill: parent
+        id: listTop
+        width: parent.width
+        y: Math.min(0, -(historyList.contentY + historyList.topMargin))
         spacing: 0
 
         // 1. Search.
@@ -81,7 +114,7 @@ Page {
                 id: countLabel
                 objectName: "countLabel"
                 Layout.fillWidth: true
-                text: qsTr("Total Contacts") + ": " + historyView.vm.filteredContacts.count
+                text: qsTr("Total Contacts: %1").arg(historyView.vm.filteredContacts.count)
                 font.pointSize: Theme.footnoteSize
                 color: Theme.secondaryText
                 wrapMode: Text.Wrap
@@ -100,70 +133,37 @@ Page {
                 onClicked: historyView.editMode = !historyView.editMode
             }
         }
+    }
 
-        // 4. The body.
-        Item {
+    // Without records, a hint where the rows would be.
+    ColumnLayout {
+        objectName: "emptyState"
+        visible: historyView.vm.filteredContacts.count === 0
+        anchors.top: listTop.bottom
+        anchors.bottom: parent.bottom
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: parent.width - Theme.spacingHuge * 2
+        spacing: Theme.spacingSmall
+        Item { Layout.fillHeight: true }
+        Label {
+            objectName: "emptyTitle"
             Layout.fillWidth: true
-            Layout.fillHeight: true
-
-            ColumnLayout {
-                objectName: "emptyState"
-                visible: historyView.vm.filteredContacts.count === 0
-                anchors.centerIn: parent
-                width: parent.width - Theme.spacingHuge * 2
-                spacing: Theme.spacingSmall
-                Label {
-                    objectName: "emptyTitle"
-                    Layout.fillWidth: true
-                    text: qsTr("No history calls to show")
-                    font.pointSize: Theme.headlineSize
-                    font.weight: Font.DemiBold
-                    horizontalAlignment: Text.AlignHCenter
-                    wrapMode: Text.Wrap
-                }
-                Label {
-                    objectName: "emptyHint"
-                    Layout.fillWidth: true
-                    text: qsTr("Remember: don't forget to switch on \"Auto Save to History\" in settings to save your calls.")
-                    font.pointSize: Theme.footnoteSize
-                    color: Theme.secondaryText
-                    horizontalAlignment: Text.AlignHCenter
-                    wrapMode: Text.Wrap
-                }
-            }
-
-            ListView {
-                id: historyList
-                objectName: "historyList"
-                anchors.fill: parent
-                visible: historyView.vm.filteredContacts.count > 0
-                clip: true
-                model: historyView.vm.filteredContacts
-                boundsBehavior: Flickable.StopAtBounds
-                // Rows that leave the list wait in a pool for the next ones.
-                reuseItems: true
-                // Rows are made as they come into view: none waits off screen
-                // for a screen reader to find.
-                cacheBuffer: 0
-                // The gap between rows shows the window as a separator line.
-                spacing: 1
-                Accessible.role: Accessible.List
-                Accessible.name: qsTr("Call history")
-                ScrollIndicator.vertical: ScrollIndicator { }
-                delegate: HistoryRow {
-                    editMode: historyView.editMode
-                    deleteWidth: historyView.deleteWidth
-                    onTapped: (index) => historyView.tapRow(index)
-                    onDeleteRequested: (index) => historyView.vm.deleteRows([index])
-                }
-
-                Connections {
-                    target: historyView.vm
-                    // A new search shows its first matches.
-                    function onSearchTextChanged() { historyList.positionViewAtBeginning() }
-                }
-            }
+            text: qsTr("No history calls to show")
+            font.pointSize: Theme.headlineSize
+            font.weight: Font.DemiBold
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
         }
+        Label {
+            objectName: "emptyHint"
+            Layout.fillWidth: true
+            text: qsTr("Remember: don't forget to switch on \"Auto Save to History\" in settings to save your calls.")
+            font.pointSize: Theme.footnoteSize
+            color: Theme.secondaryText
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+        }
+        Item { Layout.fillHeight: true }
     }
 
     // The rows' delete button fits its caption.
@@ -177,6 +177,7 @@ Page {
     CallPrivacyDialog {
         id: callPrivacyDialog
         objectName: "callPrivacyDialog"
+        visible: historyView.showingCallAlert
         onClosed: historyView.showingCallAlert = false
         onPrivateDialingChosen: historyView.vm.callSelectedContact(true)
         onNormalDialingChosen: historyView.vm.callSelectedContact(false)

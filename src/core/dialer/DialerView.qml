@@ -43,12 +43,16 @@ Page {
             showingErrorDialNumberAlert = true
     }
 
-    // A keyboard works as well: digits, * and #, Backspace, Enter to call.
+    // A keyboard works as well: digits, * and #, Backspace, Enter to call,
+    // and Escape clears the number as holding the delete key does.
     Keys.onPressed: (event) => {
         if (event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))
             return
         if (event.key === Qt.Key_Backspace || event.key === Qt.Key_Delete) {
             vm.deleteLast()
+            event.accepted = true
+        } else if (event.key === Qt.Key_Escape && vm.numberPhoneTyping.length > 0) {
+            vm.clear()
             event.accepted = true
         } else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter) {
             call()
@@ -222,7 +226,7 @@ Page {
             icon.color: pressed ? Theme.secondaryText : Theme.text
             opacity: dialerView.vm.numberPhoneTyping.length > 0 ? 1 : 0.35
             Accessible.name: qsTr("Delete")
-            Accessible.description: qsTr("Hold to clear the number")
+            Accessible.description: qsTr("Hold to clear the number, or press Escape")
             Accessible.onPressAction: clicked()
 
             property point pressPoint

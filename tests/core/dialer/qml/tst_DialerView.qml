@@ -77,7 +77,7 @@ TestCase {
         mouseRelease(del)
         compare(view.vm.numberPhoneTyping, "")
 
-        // From a keyboard: digits and keypad signs, Backspace, and Return calls.
+        // From a keyboard: digits and keypad signs, Backspace, Return calls, Escape clears.
         view.forceActiveFocus()
         for (const k of [Qt.Key_0, Qt.Key_7, Qt.Key_Asterisk, Qt.Key_A /* not a keypad key */])
             keyClick(k)
@@ -86,6 +86,8 @@ TestCase {
         compare(view.vm.numberPhoneTyping, "07")
         keyClick(Qt.Key_Return)
         compare(phone.lastOpened(), "#31#07")
+        keyClick(Qt.Key_Escape)
+        compare(view.vm.numberPhoneTyping, "")
     }
 
     // An empty number cannot be called; a failed call shows the alert until "OK".
