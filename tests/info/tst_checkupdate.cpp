@@ -310,7 +310,9 @@ private slots:
     {
         // The app's own checker (test programs use a local one); the identifier goes in unescaped.
         CheckUpdate shared(CheckUpdate::Config::fromBuild(), m_opener);
-        QCOMPARE(shared.infoPlistValue(QStringLiteral("CFBundleShortVersionString")), QStringLiteral(QUIETON_TEST_VERSION));
+        QCOMPARE(CheckUpdate::infoPlistValue(CheckUpdate::Config::fromBuild().infoPlistPath,
+                                             QStringLiteral("CFBundleShortVersionString")),
+                 QStringLiteral(QUIETON_TEST_VERSION));
         QVERIFY(shared.lookupAddress(QStringLiteral("a b/c")).endsWith(QLatin1StringView("/br/lookup?bundleId=a b/c")));
         QVERIFY(shared.buildsAddress().contains(QRegularExpression(QStringLiteral("^https://.*/v1/apps/[0-9]+/builds$"))));
         QVERIFY(shared.urlAppStore().contains(QRegularExpression(QStringLiteral("^https://[^/]+/br/app/[^/]+/id[0-9]+\\?uo=4$"))));
