@@ -112,7 +112,6 @@ void Service::shareApp()
 bool Service::placeCall(const PendingCall &call, bool fromLink)
 {
     if (makeCall(call.telephone, call.hidden, fromLink)) {
-        // Never null: a call dialled by number records empty names.
         const auto text = [](const QString &value) { return value.isNull() ? QStringLiteral("") : value; };
         m_pendingCallFirstName = text(call.firstName);
         m_pendingCallLastName = text(call.lastName);

@@ -21,7 +21,6 @@
 
 namespace {
 
-// Prints its items on one line, separated by single spaces.
 void print(const QStringList &items)
 {
     QTextStream(stdout) << items.join(u' ') << Qt::endl;
@@ -32,9 +31,8 @@ void print(const QStringList &items)
 std::optional<QHash<QString, QString>> readPropertyList(QIODevice &file)
 {
     QXmlStreamReader xml(&file);
-    if (!xml.readNextStartElement() || xml.name() != QLatin1StringView("plist"))
-        return std::nullopt;
-    if (!xml.readNextStartElement() || xml.name() != QLatin1StringView("dict"))
+    if (!xml.readNextStartElement() || xml.name() != QLatin1StringView("plist") || !xml.readNextStartElement()
+        || xml.name() != QLatin1StringView("dict"))
         return std::nullopt;
     QHash<QString, QString> values;
     QString key;
@@ -240,7 +238,6 @@ void CheckUpdate::decide(const Outcome &outcome, const QString &currentVersion, 
     presentAlert(version, force, store ? std::optional(store->trackViewUrl) : std::nullopt);
 }
 
-// The alert goes to the app's first visible window, if it has one.
 void CheckUpdate::presentAlert(const QString &version, bool force, const std::optional<QString> &recordLink)
 {
     QQuickWindow *window = nullptr;

@@ -5,7 +5,6 @@ namespace {
 // Ends each field of a row's form: a noncharacter, in no name or number.
 constexpr QChar separator = QChar(0xFFFF);
 
-// The form a text is compared in.
 QString searchForm(const QString &text)
 {
     return text.normalized(QString::NormalizationForm_C).toCaseFolded();
