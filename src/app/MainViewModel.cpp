@@ -18,14 +18,6 @@ MainViewModel::MainViewModel(UserDefaultsService &defaultsService, Service &serv
 {
 }
 
-void MainViewModel::setSelectedTab(int tab)
-{
-    if (m_selectedTab == tab)
-        return;
-    m_selectedTab = tab;
-    emit selectedTabChanged();
-}
-
 void MainViewModel::recordMainViewBuilt()
 {
     m_defaultsService->saveInstallDateIfNeeded();

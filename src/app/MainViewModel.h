@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QProperty>
 #include <QtQml/qqmlregistration.h>
 
 #include "CallObserver.h"
@@ -27,13 +28,11 @@ public:
     MainViewModel(UserDefaultsService &defaultsService, Service &service, Telephony &telephony,
                   HistoryCallDataService &historyDataService, QObject *parent = nullptr);
 
-    UserDefaultsService *defaultsService() const { return m_defaultsService; }
-    Service *service() const { return m_service; }
     CallObserver *callObserver() { return &m_callObserver; }
     CallObserverDelegate *callObserverDelegate() { return &m_callObserverDelegate; }
 
     int selectedTab() const { return m_selectedTab; }
-    void setSelectedTab(int tab);
+    void setSelectedTab(int tab) { m_selectedTab = tab; }
 
     // Stores the install date on the first build and counts the opening.
     Q_INVOKABLE void recordMainViewBuilt();
@@ -44,7 +43,7 @@ signals:
 private:
     UserDefaultsService *m_defaultsService;
     Service *m_service;
-    int m_selectedTab = 0;
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(MainViewModel, int, m_selectedTab, 0, &MainViewModel::selectedTabChanged)
     CallObserver m_callObserver;
     CallObserverDelegate m_callObserverDelegate;
 };

@@ -10,7 +10,6 @@
 #include "BuildConfig.h"
 
 #include <QGuiApplication>
-
 #include <QQuickWindow>
 #include <QTextStream>
 #include <QTranslator>

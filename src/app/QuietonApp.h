@@ -59,7 +59,6 @@ public:
                         QObject *parent = nullptr);
     ~QuietonApp() override;
 
-    // Gives the application its names and version (call right after making it).
     static void nameApplication();
     // Translates the app's texts into the first of `locale`'s languages that
     // the app speaks (English, the texts as written, needs nothing); call it
@@ -74,15 +73,12 @@ public:
     CrashManager &crashManager() { return m_crashManager; }
     CallConfirmation *confirmation() { return &m_confirmation; }
     UrlOpener *urlOpener() { return m_platform.urlOpener.get(); }
-    const PlatformParts &platform() const { return m_platform; }
 
     // What waits for the app window's first frame, so that start-up never
     // shares its time with it: the call history's first read, then, unless
     // `checkForUpdate` is false, asking the store for a newer version.
     void startAfterFirstFrame(QWindow *window, bool checkForUpdate = true);
 
-    // The screens' models, each made for the screen `owner` and living as
-    // long as it does.
     Q_INVOKABLE WelcomeViewModel *createWelcomeViewModel(QObject *owner);
     Q_INVOKABLE MainViewModel *createMainViewModel(QObject *owner);
     Q_INVOKABLE DialerViewModel *createDialerViewModel(QObject *owner);
@@ -97,7 +93,6 @@ public:
     // handled only by the main screen, so one that arrives before the main
     // screen is up waits for it, and one that arrives during onboarding is dropped.
     Q_INVOKABLE void deliverLink(const QUrl &url);
-    // The main screen tells when it is shown and hidden.
     Q_INVOKABLE void setMainViewShown(bool shown);
     // The main screen's handler of a widget link: places the call it carries.
     Q_INVOKABLE void handleOpenUrl(const QUrl &url);

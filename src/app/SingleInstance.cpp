@@ -7,17 +7,6 @@
 #include <QDBusMessage>
 #include <QTextStream>
 
-namespace {
-
-const QString interfaceName = QStringLiteral("org.freedesktop.Application");
-
-void say(const QString &line)
-{
-    QTextStream(stdout) << line << Qt::endl;
-}
-
-} // namespace
-
 SingleInstance::SingleInstance(QDBusConnection bus, QObject *parent) : QObject(parent), m_bus(std::move(bus)) { }
 
 QString SingleInstance::objectPath()
@@ -28,7 +17,7 @@ QString SingleInstance::objectPath()
 bool SingleInstance::listen()
 {
     if (!m_bus.isConnected()) {
-        say(QStringLiteral("No session bus: links from later launches cannot reach this app"));
+        QTextStream(stdout) << "No session bus: links from later launches cannot reach this app" << Qt::endl;
         return true;
     }
     // The object first, so that a launch which finds the name finds it answering.
@@ -45,7 +34,8 @@ bool SingleInstance::listen()
 
 bool SingleInstance::forwardToRunning(const QUrl &link)
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(QStringLiteral(QUIETON_APP_ID), objectPath(), interfaceName,
+    QDBusMessage call = QDBusMessage::createMethodCall(QStringLiteral(QUIETON_APP_ID), objectPath(),
+                                                       QStringLiteral("org.freedesktop.Application"),
                                                        link.isEmpty() ? QStringLiteral("Activate")
                                                                       : QStringLiteral("Open"));
     if (link.isEmpty())
@@ -66,7 +56,8 @@ void SingleInstance::Open(const QStringList &uris, const QVariantMap &)
 {
     for (const QString &uri : uris) {
         if (uri.size() > WidgetLink::maxLinkLength)
-            say(QStringLiteral("## Link refused: longer than %1 characters").arg(WidgetLink::maxLinkLength));
+            QTextStream(stdout) << "## Link refused: longer than " << WidgetLink::maxLinkLength << " characters"
+                                << Qt::endl;
         else
             emit linkReceived(QUrl::fromEncoded(uri.toUtf8()));
     }

@@ -19,13 +19,7 @@ void CallObserverDelegate::callChanged(CallObserver *, const CallEvent &call)
 {
     // Only the dialling phase of an outgoing call that the app started: the
     // change reported when it starts, before the other side answers.
-    if (!m_service->callStartedFromApp())
-        return;
-    if (!call.isOutgoing)
-        return;
-    if (call.hasConnected)
-        return;
-    if (call.hasEnded)
+    if (!m_service->callStartedFromApp() || !call.isOutgoing || call.hasConnected || call.hasEnded)
         return;
 
     QTextStream(stdout) << "detect a dialing outgoing call" << Qt::endl;

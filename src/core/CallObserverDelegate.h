@@ -22,9 +22,6 @@ public:
     CallObserverDelegate(HistoryCallDataService *historyDataService, UserDefaultsService *defaultsService,
                          Service *service, QObject *parent = nullptr);
 
-    HistoryCallDataService *historyDataService() const { return m_historyDataService; }
-    UserDefaultsService *defaultsService() const { return m_defaultsService; }
-
     // One change of one call on the device, as `observer` reports it.
     void callChanged(CallObserver *observer, const CallEvent &call);
 

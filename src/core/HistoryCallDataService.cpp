@@ -7,10 +7,8 @@
 #include <QtConcurrent>
 
 #include <algorithm>
-#include <limits>
 
 using namespace HistorySql;
-
 
 HistoryCallDataService::HistoryCallDataService(const QString &databasePath, QObject *parent)
     : QAbstractListModel(parent),
@@ -19,17 +17,11 @@ HistoryCallDataService::HistoryCallDataService(const QString &databasePath, QObj
       m_clock([] { return QDateTime::currentDateTime(); })
 {
     QString error;
-    switch (openStore(error)) {
-    case Opened:
-        break;
-    case Damaged:
+    const OpenResult opened = openStore(error);
+    if (opened != Opened)
         log(QStringLiteral("## Error loading Core data :") + error);
+    if (opened == Damaged)
         setAsideDamagedFile();
-        break;
-    case Failed:
-        log(QStringLiteral("## Error loading Core data :") + error);
-        break;
-    }
 }
 
 HistoryCallDataService::~HistoryCallDataService()

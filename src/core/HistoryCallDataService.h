@@ -58,10 +58,6 @@ public:
     }
     int count() const { return int(m_records.size()); }
     QString databasePath() const { return m_databasePath; }
-    // Whether the file is open (read-only or not).
-    bool isLoaded() const { return m_loaded; }
-    // Whether staged changes wait for a save.
-    bool hasPendingChanges() const { return !m_pending.isEmpty(); }
     // Whether the first read of the records is still running.
     bool isFetchingInBackground() const { return m_firstReadPending; }
 

@@ -31,6 +31,5 @@ public:
         return a.objectId == b.objectId && same(a.firstName, b.firstName) && same(a.lastName, b.lastName)
             && same(a.telephone, b.telephone) && same(a.time, b.time) && a.callHidden == b.callHidden;
     }
-    friend bool operator!=(const HistoryData &a, const HistoryData &b) { return !(a == b); }
 };
 Q_DECLARE_METATYPE(HistoryData)

@@ -68,7 +68,6 @@ int copyReadableRows(const QSqlDatabase &from, const QSqlDatabase &to)
     }
 }
 
-
 } // namespace
 
 QSqlDatabase HistoryCallDataService::database() const
@@ -209,16 +208,11 @@ bool HistoryCallDataService::ensureLoaded(QString &error)
     // each use, so that it records again once the cause is gone.
     if (m_loaded)
         return true;
-    switch (openStore(error)) {
-    case Opened:
+    const OpenResult opened = openStore(error);
+    if (opened == Opened)
         readAgain();
-        break;
-    case Damaged:
+    else if (opened == Damaged)
         setAsideDamagedFile();
-        break;
-    case Failed:
-        break;
-    }
     if (!m_loaded && error.isEmpty())
         error = QStringLiteral("the call history store %1 is not loaded").arg(m_databasePath);
     return m_loaded;

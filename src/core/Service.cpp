@@ -12,6 +12,44 @@
 #include <QTextStream>
 #include <QUrl>
 
+namespace {
+
+bool isCallAddress(const QString &address)
+{
+    // Today's URL parsers percent-encode whatever a URL cannot hold as it
+    // stands (spaces, other characters, a stray '%') and give up only on a
+    // broken structure: no scheme, a port that is not a number, or a '[' that
+    // does not enclose an IP address. Host-name rules do not apply beyond
+    // that: after "tel://" comes a dial string such as "0611 111 111" or
+    // "#31#", not a host.
+    static const QRegularExpression url(
+            QStringLiteral(R"(^[A-Za-z][A-Za-z0-9+.-]*:(?:(?!//)|//(?:[^/?#]*@)?(?:\[([^\]]*)\]|[^/?#@\[\]:]*)(?::([0-9]*))?(?:[/?#]|$)))"),
+            QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpressionMatch match = url.match(address);
+    if (!match.hasMatch())
+        return false;
+    const QString port = match.captured(2);
+    bool portFits = true;
+    if (!port.isEmpty() && (port.toUInt(&portFits) > 65535 || !portFits))
+        return false;
+    return !match.hasCaptured(1) || QUrl(QStringLiteral("http://[%1]").arg(match.captured(1))).isValid();
+}
+
+QString failureNotice(const QString &message)
+{
+    // One sentence however the telephony put it: single blanks, none before
+    // a mark, a capital first and a full stop last, never an open ": " or " .".
+    static const QRegularExpression blanksBeforeMarks(QStringLiteral(R"(\s+(?=[.,;:!?]))"));
+    static const QRegularExpression openEnd(QStringLiteral(R"([\s.,;:]+$)"));
+    QString text = message.simplified().remove(blanksBeforeMarks).remove(openEnd);
+    if (text.isEmpty())
+        return Service::tr("The call could not be placed.");
+    text[0] = text[0].toUpper();
+    return text.endsWith(u'!') || text.endsWith(u'?') ? text : text + u'.';
+}
+
+} // namespace
+
 Service::Service(UserDefaultsService *defaultsService, Telephony &telephony, CallConfirmation &confirmation,
                  WidgetRefresher &widgets, TextSharer &sharer, QObject *parent)
     : QObject(parent),
@@ -34,11 +72,7 @@ bool Service::makeCall(const QString &number, bool hidden, bool fromLink)
     const DialRequest request{ hidden ? prefix : QString(), number };
     const QString address = QStringLiteral("tel://") + request.dialString();
 
-    if (!isCallAddress(address)) {
-        setCallFailed(true);
-        return true;
-    }
-    if (!m_telephony.canOpen(request)) {
+    if (!isCallAddress(address) || !m_telephony.canOpen(request)) {
         setCallFailed(true);
         return true;
     }
@@ -53,73 +87,31 @@ bool Service::makeCall(const QString &number, bool hidden, bool fromLink)
     // The address as composed: the URL's own rendering would rewrite a bare
     // number such as 0612 as if it were a host address.
     QTextStream(stdout) << "## User dial : " << address << Qt::endl;
-    if (!confirm) {
+    if (confirm)
+        m_confirmation.ask(request.dialString(), this, [this, request] { m_telephony.open(request); });
+    else
         m_telephony.open(request);
-        return true;
-    }
-    m_confirmation.ask(request.dialString(), this, [this, request] { m_telephony.open(request); });
     return true;
-}
-
-bool Service::isCallAddress(const QString &address)
-{
-    // Today's URL parsers percent-encode whatever a URL cannot hold as it
-    // stands (spaces, other characters, a stray '%') and give up only on a
-    // broken structure: no scheme, a port that is not a number, or a '[' that
-    // does not enclose an IP address. Host-name rules do not apply beyond
-    // that: after "tel://" comes a dial string such as "0611 111 111" or
-    // "#31#", not a host.
-    static const QRegularExpression url(
-            QStringLiteral(R"(^[A-Za-z][A-Za-z0-9+.-]*:(?:(?!//)|//(?:[^/?#]*@)?(?:\[([^\]]*)\]|[^/?#@\[\]:]*)(?::([0-9]*))?(?:[/?#]|$)))"),
-            QRegularExpression::DotMatchesEverythingOption);
-    const QRegularExpressionMatch match = url.match(address);
-    if (!match.hasMatch())
-        return false;
-    const QString port = match.captured(2);
-    bool portFits = true;
-    if (!port.isEmpty() && (port.toUInt(&portFits) > 65535 || !portFits))
-        return false;
-    return !match.hasCaptured(1) || QUrl(QStringLiteral("http://[%1]").arg(match.captured(1))).isValid();
-}
-
-QString Service::failureNotice(const QString &message)
-{
-    // One sentence however the telephony put it: single blanks, none before
-    // a mark, a capital first and a full stop last, never an open ": " or " .".
-    static const QRegularExpression blanksBeforeMarks(QStringLiteral(R"(\s+(?=[.,;:!?]))"));
-    static const QRegularExpression openEnd(QStringLiteral(R"([\s.,;:]+$)"));
-    QString text = message.simplified().remove(blanksBeforeMarks).remove(openEnd);
-    if (text.isEmpty())
-        return tr("The call could not be placed.");
-    text[0] = text[0].toUpper();
-    return text.endsWith(u'!') || text.endsWith(u'?') ? text : text + u'.';
 }
 
 void Service::resetWidgetData()
 {
-    if (KeyValueStore *widgetSuite = m_defaultsService->userDefaultsShared())
+    if (KeyValueStore *widgetSuite = m_defaultsService->userDefaultsShared()) {
         widgetSuite->setString(QStringLiteral("phoneNumberWidget"), QString());
-    if (KeyValueStore *widgetSuite = m_defaultsService->userDefaultsShared())
         widgetSuite->setBool(QStringLiteral("hiddenNumberWidget"), false);
-    if (KeyValueStore *widgetSuite = m_defaultsService->userDefaultsShared())
         widgetSuite->setBool(QStringLiteral("saveToHistoryWidget"), false);
+    }
     m_widgets.reloadAllTimelines();
-}
-
-QString Service::shareText()
-{
-    return tr("Check out this cool app! ") + QStringLiteral(QUIETON_STORE_PAGE_URL);
 }
 
 void Service::shareApp()
 {
-    m_sharer.share(shareText());
+    m_sharer.share(tr("Check out this cool app! ") + QStringLiteral(QUIETON_STORE_PAGE_URL));
 }
 
 bool Service::placeCall(const PendingCall &call, bool fromLink)
 {
     if (makeCall(call.telephone, call.hidden, fromLink)) {
-        // Never null: a call dialled by number records empty names.
         const auto text = [](const QString &value) { return value.isNull() ? QStringLiteral("") : value; };
         m_pendingCallFirstName = text(call.firstName);
         m_pendingCallLastName = text(call.lastName);
@@ -130,22 +122,6 @@ bool Service::placeCall(const PendingCall &call, bool fromLink)
         emit pendingCallChanged();
     }
     return m_callFailed;
-}
-
-void Service::setCallStartedFromApp(bool value)
-{
-    if (m_callStartedFromApp == value)
-        return;
-    m_callStartedFromApp = value;
-    emit callStartedFromAppChanged();
-}
-
-void Service::setCallFailed(bool value)
-{
-    if (m_callFailed == value)
-        return;
-    m_callFailed = value;
-    emit callFailedChanged();
 }
 
 void Service::setPendingCallSaveToHistory(std::optional<bool> value)

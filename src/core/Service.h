@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QProperty>
 #include <QString>
 #include <QVariant>
 #include <QtQml/qqmlregistration.h>
@@ -28,10 +29,6 @@ struct PendingCall
 // call state: the two call flags and the pending-call record that tells the
 // call observer who is being called. Screens read that state; they change it
 // only by placing a call or by dismissing the dialling-error alert.
-//
-// It lives with the settings store and the history store, below every
-// screen, because every screen that places a call and the call observer use
-// it; the app's start-up makes the one instance.
 class Service : public QObject
 {
     Q_OBJECT
@@ -49,9 +46,6 @@ class Service : public QObject
 public:
     Service(UserDefaultsService *defaultsService, Telephony &telephony, CallConfirmation &confirmation,
             WidgetRefresher &widgets, TextSharer &sharer, QObject *parent = nullptr);
-
-    UserDefaultsService *defaultsService() const { return m_defaultsService; }
-    Telephony &telephony() const { return m_telephony; }
 
     // Places a call to `number`, behind the stored prefix when `hidden`.
     // The outcome is left in callFailed. The user confirms the dial string
@@ -72,20 +66,12 @@ public:
     // Clears the three values the widget shares with the app, then asks the
     // widgets to redraw.
     Q_INVOKABLE void resetWidgetData();
-    // Offers the recommendation text with the store page's address.
     Q_INVOKABLE void shareApp();
 
-    static QString shareText();
-    // Whether a URL parser takes `address`, percent-encoding what a URL
-    // cannot hold as it stands; a call to anything else fails.
-    static bool isCallAddress(const QString &address);
-    // A telephony's report of a failed request as one well-formed sentence.
-    static QString failureNotice(const QString &message);
-
     bool callStartedFromApp() const { return m_callStartedFromApp; }
-    void setCallStartedFromApp(bool value);
+    void setCallStartedFromApp(bool value) { m_callStartedFromApp = value; }
     bool callFailed() const { return m_callFailed; }
-    void setCallFailed(bool value);
+    void setCallFailed(bool value) { m_callFailed = value; }
 
     QString pendingCallFirstName() const { return m_pendingCallFirstName; }
     QString pendingCallLastName() const { return m_pendingCallLastName; }
@@ -111,8 +97,8 @@ private:
     WidgetRefresher &m_widgets;
     TextSharer &m_sharer;
 
-    bool m_callStartedFromApp = false;
-    bool m_callFailed = false;
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(Service, bool, m_callStartedFromApp, false, &Service::callStartedFromAppChanged)
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(Service, bool, m_callFailed, false, &Service::callFailedChanged)
     // Never null: a call dialled by number records empty names, not missing ones.
     QString m_pendingCallFirstName = QStringLiteral("");
     QString m_pendingCallLastName = QStringLiteral("");

@@ -1,6 +1,5 @@
 #include "UserDefaultsService.h"
 
-
 UserDefaultsService::UserDefaultsService(std::unique_ptr<KeyValueStore> standard,
                                          std::unique_ptr<KeyValueStore> sharedSuite, QObject *parent)
     : QObject(parent), m_userDefaults(std::move(standard)), m_userDefaultsShared(std::move(sharedSuite))
@@ -31,14 +30,8 @@ void UserDefaultsService::setupDefaultValues()
     if (!store.stringValue(QStringLiteral("prefix")))
         store.setString(QStringLiteral("prefix"), defaultPrefix());
 
-    const QString sortKey = QStringLiteral("autoSortBy");
-    if (!store.stringValue(sortKey)) {
-        store.setInteger(sortKey, 0);
-    } else {
-        const auto again = store.stringValue(sortKey);
-        if (again && again->isEmpty())
-            store.setInteger(sortKey, 0);
-    }
+    if (store.stringValue(QStringLiteral("autoSortBy")).value_or(QString()).isEmpty())
+        store.setInteger(QStringLiteral("autoSortBy"), 0);
 }
 
 std::optional<QDateTime> UserDefaultsService::installDate() const
@@ -50,22 +43,6 @@ void UserDefaultsService::saveInstallDateIfNeeded()
 {
     if (!installDate())
         m_userDefaults->setDate(QStringLiteral("dateAppInstalled"), QDateTime::currentDateTime());
-}
-
-bool UserDefaultsService::boolForKey(const QString &key) const
-{
-    return m_userDefaults->boolValue(key);
-}
-
-qint64 UserDefaultsService::integerForKey(const QString &key) const
-{
-    return m_userDefaults->integerValue(key);
-}
-
-QVariant UserDefaultsService::stringForKey(const QString &key) const
-{
-    const auto text = m_userDefaults->stringValue(key);
-    return text ? QVariant(*text) : QVariant();
 }
 
 void UserDefaultsService::setBool(const QString &key, bool value)

@@ -3,7 +3,6 @@
 #include "KeyValueStore.h"
 
 #include <QObject>
-#include <QVariant>
 #include <QtQml/qqmlregistration.h>
 
 #include <memory>
@@ -18,8 +17,6 @@ class UserDefaultsService : public QObject
     Q_PROPERTY(QString defaultPrefix READ defaultPrefix CONSTANT)
 
 public:
-    static constexpr auto sharedSuiteName = "group.quieton.DataWidget";
-
     // A store over the given suites; `sharedSuite` may be null when the
     // widget's suite cannot be opened. Runs the first-launch initialisation.
     UserDefaultsService(std::unique_ptr<KeyValueStore> standard, std::unique_ptr<KeyValueStore> sharedSuite,
@@ -35,10 +32,7 @@ public:
     Q_INVOKABLE void saveInstallDateIfNeeded();
 
     // Reads and writes of the standard suite for the screens.
-    Q_INVOKABLE bool boolForKey(const QString &key) const;
-    Q_INVOKABLE qint64 integerForKey(const QString &key) const;
-    // The text under `key`, or undefined when it holds none.
-    Q_INVOKABLE QVariant stringForKey(const QString &key) const;
+    Q_INVOKABLE bool boolForKey(const QString &key) const { return m_userDefaults->boolValue(key); }
     Q_INVOKABLE void setBool(const QString &key, bool value);
     Q_INVOKABLE void setInteger(const QString &key, qint64 value);
     Q_INVOKABLE void setString(const QString &key, const QString &value);

@@ -6,9 +6,7 @@ QString WidgetLink::queryValue(const QUrl &url, const QString &key)
 {
     if (!url.isValid())
         return QString();
-    const QUrlQuery query(url.query(QUrl::FullyEncoded));
-    const auto items = query.queryItems(QUrl::FullyDecoded);
-    for (const auto &item : items) {
+    for (const auto &item : QUrlQuery(url.query(QUrl::FullyEncoded)).queryItems(QUrl::FullyDecoded)) {
         if (item.first == key)
             return item.second;
     }

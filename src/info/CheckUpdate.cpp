@@ -7,6 +7,7 @@
 
 #include <QFile>
 #include <QGuiApplication>
+#include <QMetaEnum>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
@@ -20,20 +21,9 @@
 
 namespace {
 
-// Prints its items on one line, separated by single spaces.
 void print(const QStringList &items)
 {
     QTextStream(stdout) << items.join(u' ') << Qt::endl;
-}
-
-QString describe(CheckUpdate::VersionError error)
-{
-    switch (error) {
-    case CheckUpdate::VersionError::invalidBundleInfo: return QStringLiteral("invalidBundleInfo");
-    case CheckUpdate::VersionError::invalidResponse: return QStringLiteral("invalidResponse");
-    case CheckUpdate::VersionError::dataError: return QStringLiteral("dataError");
-    }
-    return {};
 }
 
 // The top-level dictionary of a property list, its text values only: other
@@ -41,9 +31,8 @@ QString describe(CheckUpdate::VersionError error)
 std::optional<QHash<QString, QString>> readPropertyList(QIODevice &file)
 {
     QXmlStreamReader xml(&file);
-    if (!xml.readNextStartElement() || xml.name() != QLatin1StringView("plist"))
-        return std::nullopt;
-    if (!xml.readNextStartElement() || xml.name() != QLatin1StringView("dict"))
+    if (!xml.readNextStartElement() || xml.name() != QLatin1StringView("plist") || !xml.readNextStartElement()
+        || xml.name() != QLatin1StringView("dict"))
         return std::nullopt;
     QHash<QString, QString> values;
     QString key;
@@ -136,12 +125,6 @@ std::optional<QString> CheckUpdate::infoPlistValue(const QString &path, const QS
     return values->value(key);
 }
 
-QVariant CheckUpdate::infoPlistText(const QString &key) const
-{
-    const std::optional<QString> value = infoPlistValue(key);
-    return value ? QVariant(*value) : QVariant();
-}
-
 QString CheckUpdate::lookupAddress(const QString &bundleId) const
 {
     return m_config.lookupOrigin + QStringLiteral("/br/lookup?bundleId=") + bundleId;
@@ -159,11 +142,6 @@ QString CheckUpdate::followableLink(const QString &link) const
     const bool onStore = url.isValid() && url.scheme() == QLatin1StringView("https") && url.userInfo().isEmpty()
             && !url.host().isEmpty() && url.host() == store.host() && url.port() == store.port();
     return onStore ? link : m_urlAppStore;
-}
-
-bool CheckUpdate::isVersionLess(const QString &current, const QString &store)
-{
-    return QString::compare(current, store, Qt::CaseSensitive) < 0;
 }
 
 void CheckUpdate::startRequest(const QUrl &address, const QString &currentVersion, bool force, bool isTestFlight)
@@ -237,40 +215,29 @@ void CheckUpdate::decide(const Outcome &outcome, const QString &currentVersion, 
     const QString label = isTestFlight ? QStringLiteral("TestFlight") : QStringLiteral("AppStore");
     if (error) {
         const QString description = std::holds_alternative<VersionError>(*error)
-                ? describe(std::get<VersionError>(*error))
+                ? QString::fromLatin1(QMetaEnum::fromType<VersionError>().valueToKey(int(std::get<VersionError>(*error))))
                 : std::get<QString>(*error);
         print({ QStringLiteral("error getting app ") + label + QStringLiteral(" version: "), description });
     }
-
-    auto needsUpdate = [&](const QString &version) {
-        print({ QStringLiteral("Needs update: ") + label + QStringLiteral(" Version: ") + version
-                        + QStringLiteral(" > Current version: "),
-                currentVersion });
-    };
-    auto upToDate = [&] { print({ QStringLiteral("Already on the last app version: "), currentVersion }); };
-
-    if (store) {
-        if (isVersionLess(currentVersion, store->version)) {
-            if (!std::exchange(m_isNeedUpdate, true))
-                emit isNeedUpdateChanged();
-            needsUpdate(store->version);
-            presentAlert(store->version, force, store->trackViewUrl);
-        } else {
-            upToDate();
-        }
-    } else if (beta) {
-        if (isVersionLess(currentVersion, beta->attributes.version)) {
-            needsUpdate(beta->attributes.version);
-            presentAlert(beta->attributes.version, force, std::nullopt);
-        } else {
-            upToDate();
-        }
-    } else {
+    if (!store && !beta) {
         print({ QStringLiteral("App does not exist on ") + label });
+        return;
     }
+    // Plain character-by-character ordering: "1.10" sorts before "1.9".
+    const QString version = store ? store->version : beta->attributes.version;
+    if (QString::compare(currentVersion, version, Qt::CaseSensitive) >= 0) {
+        print({ QStringLiteral("Already on the last app version: "), currentVersion });
+        return;
+    }
+    // Only a store record raises the flag; a beta's alert offers the store page.
+    if (store && !std::exchange(m_isNeedUpdate, true))
+        emit isNeedUpdateChanged();
+    print({ QStringLiteral("Needs update: ") + label + QStringLiteral(" Version: ") + version
+                    + QStringLiteral(" > Current version: "),
+            currentVersion });
+    presentAlert(version, force, store ? std::optional(store->trackViewUrl) : std::nullopt);
 }
 
-// The alert goes to the app's first visible window, if it has one.
 void CheckUpdate::presentAlert(const QString &version, bool force, const std::optional<QString> &recordLink)
 {
     QQuickWindow *window = nullptr;

@@ -31,7 +31,7 @@ class CheckUpdate : public QObject
     QML_UNCREATABLE("Made at start-up")
     Q_MOC_INCLUDE(<QQuickItem>)
     Q_PROPERTY(bool isNeedUpdate READ isNeedUpdate NOTIFY isNeedUpdateChanged)
-    Q_PROPERTY(QString urlAppStore READ urlAppStore NOTIFY urlAppStoreChanged)
+    Q_PROPERTY(QString urlAppStore READ urlAppStore CONSTANT)
     Q_PROPERTY(bool isTestFlight READ isTestFlight NOTIFY isTestFlightChanged)
 
 public:
@@ -69,11 +69,8 @@ public:
     // offer no way out but updating. Returns at once.
     Q_INVOKABLE void checkForUpdate(bool isOptional, bool isTestFlight);
 
-    // One text entry of the information file, read afresh on every call.
-    std::optional<QString> infoPlistValue(const QString &key) const { return infoPlistValue(m_config.infoPlistPath, key); }
+    // One text entry of the information file at `path`, read afresh on every call.
     static std::optional<QString> infoPlistValue(const QString &path, const QString &key);
-    // The same for QML: undefined when there is no such text.
-    Q_INVOKABLE QVariant infoPlistText(const QString &key) const;
 
     // The two addresses a check may ask, as they are built (no escaping).
     QString lookupAddress(const QString &bundleId) const;
@@ -86,10 +83,6 @@ public:
     // store page's own host, else the store page.
     QString followableLink(const QString &link) const;
 
-    // The plain character-by-character ordering the check uses: "1.10" sorts
-    // before "1.9", equal texts are never less.
-    static bool isVersionLess(const QString &current, const QString &store);
-
     // Shows the update alert over `screen`'s window (null when it has none).
     Q_INVOKABLE QObject *showAppUpdateAlertWithVersion(QQuickItem *screen, const QString &version, bool force,
                                                        const QString &appURL, bool isTestFlight);
@@ -98,7 +91,6 @@ public:
 
 signals:
     void isNeedUpdateChanged();
-    void urlAppStoreChanged();
     void isTestFlightChanged();
 
 private:

@@ -8,69 +8,28 @@
 
 namespace {
 
-// Walks a JSON value with the decoder's rules and remembers the first failure,
-// with the path where it happened ("results[0].trackViewUrl").
-class Decoder
+QString typeName(const QJsonValue &value)
 {
-public:
+    switch (value.type()) {
+    case QJsonValue::Null: return QStringLiteral("null");
+    case QJsonValue::Bool: return QStringLiteral("a boolean");
+    case QJsonValue::Double: return QStringLiteral("a number");
+    case QJsonValue::String: return QStringLiteral("a string");
+    case QJsonValue::Array: return QStringLiteral("an array");
+    case QJsonValue::Object: return QStringLiteral("an object");
+    case QJsonValue::Undefined: break;
+    }
+    return QStringLiteral("nothing");
+}
+
+// Walks a JSON value with the decoder's rules and remembers the first failure,
+// with the path where it happened ("results[0].trackViewUrl"). After a
+// failure every step fails at once.
+struct Decoder
+{
     QString error;
 
     bool failed() const { return !error.isEmpty(); }
-
-    QString requiredString(const QJsonObject &object, const QString &key, const QString &path)
-    {
-        if (failed())
-            return {};
-        const QJsonValue value = object.value(key);
-        if (value.isUndefined()) {
-            fail(QStringLiteral("keyNotFound"), path + key, QStringLiteral("no value"));
-            return {};
-        }
-        if (!value.isString()) {
-            fail(QStringLiteral("typeMismatch"), path + key,
-                 QStringLiteral("expected a string but found ") + typeName(value));
-            return {};
-        }
-        return value.toString();
-    }
-
-    std::optional<QJsonObject> requiredObject(const QJsonObject &object, const QString &key, const QString &path)
-    {
-        if (failed())
-            return std::nullopt;
-        const QJsonValue value = object.value(key);
-        if (value.isUndefined()) {
-            fail(QStringLiteral("keyNotFound"), path + key, QStringLiteral("no value"));
-            return std::nullopt;
-        }
-        return asObject(value, path + key);
-    }
-
-    std::optional<QJsonObject> asObject(const QJsonValue &value, const QString &path)
-    {
-        if (failed())
-            return std::nullopt;
-        if (!value.isObject()) {
-            fail(QStringLiteral("typeMismatch"), path, QStringLiteral("expected an object but found ") + typeName(value));
-            return std::nullopt;
-        }
-        return value.toObject();
-    }
-
-    // An optional array: absent and null both mean "no value".
-    std::optional<QJsonArray> optionalArray(const QJsonObject &object, const QString &key)
-    {
-        if (failed())
-            return std::nullopt;
-        const QJsonValue value = object.value(key);
-        if (value.isUndefined() || value.isNull())
-            return std::nullopt;
-        if (!value.isArray()) {
-            fail(QStringLiteral("typeMismatch"), key, QStringLiteral("expected an array but found ") + typeName(value));
-            return std::nullopt;
-        }
-        return value.toArray();
-    }
 
     void fail(const QString &kind, const QString &path, const QString &detail)
     {
@@ -79,19 +38,41 @@ public:
                     + QStringLiteral(": ") + detail;
     }
 
-private:
-    static QString typeName(const QJsonValue &value)
+    // `value` as `type` (named `name` in the message), else a failure.
+    bool expect(const QJsonValue &value, QJsonValue::Type type, const char *name, const QString &path)
     {
-        switch (value.type()) {
-        case QJsonValue::Null: return QStringLiteral("null");
-        case QJsonValue::Bool: return QStringLiteral("a boolean");
-        case QJsonValue::Double: return QStringLiteral("a number");
-        case QJsonValue::String: return QStringLiteral("a string");
-        case QJsonValue::Array: return QStringLiteral("an array");
-        case QJsonValue::Object: return QStringLiteral("an object");
-        case QJsonValue::Undefined: break;
-        }
-        return QStringLiteral("nothing");
+        if (!failed() && value.type() != type)
+            fail(QStringLiteral("typeMismatch"), path,
+                 QStringLiteral("expected %1 but found ").arg(QLatin1StringView(name)) + typeName(value));
+        return !failed();
+    }
+
+    QJsonValue required(const QJsonObject &object, const QString &key, const QString &path)
+    {
+        const QJsonValue value = object.value(key);
+        if (!failed() && value.isUndefined())
+            fail(QStringLiteral("keyNotFound"), path + key, QStringLiteral("no value"));
+        return value;
+    }
+
+    QString requiredString(const QJsonObject &object, const QString &key, const QString &path)
+    {
+        const QJsonValue value = required(object, key, path);
+        return expect(value, QJsonValue::String, "a string", path + key) ? value.toString() : QString();
+    }
+
+    std::optional<QJsonObject> asObject(const QJsonValue &value, const QString &path)
+    {
+        return expect(value, QJsonValue::Object, "an object", path) ? std::optional(value.toObject()) : std::nullopt;
+    }
+
+    // An optional array: absent and null both mean "no value".
+    std::optional<QJsonArray> optionalArray(const QJsonObject &object, const QString &key)
+    {
+        const QJsonValue value = object.value(key);
+        if (value.isUndefined() || value.isNull() || !expect(value, QJsonValue::Array, "an array", key))
+            return std::nullopt;
+        return value.toArray();
     }
 };
 
@@ -116,20 +97,18 @@ std::optional<LookupResult> LookupResult::decode(const QByteArray &body, QString
     if (const std::optional<QJsonArray> data = decoder.optionalArray(top, QStringLiteral("data"))) {
         QList<TestFlightInfo> builds;
         for (qsizetype i = 0; i < data->size() && !decoder.failed(); ++i) {
-            const QString path = QStringLiteral("data[%1]").arg(i);
-            const std::optional<QJsonObject> item = decoder.asObject(data->at(i), path);
+            const QString path = QStringLiteral("data[%1].").arg(i);
+            const std::optional<QJsonObject> item = decoder.asObject(data->at(i), path.chopped(1));
             if (!item)
                 break;
-            TestFlightInfo build;
-            build.type = decoder.requiredString(*item, QStringLiteral("type"), path + u'.');
-            const std::optional<QJsonObject> attributes =
-                    decoder.requiredObject(*item, QStringLiteral("attributes"), path + u'.');
+            const QString type = decoder.requiredString(*item, QStringLiteral("type"), path);
+            const std::optional<QJsonObject> attributes = decoder.asObject(
+                    decoder.required(*item, QStringLiteral("attributes"), path), path + QStringLiteral("attributes"));
             if (!attributes)
                 break;
-            const QString attributesPath = path + QStringLiteral(".attributes.");
-            build.attributes.version = decoder.requiredString(*attributes, QStringLiteral("version"), attributesPath);
-            build.attributes.expired = decoder.requiredString(*attributes, QStringLiteral("expired"), attributesPath);
-            builds.append(build);
+            const QString attributesPath = path + QStringLiteral("attributes.");
+            builds.append({ type, { decoder.requiredString(*attributes, QStringLiteral("version"), attributesPath),
+                                    decoder.requiredString(*attributes, QStringLiteral("expired"), attributesPath) } });
         }
         result.data = builds;
     }
@@ -137,14 +116,12 @@ std::optional<LookupResult> LookupResult::decode(const QByteArray &body, QString
     if (const std::optional<QJsonArray> results = decoder.optionalArray(top, QStringLiteral("results"))) {
         QList<AppInfo> apps;
         for (qsizetype i = 0; i < results->size() && !decoder.failed(); ++i) {
-            const QString path = QStringLiteral("results[%1]").arg(i);
-            const std::optional<QJsonObject> item = decoder.asObject(results->at(i), path);
+            const QString path = QStringLiteral("results[%1].").arg(i);
+            const std::optional<QJsonObject> item = decoder.asObject(results->at(i), path.chopped(1));
             if (!item)
                 break;
-            AppInfo app;
-            app.version = decoder.requiredString(*item, QStringLiteral("version"), path + u'.');
-            app.trackViewUrl = decoder.requiredString(*item, QStringLiteral("trackViewUrl"), path + u'.');
-            apps.append(app);
+            apps.append({ decoder.requiredString(*item, QStringLiteral("version"), path),
+                          decoder.requiredString(*item, QStringLiteral("trackViewUrl"), path) });
         }
         result.results = apps;
     }

@@ -7,40 +7,29 @@
 #include <QTextStream>
 #include <QTimer>
 
-SafariWebView::SafariWebView(QObject *parent) : QObject(parent) { }
-
-QString SafariWebView::rawValue(urls page)
-{
-    const QString site = QStringLiteral("https://" QUIETON_WEB_HOST);
-    switch (page) {
-    case privacy: return site + QStringLiteral("/privacyPolicy");
-    case termsOfUs: return site + QStringLiteral("/termsOfUs");
-    case leaveAFeedBack: return site + QStringLiteral("/sendFeedBack");
-    case reportAProblem: return site + QStringLiteral("/reportAProblem");
-    case suggestAFeature: return site + QStringLiteral("/suggestAFeature");
-    }
-    qFatal("SafariWebView: unknown page %d", int(page));
-}
-
 QUrl SafariWebView::address(urls page)
 {
-    const QUrl url(rawValue(page), QUrl::StrictMode);
+    const QString site = QStringLiteral("https://" QUIETON_WEB_HOST);
+    const auto path = [page]() -> const char * {
+        switch (page) {
+        case privacy: return "/privacyPolicy";
+        case termsOfUs: return "/termsOfUs";
+        case leaveAFeedBack: return "/sendFeedBack";
+        case reportAProblem: return "/reportAProblem";
+        case suggestAFeature: return "/suggestAFeature";
+        }
+        qFatal("SafariWebView: unknown page %d", int(page));
+    };
+    const QString text = site + QLatin1StringView(path());
+    const QUrl url(text, QUrl::StrictMode);
     if (!url.isValid())
-        qFatal("SafariWebView: the page address %s is not valid", qPrintable(rawValue(page)));
+        qFatal("SafariWebView: the page address %s is not valid", qPrintable(text));
     return url;
-}
-
-void SafariWebView::setUrl(urls url)
-{
-    if (m_url == url)
-        return;
-    m_url = url;
-    emit urlChanged();
 }
 
 QString SafariWebView::page() const
 {
-    return QString::fromLatin1(QMetaEnum::fromType<urls>().valueToKey(m_url));
+    return QString::fromLatin1(QMetaEnum::fromType<urls>().valueToKey(m_url.value()));
 }
 
 void SafariWebView::setPage(const QString &name)
@@ -54,7 +43,7 @@ void SafariWebView::setPage(const QString &name)
 
 void SafariWebView::componentComplete()
 {
-    const QUrl page = address(m_url);
+    const QUrl page = address(m_url.value());
     if (!m_opener || !m_opener->open(page))
         QTextStream(stdout) << "## Could not open " << page.toString() << Qt::endl;
     // Closed on the next turn of the event loop, not while its holder is still

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QProperty>
 #include <QQmlParserStatus>
 #include <QString>
 #include <QUrl>
@@ -21,7 +22,6 @@ class SafariWebView : public QObject, public QQmlParserStatus
     QML_ELEMENT
     Q_PROPERTY(urls url READ url WRITE setUrl NOTIFY urlChanged)
     Q_PROPERTY(QString page READ page WRITE setPage NOTIFY urlChanged)
-    Q_PROPERTY(QString address READ addressText NOTIFY urlChanged)
     // What opens the page.
     Q_PROPERTY(UrlOpener *opener MEMBER m_opener REQUIRED)
 
@@ -30,19 +30,16 @@ public:
     enum urls { privacy, termsOfUs, leaveAFeedBack, reportAProblem, suggestAFeature };
     Q_ENUM(urls)
 
-    explicit SafariWebView(QObject *parent = nullptr);
+    using QObject::QObject;
 
-    // The address text of a page: "https://" + the site's host + its path.
-    static QString rawValue(urls page);
-    // The same as an address; the texts are fixed, so this cannot fail.
+    // "https://" + the site's host + the page's path.
     static QUrl address(urls page);
 
     urls url() const { return m_url; }
-    void setUrl(urls url);
+    void setUrl(urls url) { m_url = url; }
     // The case's name; a name that is not a case is a programming error.
     QString page() const;
     void setPage(const QString &name);
-    QString addressText() const { return rawValue(m_url); }
 
     void classBegin() override { }
     void componentComplete() override;
@@ -53,6 +50,6 @@ signals:
     void dismissed();
 
 private:
-    urls m_url = privacy;
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(SafariWebView, urls, m_url, privacy, &SafariWebView::urlChanged)
     UrlOpener *m_opener = nullptr;
 };

@@ -23,7 +23,10 @@ class SendFeedBackViewModel : public QObject
 
 public:
     SendFeedBackViewModel(UserDefaultsService &defaultsService, Service &service, UrlOpener &urlOpener,
-                          QObject *parent = nullptr);
+                          QObject *parent = nullptr)
+        : QObject(parent), m_defaultsService(&defaultsService), m_service(&service), m_urlOpener(&urlOpener)
+    {
+    }
 
     UserDefaultsService *defaultsService() const { return m_defaultsService; }
     Service *service() const { return m_service; }

@@ -16,15 +16,6 @@
 
 #include <limits>
 
-namespace {
-
-void log(const QString &line)
-{
-    QTextStream(stdout) << line << Qt::endl;
-}
-
-} // namespace
-
 ContactsViewModel::ContactsViewModel(UserDefaultsService &defaultsService, Service &service, AddressBook &addressBook,
                                      UrlOpener &urlOpener, CrashManager &crashManager, QObject *parent)
     : QObject(parent),
@@ -51,35 +42,9 @@ void ContactsViewModel::setComparator(bool ascending)
     sortContacts();
 }
 
-QString ContactsViewModel::searchText() const
-{
-    return m_visibleContacts->searchText();
-}
-
-void ContactsViewModel::setSearchText(const QString &text)
-{
-    m_visibleContacts->setSearchText(text);
-}
-
-void ContactsViewModel::setSortIndexSelected(qint64 index)
-{
-    if (m_sortIndexSelected == index)
-        return;
-    m_sortIndexSelected = index;
-    emit sortIndexSelectedChanged();
-}
-
 const QList<FetchedContact> &ContactsViewModel::contactsArray() const
 {
     return m_contactsArray->contacts();
-}
-
-void ContactsViewModel::setAccessDenied(bool denied)
-{
-    if (m_accessDenied == denied)
-        return;
-    m_accessDenied = denied;
-    emit accessDeniedChanged();
 }
 
 void ContactsViewModel::updateContacts()
@@ -98,10 +63,10 @@ void ContactsViewModel::requestContactsAccess()
         .then(this, [this](const AddressBook::AccessAnswer &answer) {
             if (answer.granted) {
                 fetchContacts();
-                setAccessDenied(false);
+                m_accessDenied = false;
             } else if (!answer.error.isEmpty()) {
-                log(QStringLiteral("Contacts access denied: ") + answer.error);
-                setAccessDenied(true);
+                QTextStream(stdout) << "Contacts access denied: " << answer.error << Qt::endl;
+                m_accessDenied = true;
             }
         });
 }
@@ -132,7 +97,7 @@ void ContactsViewModel::fetchContacts()
             this,
             [this, error] {
                 if (!error.isEmpty())
-                    log(QStringLiteral("Error fetching contacts: ") + error);
+                    QTextStream(stdout) << "Error fetching contacts: " << error << Qt::endl;
                 emit contactsLoaded();
             },
             Qt::QueuedConnection);

@@ -6,6 +6,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QProperty>
 #include <QString>
 #include <QVariant>
 #include <QtQml/qqmlregistration.h>
@@ -47,14 +48,13 @@ public:
 
     Service *service() const { return &m_service; }
     bool accessDenied() const { return m_accessDenied; }
-    bool contactsPermissionRequested() const { return m_contactsPermissionRequested; }
     bool comparator() const { return m_comparator; }
     // Stores the direction under "comparator", then sorts.
     void setComparator(bool ascending);
-    QString searchText() const;
-    void setSearchText(const QString &text);
+    QString searchText() const { return m_visibleContacts->searchText(); }
+    void setSearchText(const QString &text) { m_visibleContacts->setSearchText(text); }
     qint64 sortIndexSelected() const { return m_sortIndexSelected; }
-    void setSortIndexSelected(qint64 index);
+    void setSortIndexSelected(qint64 index) { m_sortIndexSelected = index; }
     const QList<FetchedContact> &contactsArray() const;
     QList<int> createRowForAdArray() const { return { 10, 20, 35, 55, 70, 90, 110, 130 }; }
     std::optional<FetchedContact> selectedContact() const { return m_selectedContact; }
@@ -68,13 +68,11 @@ public:
     Q_INVOKABLE void fetchContacts();
     Q_INVOKABLE void sortContacts();
 
-    // A tap on a visible row: a copy of it, with a new id, becomes the selection.
     Q_INVOKABLE void selectVisibleContact(int row);
     // Calls the selected contact (nobody: an empty number), privately when
     // `hidden`, and fills the pending-call record with the contact. Returns
     // whether the dialling-error alert is due.
     Q_INVOKABLE bool callSelectedContact(bool hidden);
-    // Where access to the address book is given.
     Q_INVOKABLE void openSettings();
 
 signals:
@@ -87,7 +85,6 @@ signals:
     void contactsLoaded();
 
 private:
-    void setAccessDenied(bool denied);
     int sortIndexSelectedValue() const;
     QVariant selectedContactValue() const;
 
@@ -96,10 +93,11 @@ private:
     AddressBook &m_addressBook;
     UrlOpener &m_urlOpener;
     CrashManager &m_crashManager;
-    bool m_accessDenied = false;
     bool m_contactsPermissionRequested = false;
     bool m_comparator;
-    qint64 m_sortIndexSelected;
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(ContactsViewModel, bool, m_accessDenied, false,
+                                         &ContactsViewModel::accessDeniedChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(ContactsViewModel, qint64, m_sortIndexSelected, &ContactsViewModel::sortIndexSelectedChanged)
     std::optional<FetchedContact> m_selectedContact;
     ContactsListModel *m_contactsArray;
     SearchFilter *m_visibleContacts;

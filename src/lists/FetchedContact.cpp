@@ -8,8 +8,3 @@ FetchedContact FetchedContact::make(const QString &firstName, const QString &las
 {
     return { counter++, firstName, lastName, telephone };
 }
-
-qint64 FetchedContact::peekNextId()
-{
-    return counter;
-}

@@ -23,8 +23,6 @@ public:
 
     // A new record with the counter's next id.
     static FetchedContact make(const QString &firstName, const QString &lastName, const QString &telephone);
-    // The id the next record will get.
-    static qint64 peekNextId();
 
     bool operator==(const FetchedContact &other) const = default;
 };

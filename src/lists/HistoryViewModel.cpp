@@ -7,16 +7,6 @@
 
 #include <algorithm>
 
-namespace {
-
-// What a call hands on for a field the record does not have.
-QString textOrEmpty(const QString &text)
-{
-    return text.isNull() ? QStringLiteral("") : text;
-}
-
-} // namespace
-
 HistoryViewModel::HistoryViewModel(HistoryCallDataService &historyDataService, UserDefaultsService &defaultsService,
                                    Service &service, QObject *parent)
     : QObject(parent),
@@ -78,8 +68,7 @@ void HistoryViewModel::callSelectedContact(bool hidden)
 {
     const bool save = m_defaultsService.userDefaults().boolValue(QStringLiteral("saveToHistory"));
     const HistoryData record = m_selectedContact.value_or(HistoryData());
-    m_service.placeCall({ textOrEmpty(record.firstName), textOrEmpty(record.lastName), textOrEmpty(record.telephone),
-                          hidden, save });
+    m_service.placeCall({ record.firstName, record.lastName, record.telephone, hidden, save });
 }
 
 QVariant HistoryViewModel::selectedContactValue() const

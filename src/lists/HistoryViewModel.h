@@ -37,15 +37,12 @@ public:
 
     Service *service() const { return &m_service; }
     QString searchText() const { return m_filteredContacts->searchText(); }
-    // Filters again at once, on every change.
     void setSearchText(const QString &text) { m_filteredContacts->setSearchText(text); }
     SearchFilter *filteredContacts() const { return m_filteredContacts; }
     int historyCount() const;
     const std::optional<HistoryData> &selectedContact() const { return m_selectedContact; }
 
-    // Filters the store's records again with the current text.
     Q_INVOKABLE void applySearch();
-    // The record listed at `row` becomes the selected one.
     Q_INVOKABLE void selectRow(int row);
     // Deletes the records listed at `rows`, in ascending order, each taken
     // from the list as it was when the call began; the store saves and
@@ -61,7 +58,6 @@ signals:
     void selectedContactChanged();
 
 private:
-    // The store's record listed at `row`, if there is one.
     const HistoryData *listed(int row) const;
     QVariant selectedContactValue() const;
 

@@ -5,6 +5,11 @@ namespace {
 // Ends each field of a row's form: a noncharacter, in no name or number.
 constexpr QChar separator = QChar(0xFFFF);
 
+QString searchForm(const QString &text)
+{
+    return text.normalized(QString::NormalizationForm_C).toCaseFolded();
+}
+
 } // namespace
 
 // Reading and folding every field again at each keystroke cost 38 ms at
@@ -60,11 +65,6 @@ SearchFilter::SearchFilter(QAbstractItemModel *source, const QList<QByteArray> &
     connect(this, &QAbstractItemModel::modelReset, this, recount);
     connect(this, &QAbstractItemModel::layoutChanged, this, recount);
     m_count = rowCount();
-}
-
-QString SearchFilter::searchForm(const QString &text)
-{
-    return text.normalized(QString::NormalizationForm_C).toCaseFolded();
 }
 
 void SearchFilter::setSearchText(const QString &text)

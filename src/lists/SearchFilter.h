@@ -24,12 +24,8 @@ public:
     SearchFilter(QAbstractItemModel *source, const QList<QByteArray> &roleNames, QObject *parent = nullptr);
 
     QString searchText() const { return m_searchText; }
-    // Filters again at once, on every change.
     void setSearchText(const QString &text);
     int count() const { return rowCount(); }
-
-    // The form a text is compared in.
-    static QString searchForm(const QString &text);
 
 signals:
     void searchTextChanged();

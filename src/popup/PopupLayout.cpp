@@ -4,20 +4,12 @@
 
 namespace {
 
-template<typename E>
-int clampedEnum(int value, E last)
-{
-    return std::clamp(value, 0, int(last));
-}
-
 // 0, 1 or 2 for the leading, middle and trailing column of a position;
 // likewise for rows.
 int column(PopupLayout::Position position) { return int(position) % 3; }
 int row(PopupLayout::Position position) { return int(position) / 3; }
 
 } // namespace
-
-PopupLayout::PopupLayout(QObject *parent) : QObject(parent) { }
 
 QSizeF PopupLayout::popupSize(Kind kind, QSizeF container, QSizeF content, qreal margin)
 {
@@ -86,64 +78,11 @@ bool PopupLayout::dragDismisses(AppearFrom from, QPointF translation, QSizeF siz
     return extent > 0 && along > extent / 3;
 }
 
-void PopupLayout::setType(int type)
-{
-    type = clampedEnum(type, FullScreen);
-    if (m_type == type)
-        return;
-    m_type = type;
-    emit inputsChanged();
-}
-
-void PopupLayout::setPosition(int position)
-{
-    position = clampedEnum(position, BottomTrailing);
-    if (m_position == position)
-        return;
-    m_position = position;
-    emit inputsChanged();
-}
-
-void PopupLayout::setAppearFrom(int from)
-{
-    from = clampedEnum(from, FromTrailing);
-    if (m_appearFrom == from)
-        return;
-    m_appearFrom = from;
-    emit inputsChanged();
-}
-
-void PopupLayout::setContainerSize(QSizeF size)
-{
-    if (m_containerSize == size)
-        return;
-    m_containerSize = size;
-    emit inputsChanged();
-}
-
-void PopupLayout::setContentSize(QSizeF size)
-{
-    if (m_contentSize == size)
-        return;
-    m_contentSize = size;
-    emit inputsChanged();
-}
-
 void PopupLayout::setMargin(qreal margin)
 {
     margin = std::max<qreal>(0, margin);
-    if (qFuzzyCompare(m_margin, margin))
-        return;
-    m_margin = margin;
-    emit inputsChanged();
-}
-
-void PopupLayout::setMirrored(bool mirrored)
-{
-    if (m_mirrored == mirrored)
-        return;
-    m_mirrored = mirrored;
-    emit inputsChanged();
+    if (!qFuzzyCompare(m_margin.value(), margin))
+        m_margin = margin;
 }
 
 QSizeF PopupLayout::popupSize() const
@@ -155,20 +94,10 @@ QPointF PopupLayout::restingPosition() const
 {
     if (kind() == FullScreen)
         return { 0, 0 };
-    return restingPosition(Position(m_position), m_containerSize, popupSize(), m_margin, m_mirrored);
+    return restingPosition(Position(m_position.value()), m_containerSize, popupSize(), m_margin, m_mirrored);
 }
 
 QPointF PopupLayout::entryOffset() const
 {
     return entryOffset(from(), m_containerSize, popupSize(), restingPosition(), m_mirrored);
-}
-
-QPointF PopupLayout::dragOffset(QPointF translation) const
-{
-    return dragOffset(from(), translation, m_mirrored);
-}
-
-bool PopupLayout::dragDismisses(QPointF translation) const
-{
-    return dragDismisses(from(), translation, popupSize(), m_mirrored);
 }

@@ -2,12 +2,16 @@
 
 #include <QObject>
 #include <QPointF>
+#include <QProperty>
 #include <QSizeF>
 #include <QtQml/qqmlregistration.h>
 
+#include <algorithm>
+
 // Where a popup rests, where it comes from and how a drag moves and dismisses
-// it: the geometry of PopupView, which is a Qt Quick Controls Popup. All coordinates are in the popup's layer,
-// which covers the window; "leading" is the left edge unless `mirrored`.
+// it: the geometry of PopupView, which is a Qt Quick Controls Popup. All
+// coordinates are in the popup's layer, which covers the window; "leading" is
+// the left edge unless `mirrored`.
 class PopupLayout : public QObject
 {
     Q_OBJECT
@@ -30,7 +34,6 @@ class PopupLayout : public QObject
     Q_PROPERTY(qreal entryOffsetY READ entryOffsetY NOTIFY inputsChanged)
 
 public:
-    // The three kinds of popup.
     enum Kind {
         Floating,   // a card over a dimmed window
         Toast,      // a strip across the window; the rest stays usable
@@ -71,7 +74,7 @@ public:
     };
     Q_ENUM(DismissSource)
 
-    explicit PopupLayout(QObject *parent = nullptr);
+    using QObject::QObject;
 
     // The size a popup of `kind` takes in `container` for content that would
     // like `content`: floating popups keep their content's size within the
@@ -92,27 +95,23 @@ public:
     static bool dragDismisses(AppearFrom from, QPointF translation, QSizeF size, bool mirrored);
 
     int type() const { return m_type; }
-    void setType(int type);
+    void setType(int type) { m_type = std::clamp(type, 0, int(FullScreen)); }
     int position() const { return m_position; }
-    void setPosition(int position);
+    void setPosition(int position) { m_position = std::clamp(position, 0, int(BottomTrailing)); }
     int appearFrom() const { return m_appearFrom; }
-    void setAppearFrom(int from);
-    QSizeF containerSize() const { return m_containerSize; }
-    void setContainerSize(QSizeF size);
-    qreal containerWidth() const { return m_containerSize.width(); }
-    void setContainerWidth(qreal width) { setContainerSize({ width, m_containerSize.height() }); }
-    qreal containerHeight() const { return m_containerSize.height(); }
-    void setContainerHeight(qreal height) { setContainerSize({ m_containerSize.width(), height }); }
-    QSizeF contentSize() const { return m_contentSize; }
-    void setContentSize(QSizeF size);
-    qreal contentWidth() const { return m_contentSize.width(); }
-    void setContentWidth(qreal width) { setContentSize({ width, m_contentSize.height() }); }
-    qreal contentHeight() const { return m_contentSize.height(); }
-    void setContentHeight(qreal height) { setContentSize({ m_contentSize.width(), height }); }
+    void setAppearFrom(int from) { m_appearFrom = std::clamp(from, 0, int(FromTrailing)); }
+    qreal containerWidth() const { return m_containerSize.value().width(); }
+    void setContainerWidth(qreal width) { m_containerSize = QSizeF(width, containerHeight()); }
+    qreal containerHeight() const { return m_containerSize.value().height(); }
+    void setContainerHeight(qreal height) { m_containerSize = QSizeF(containerWidth(), height); }
+    qreal contentWidth() const { return m_contentSize.value().width(); }
+    void setContentWidth(qreal width) { m_contentSize = QSizeF(width, contentHeight()); }
+    qreal contentHeight() const { return m_contentSize.value().height(); }
+    void setContentHeight(qreal height) { m_contentSize = QSizeF(contentWidth(), height); }
     qreal margin() const { return m_margin; }
     void setMargin(qreal margin);
     bool mirrored() const { return m_mirrored; }
-    void setMirrored(bool mirrored);
+    void setMirrored(bool mirrored) { m_mirrored = mirrored; }
 
     QSizeF popupSize() const;
     qreal popupWidth() const { return popupSize().width(); }
@@ -123,25 +122,26 @@ public:
     QPointF entryOffset() const;
     qreal entryOffsetX() const { return entryOffset().x(); }
     qreal entryOffsetY() const { return entryOffset().y(); }
-    QPointF dragOffset(QPointF translation) const;
-    bool dragDismisses(QPointF translation) const;
     // The same for QML, a finger's translation given as dx and dy.
-    Q_INVOKABLE qreal dragOffsetX(qreal dx, qreal dy) const { return dragOffset(QPointF(dx, dy)).x(); }
-    Q_INVOKABLE qreal dragOffsetY(qreal dx, qreal dy) const { return dragOffset(QPointF(dx, dy)).y(); }
-    Q_INVOKABLE bool dragDismisses(qreal dx, qreal dy) const { return dragDismisses(QPointF(dx, dy)); }
+    Q_INVOKABLE qreal dragOffsetX(qreal dx, qreal dy) const { return dragOffset(from(), QPointF(dx, dy), m_mirrored).x(); }
+    Q_INVOKABLE qreal dragOffsetY(qreal dx, qreal dy) const { return dragOffset(from(), QPointF(dx, dy), m_mirrored).y(); }
+    Q_INVOKABLE bool dragDismisses(qreal dx, qreal dy) const
+    {
+        return dragDismisses(from(), QPointF(dx, dy), popupSize(), m_mirrored);
+    }
 
 signals:
     void inputsChanged();
 
 private:
-    Kind kind() const { return Kind(m_type); }
-    AppearFrom from() const { return AppearFrom(m_appearFrom); }
+    Kind kind() const { return Kind(m_type.value()); }
+    AppearFrom from() const { return AppearFrom(m_appearFrom.value()); }
 
-    int m_type = Floating;
-    int m_position = Center;
-    int m_appearFrom = FromBottom;
-    QSizeF m_containerSize;
-    QSizeF m_contentSize;
-    qreal m_margin = 16;
-    bool m_mirrored = false;
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(PopupLayout, int, m_type, Floating, &PopupLayout::inputsChanged)
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(PopupLayout, int, m_position, Center, &PopupLayout::inputsChanged)
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(PopupLayout, int, m_appearFrom, FromBottom, &PopupLayout::inputsChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(PopupLayout, QSizeF, m_containerSize, &PopupLayout::inputsChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(PopupLayout, QSizeF, m_contentSize, &PopupLayout::inputsChanged)
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(PopupLayout, qreal, m_margin, 16, &PopupLayout::inputsChanged)
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(PopupLayout, bool, m_mirrored, false, &PopupLayout::inputsChanged)
 };

@@ -29,46 +29,51 @@ struct CatalogueEntry
 {
     const char *name;
     std::initializer_list<const char *> prefixes;
-    bool several;
 };
 
 // Prefixes that hide the caller's number, by country; the order of a list
 // is the order in which the user is offered its prefixes.
 const CatalogueEntry catalogue[] = {
-    { QT_TRANSLATE_NOOP("SettingViewModel", "United States"), { "#31#", "*67" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Canada"), { "#31#", "*67" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "United Kingdom"), { "141" }, false },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Australia"), { "#31#", "1831" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Austria"), { "#31#", "*31#" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Ireland"), { "141" }, false },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Germany"), { "#31#", "*31#" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Japan"), { "184" }, false },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Hungary"), { "#31#", "*31#" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "South Africa"), { "*31*" }, false },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Brazil"), { "*31*", "#31#", "*31#" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Czech Republic"), { "#31#", "*31#" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Netherlands"), { "#31#", "*31*" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "New Zealand"), { "*67", "0197" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Norway"), { "#31#", "*31#" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Poland"), { "#31#", "*31#" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Portugal"), { "#31#", "*31#" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Romania"), { "#31#", "*31#" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "South Korea"), { "*23", "*23#" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Hong Kong"), { "133" }, false },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Ukraine"), { "#31#", "*31#" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Finland"), { "#31#", "*31#" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "Mexico"), { "*31*", "*67" }, true },
-    { QT_TRANSLATE_NOOP("SettingViewModel", "China"), { "133" }, false },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "United States"), { "#31#", "*67" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Canada"), { "#31#", "*67" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "United Kingdom"), { "141" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Australia"), { "#31#", "1831" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Austria"), { "#31#", "*31#" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Ireland"), { "141" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Germany"), { "#31#", "*31#" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Japan"), { "184" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Hungary"), { "#31#", "*31#" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "South Africa"), { "*31*" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Brazil"), { "*31*", "#31#", "*31#" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Czech Republic"), { "#31#", "*31#" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Netherlands"), { "#31#", "*31*" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "New Zealand"), { "*67", "0197" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Norway"), { "#31#", "*31#" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Poland"), { "#31#", "*31#" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Portugal"), { "#31#", "*31#" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Romania"), { "#31#", "*31#" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "South Korea"), { "*23", "*23#" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Hong Kong"), { "133" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Ukraine"), { "#31#", "*31#" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Finland"), { "#31#", "*31#" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "Mexico"), { "*31*", "*67" } },
+    { QT_TRANSLATE_NOOP("SettingViewModel", "China"), { "133" } },
 };
-
-bool isText(const QVariant &value)
-{
-    return value.metaType().id() == QMetaType::QString;
-}
 
 bool isList(const QVariant &value)
 {
     return value.metaType().id() == QMetaType::QStringList;
+}
+
+// "## Selected Prefix for " line's way of printing a catalogue value.
+QString describe(const QVariant &value)
+{
+    if (!isList(value))
+        return value.toString();
+    QStringList quoted;
+    for (const QString &prefix : value.toStringList())
+        quoted.append(QLatin1Char('"') + prefix + QLatin1Char('"'));
+    return QLatin1Char('[') + quoted.join(QStringLiteral(", ")) + QLatin1Char(']');
 }
 
 } // namespace
@@ -81,25 +86,17 @@ SettingViewModel::SettingViewModel(UserDefaultsService &defaultsService, Service
       m_service(&service),
       m_historyDataService(&historyDataService),
       m_checkNewVersionService(&checkNewVersionService),
-      m_urlOpener(&urlOpener),
-      m_sortByFirstName(0),
-      m_sortByLastName(1),
-      m_sortByTelephone(2)
+      m_urlOpener(&urlOpener)
 {
     const QString version = QCoreApplication::applicationVersion();
     if (!version.isEmpty())
         m_appVersion = version;
 
     for (const CatalogueEntry &entry : catalogue) {
-        const QString name = tr(entry.name);
-        if (entry.several) {
-            QStringList prefixes;
-            for (const char *prefix : entry.prefixes)
-                prefixes.append(QString::fromLatin1(prefix));
-            m_prefix_country_codes.insert(name, prefixes);
-        } else {
-            m_prefix_country_codes.insert(name, QString::fromLatin1(*entry.prefixes.begin()));
-        }
+        QStringList prefixes;
+        for (const char *prefix : entry.prefixes)
+            prefixes.append(QString::fromLatin1(prefix));
+        m_prefix_country_codes.insert(tr(entry.name), prefixes.size() > 1 ? QVariant(prefixes) : QVariant(prefixes[0]));
     }
     m_allOtherCountries = tr("All Other Countries");
 
@@ -107,78 +104,39 @@ SettingViewModel::SettingViewModel(UserDefaultsService &defaultsService, Service
     m_prefixNumber = store.stringValue(prefixKey).value_or(QString());
     m_autoHiddenNumber = store.boolValue(hiddenNumberKey);
     m_autoSaveToHistory = store.boolValue(saveToHistoryKey);
-    m_autoSortByFirstName = store.integerValue(autoSortByKey) == m_sortByFirstName;
-    m_autoSortByLastName = store.integerValue(autoSortByKey) == m_sortByLastName;
-    m_autoSortByTelephone = store.integerValue(autoSortByKey) == m_sortByTelephone;
-}
-
-void SettingViewModel::setSelected_country_codes(const QString &key)
-{
-    if (m_selected_country_codes == key)
-        return;
-    m_selected_country_codes = key;
-    emit selected_country_codesChanged();
-}
-
-void SettingViewModel::setSelectedLang(const QString &lang)
-{
-    if (m_selectedLang == lang)
-        return;
-    m_selectedLang = lang;
-    emit selectedLangChanged();
-}
-
-void SettingViewModel::setPrefixNumber(const QString &prefix)
-{
-    if (m_prefixNumber == prefix)
-        return;
-    m_prefixNumber = prefix;
-    emit prefixNumberChanged();
+    m_autoSortByFirstName = store.integerValue(autoSortByKey) == sortByFirstName();
+    m_autoSortByLastName = store.integerValue(autoSortByKey) == sortByLastName();
+    m_autoSortByTelephone = store.integerValue(autoSortByKey) == sortByTelephone();
 }
 
 void SettingViewModel::setAutoHiddenNumber(bool hidden)
 {
-    if (m_autoHiddenNumber != hidden) {
-        m_autoHiddenNumber = hidden;
-        emit autoHiddenNumberChanged();
-    }
+    m_autoHiddenNumber = hidden;
     m_defaultsService->setBool(hiddenNumberKey, hidden);
 }
 
 void SettingViewModel::setAutoSaveToHistory(bool save)
 {
-    if (m_autoSaveToHistory != save) {
-        m_autoSaveToHistory = save;
-        emit autoSaveToHistoryChanged();
-    }
+    m_autoSaveToHistory = save;
     m_defaultsService->setBool(saveToHistoryKey, save);
 }
 
 void SettingViewModel::setAutoSortByFirstName(bool on)
 {
-    if (m_autoSortByFirstName != on) {
-        m_autoSortByFirstName = on;
-        emit autoSortByFirstNameChanged();
-    }
-    keepSortFlagsExclusive(m_sortByFirstName, on);
+    m_autoSortByFirstName = on;
+    keepSortFlagsExclusive(sortByFirstName(), on);
 }
 
 void SettingViewModel::setAutoSortByLastName(bool on)
 {
-    if (m_autoSortByLastName != on) {
-        m_autoSortByLastName = on;
-        emit autoSortByLastNameChanged();
-    }
-    keepSortFlagsExclusive(m_sortByLastName, on);
+    m_autoSortByLastName = on;
+    keepSortFlagsExclusive(sortByLastName(), on);
 }
 
 void SettingViewModel::setAutoSortByTelephone(bool on)
 {
-    if (m_autoSortByTelephone != on) {
-        m_autoSortByTelephone = on;
-        emit autoSortByTelephoneChanged();
-    }
-    keepSortFlagsExclusive(m_sortByTelephone, on);
+    m_autoSortByTelephone = on;
+    keepSortFlagsExclusive(sortByTelephone(), on);
 }
 
 // Runs after a sort flag was set. Switching the current flag off leaves all
@@ -188,11 +146,11 @@ void SettingViewModel::keepSortFlagsExclusive(int code, bool on)
     if (!on)
         return;
     m_defaultsService->setInteger(autoSortByKey, code);
-    if (code != m_sortByFirstName)
+    if (code != sortByFirstName())
         setAutoSortByFirstName(false);
-    if (code != m_sortByLastName)
+    if (code != sortByLastName())
         setAutoSortByLastName(false);
-    if (code != m_sortByTelephone)
+    if (code != sortByTelephone())
         setAutoSortByTelephone(false);
 }
 
@@ -204,7 +162,7 @@ QStringList SettingViewModel::countryList() const
     return countries;
 }
 
-void SettingViewModel::storePrefix(const QString &prefix)
+void SettingViewModel::choosePrefix(const QString &prefix)
 {
     m_defaultsService->setString(prefixKey, prefix);
     setPrefixNumber(prefix);
@@ -212,7 +170,7 @@ void SettingViewModel::storePrefix(const QString &prefix)
 
 void SettingViewModel::selectAllOtherCountries()
 {
-    storePrefix(QString::fromLatin1(otherCountriesPrefix));
+    choosePrefix(QStringLiteral("#31#"));
 }
 
 bool SettingViewModel::selectCountry(const QString &key)
@@ -225,29 +183,23 @@ bool SettingViewModel::selectCountry(const QString &key)
         setSelected_country_codes(key);
         return true;
     }
-    if (isText(found.value()))
-        storePrefix(found.value().toString());
+    choosePrefix(found.value().toString());
     return false;
 }
 
 QVariantList SettingViewModel::prefixChoices() const
 {
     QVariantList rows;
-    const QVariant value = m_prefix_country_codes.value(m_selected_country_codes);
+    const QVariant value = m_prefix_country_codes.value(m_selected_country_codes.value());
     if (!isList(value))
         return rows;
     const QStringList prefixes = value.toStringList();
     for (qsizetype i = 0; i < prefixes.size(); ++i) {
-        const QString caption = tr("%1 - %2 - [%3]").arg(QString::number(qlonglong(i + 1)), m_selected_country_codes,
+        const QString caption = tr("%1 - %2 - [%3]").arg(QString::number(qlonglong(i + 1)), m_selected_country_codes.value(),
                                                          prefixes.at(i));
         rows.append(QVariantMap{ { QStringLiteral("caption"), caption }, { QStringLiteral("prefix"), prefixes.at(i) } });
     }
     return rows;
-}
-
-void SettingViewModel::choosePrefix(const QString &prefix)
-{
-    storePrefix(prefix);
 }
 
 bool SettingViewModel::isValidPrefix(const QString &text)
@@ -269,13 +221,13 @@ bool SettingViewModel::saveManualPrefix(const QString &text)
 {
     if (!isValidPrefix(text))
         return false;
-    storePrefix(text);
+    choosePrefix(text);
     return true;
 }
 
 void SettingViewModel::resetSettings()
 {
-    storePrefix(m_defaultsService->defaultPrefix());
+    choosePrefix(m_defaultsService->defaultPrefix());
     setAutoHiddenNumber(false);
     setAutoSaveToHistory(false);
     setAutoSortByFirstName(true);
@@ -297,11 +249,6 @@ bool SettingViewModel::openStorePage(const QString &address)
     return m_urlOpener->open(url);
 }
 
-void SettingViewModel::openSystemSettings()
-{
-    m_urlOpener->openSystemSettings();
-}
-
 UserGuideForQuietonViewModel *SettingViewModel::createUserGuideModel(QObject *owner)
 {
     return new UserGuideForQuietonViewModel(*m_defaultsService, owner);
@@ -310,14 +257,4 @@ UserGuideForQuietonViewModel *SettingViewModel::createUserGuideModel(QObject *ow
 SendFeedBackViewModel *SettingViewModel::createSendFeedBackModel(QObject *owner)
 {
     return new SendFeedBackViewModel(*m_defaultsService, *m_service, *m_urlOpener, owner);
-}
-
-QString SettingViewModel::describe(const QVariant &value)
-{
-    if (!isList(value))
-        return value.toString();
-    QStringList quoted;
-    for (const QString &prefix : value.toStringList())
-        quoted.append(QLatin1Char('"') + prefix + QLatin1Char('"'));
-    return QLatin1Char('[') + quoted.join(QStringLiteral(", ")) + QLatin1Char(']');
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QProperty>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -53,8 +54,6 @@ class SettingViewModel : public QObject
     Q_PROPERTY(QString allOtherCountries READ allOtherCountries CONSTANT)
 
 public:
-    // The prefix "All Other Countries" stands for.
-    static constexpr auto otherCountriesPrefix = "#31#";
 
     SettingViewModel(UserDefaultsService &defaultsService, Service &service, HistoryCallDataService &historyDataService,
                      CheckUpdate &checkNewVersionService, UrlOpener &urlOpener, QObject *parent = nullptr);
@@ -64,25 +63,24 @@ public:
     CheckUpdate *checkNewVersionService() const { return m_checkNewVersionService; }
     UrlOpener *urlOpener() const { return m_urlOpener; }
 
-    // The models of the screens the settings screen opens, each living as
-    // long as its screen `owner`.
     Q_INVOKABLE UserGuideForQuietonViewModel *createUserGuideModel(QObject *owner);
     Q_INVOKABLE SendFeedBackViewModel *createSendFeedBackModel(QObject *owner);
 
-    int sortByFirstName() const { return m_sortByFirstName; }
-    int sortByLastName() const { return m_sortByLastName; }
-    int sortByTelephone() const { return m_sortByTelephone; }
+    static int sortByFirstName() { return 0; }
+    static int sortByLastName() { return 1; }
+    static int sortByTelephone() { return 2; }
     QVariant appVersion() const { return m_appVersion; }
     QVariantMap prefix_country_codes() const { return m_prefix_country_codes; }
 
     QString selected_country_codes() const { return m_selected_country_codes; }
-    void setSelected_country_codes(const QString &key);
+    void setSelected_country_codes(const QString &key) { m_selected_country_codes = key; }
     QString selectedLang() const { return m_selectedLang; }
-    void setSelectedLang(const QString &lang);
+    void setSelectedLang(const QString &lang) { m_selectedLang = lang; }
     QString prefixNumber() const { return m_prefixNumber; }
     // Publishes only; the operations that change the prefix store it first.
-    void setPrefixNumber(const QString &prefix);
+    void setPrefixNumber(const QString &prefix) { m_prefixNumber = prefix; }
 
+    // Each switch is written to the settings at once.
     bool autoHiddenNumber() const { return m_autoHiddenNumber; }
     void setAutoHiddenNumber(bool hidden);
     bool autoSaveToHistory() const { return m_autoSaveToHistory; }
@@ -97,7 +95,6 @@ public:
     QStringList countryList() const;
     QString allOtherCountries() const { return m_allOtherCountries; }
 
-    // Stores "#31#" as the prefix.
     Q_INVOKABLE void selectAllOtherCountries();
     // A country of the catalogue. A country with one prefix stores it at
     // once; a country with several makes it the selected country and returns
@@ -106,7 +103,7 @@ public:
     // The choice rows for the selected country, each {caption, prefix};
     // none when it is not a country with several prefixes.
     Q_INVOKABLE QVariantList prefixChoices() const;
-    // Stores a prefix picked from the choice rows.
+    // Stores a prefix picked from the choice rows (or any other way).
     Q_INVOKABLE void choosePrefix(const QString &prefix);
 
     // The rule for a hand-typed prefix: no plain space, and at least two
@@ -117,18 +114,12 @@ public:
 
     // Prefix back to the default, both automatic options off, contacts by first name.
     Q_INVOKABLE void resetSettings();
-    // Reset settings, then delete every call record.
     Q_INVOKABLE void clearAll();
 
     // Opens the app's store page at `address` through the platform; an
     // address that is not a valid URL opens nothing. Returns whether it opened.
     Q_INVOKABLE bool openStorePage(const QString &address);
-    // The system's settings where the user picks the language; nothing where
-    // the system has none.
-    Q_INVOKABLE void openSystemSettings();
-
-    // "## Selected Prefix for " line's way of printing a catalogue value.
-    static QString describe(const QVariant &value);
+    Q_INVOKABLE void openSystemSettings() { m_urlOpener->openSystemSettings(); }
 
 signals:
     void selected_country_codesChanged();
@@ -141,7 +132,6 @@ signals:
     void autoSortByTelephoneChanged();
 
 private:
-    void storePrefix(const QString &prefix);
     void keepSortFlagsExclusive(int code, bool on);
 
     UserDefaultsService *m_defaultsService;
@@ -149,18 +139,18 @@ private:
     HistoryCallDataService *m_historyDataService;
     CheckUpdate *m_checkNewVersionService;
     UrlOpener *m_urlOpener;
-    int m_sortByFirstName;
-    int m_sortByLastName;
-    int m_sortByTelephone;
     QVariant m_appVersion;
     QVariantMap m_prefix_country_codes;
-    QString m_selected_country_codes;
-    QString m_selectedLang;
-    QString m_prefixNumber;
-    bool m_autoHiddenNumber;
-    bool m_autoSaveToHistory;
-    bool m_autoSortByFirstName;
-    bool m_autoSortByLastName;
-    bool m_autoSortByTelephone;
     QString m_allOtherCountries;
+    Q_OBJECT_BINDABLE_PROPERTY(SettingViewModel, QString, m_selected_country_codes,
+                               &SettingViewModel::selected_country_codesChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(SettingViewModel, QString, m_selectedLang, &SettingViewModel::selectedLangChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(SettingViewModel, QString, m_prefixNumber, &SettingViewModel::prefixNumberChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(SettingViewModel, bool, m_autoHiddenNumber, &SettingViewModel::autoHiddenNumberChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(SettingViewModel, bool, m_autoSaveToHistory, &SettingViewModel::autoSaveToHistoryChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(SettingViewModel, bool, m_autoSortByFirstName,
+                               &SettingViewModel::autoSortByFirstNameChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(SettingViewModel, bool, m_autoSortByLastName, &SettingViewModel::autoSortByLastNameChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(SettingViewModel, bool, m_autoSortByTelephone,
+                               &SettingViewModel::autoSortByTelephoneChanged)
 };

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QObject>
+#include <QProperty>
 #include <QtQml/qqmlregistration.h>
+
+#include <algorithm>
 
 class UserDefaultsService;
 
@@ -21,13 +24,12 @@ public:
     static int pageCount() { return 3; }
 
     int selectedPage() const { return m_selectedPage; }
-    // Kept within the pages.
-    void setSelectedPage(int page);
+    void setSelectedPage(int page) { m_selectedPage = std::clamp(page, 0, pageCount() - 1); }
     bool isFinishLaunch() const { return m_isFinishLaunch; }
-    void setIsFinishLaunch(bool finished);
+    void setIsFinishLaunch(bool finished) { m_isFinishLaunch = finished; }
 
     // "Next": the following page; nothing on the last one.
-    Q_INVOKABLE void next();
+    Q_INVOKABLE void next() { setSelectedPage(m_selectedPage + 1); }
     // "Get Started": onboarding is done and never shown again.
     Q_INVOKABLE void completeFirstLaunch();
 
@@ -37,6 +39,7 @@ signals:
 
 private:
     UserDefaultsService *m_defaultsService;
-    int m_selectedPage = 0;
-    bool m_isFinishLaunch = false;
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(WelcomeViewModel, int, m_selectedPage, 0, &WelcomeViewModel::selectedPageChanged)
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(WelcomeViewModel, bool, m_isFinishLaunch, false,
+                                         &WelcomeViewModel::isFinishLaunchChanged)
 };

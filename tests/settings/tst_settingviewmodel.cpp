@@ -80,8 +80,9 @@ private slots:
         defaults.setInteger(QStringLiteral("autoSortBy"), 0);
     }
 
-    // Each switch reads its own key; an order the app does not know turns none on.
-    void storedValuesAtCreation()
+    // Each switch reads its own key at creation (an order the app does not
+    // know turns none on) and is written at once.
+    void switchesAreReadAtCreationAndWrittenAtOnce()
     {
         UserDefaultsService &defaults = s_app->defaults();
         defaults.setString(QStringLiteral("prefix"), QStringLiteral("*67"));
@@ -92,18 +93,12 @@ private slots:
         QCOMPARE(vm.autoHiddenNumber(), false);
         QCOMPARE(vm.autoSaveToHistory(), true);
         QCOMPARE(sortFlags(vm), QString());
-    }
-
-    void togglesAndSortOrderAreWrittenAtOnce()
-    {
-        s_app->defaults().setBool(QStringLiteral("hiddenNumber"), false);
-        s_app->defaults().setBool(QStringLiteral("saveToHistory"), false);
-        Model vm;
         vm.setAutoHiddenNumber(true);
-        vm.setAutoSaveToHistory(true);
+        vm.setAutoSaveToHistory(false);
         QCOMPARE(onDisk()->object(QStringLiteral("hiddenNumber")), std::optional<SettingValue>(true));
-        QCOMPARE(onDisk()->object(QStringLiteral("saveToHistory")), std::optional<SettingValue>(true));
+        QCOMPARE(onDisk()->object(QStringLiteral("saveToHistory")), std::optional<SettingValue>(false));
 
+        vm.setAutoSortByFirstName(true);
         QSignalSpy firstSpy(&vm, &SettingViewModel::autoSortByFirstNameChanged);
         vm.setAutoSortByTelephone(true);
         QCOMPARE(onDisk()->object(QStringLiteral("autoSortBy")), std::optional<SettingValue>(qint64(2)));
@@ -146,17 +141,6 @@ private slots:
         QCOMPARE(storedPrefix(), std::optional<QString>(expected));
     }
 
-    void countryListAndAllOtherCountries()
-    {
-        Model vm;
-        checkCountryList(vm);
-        QCOMPARE(vm.allOtherCountries(), QStringLiteral("All Other Countries"));
-        vm.choosePrefix(QStringLiteral("141"));
-        vm.selectAllOtherCountries();
-        QCOMPARE(vm.prefixNumber(), QStringLiteral("#31#"));
-        QCOMPARE(storedPrefix(), std::optional<QString>(QStringLiteral("#31#")));
-    }
-
     void selectingACountry_data()
     {
         QTest::addColumn<QString>("country");
@@ -179,7 +163,9 @@ private slots:
         QFETCH(QString, prefix);
         QFETCH(QStringList, log);
         Model vm;
+        vm.choosePrefix(QStringLiteral("141"));
         vm.selectAllOtherCountries();
+        QCOMPARE(storedPrefix(), std::optional<QString>(QStringLiteral("#31#")));
         vm.choosePrefix(QStringLiteral("*67"));
         StdoutCapture capture;
         QCOMPARE(vm.selectCountry(country), offersChoice);
@@ -247,16 +233,6 @@ private slots:
         QCOMPARE(vm.selectedPage(), 0);
         vm.setSelectedPage(99);
         QCOMPARE(vm.selectedPage(), 2);
-    }
-
-    void finishingOnboardingIsStoredForTheNextStart()
-    {
-        QVERIFY(!onDisk()->boolValue(QStringLiteral("hasCompletedFirstLaunch")));
-        WelcomeViewModel vm(s_app->defaults());
-        QSignalSpy written(&s_app->defaults(), &UserDefaultsService::valueChanged);
-        vm.completeFirstLaunch();
-        QVERIFY(onDisk()->boolValue(QStringLiteral("hasCompletedFirstLaunch")));
-        QCOMPARE(written.count(), 1);
     }
 
     // Read once the count reaches zero; a count below zero never gives more time.

@@ -19,28 +19,9 @@ DialerViewModel::DialerViewModel(UserDefaultsService &defaultsService, Service &
 {
 }
 
-void DialerViewModel::setNumberPhoneTyping(const QString &number)
-{
-    if (m_numberPhoneTyping == number)
-        return;
-    m_numberPhoneTyping = number;
-    emit numberPhoneTypingChanged();
-}
-
-void DialerViewModel::setToggleHiddenNumber(bool hidden)
-{
-    if (m_toggleHiddenNumber != hidden) {
-        m_toggleHiddenNumber = hidden;
-        emit toggleHiddenNumberChanged();
-    }
-}
-
 void DialerViewModel::setToggleSaveToHistory(bool save)
 {
-    if (m_toggleSaveToHistory != save) {
-        m_toggleSaveToHistory = save;
-        emit toggleSaveToHistoryChanged();
-    }
+    m_toggleSaveToHistory = save;
     m_service->setPendingCallSaveToHistory(save);
 }
 
@@ -65,18 +46,19 @@ bool DialerViewModel::call()
 
 void DialerViewModel::appendDigit(const QString &key)
 {
-    setNumberPhoneTyping(m_numberPhoneTyping + key);
+    setNumberPhoneTyping(m_numberPhoneTyping.value() + key);
 }
 
 void DialerViewModel::deleteLast()
 {
-    if (m_numberPhoneTyping.isEmpty())
+    const QString number = m_numberPhoneTyping;
+    if (number.isEmpty())
         return;
     // One user-perceived character, so a flag or an accented letter that came
     // in through a link goes as a whole.
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, m_numberPhoneTyping);
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, number);
     finder.toEnd();
-    setNumberPhoneTyping(m_numberPhoneTyping.left(finder.toPreviousBoundary()));
+    setNumberPhoneTyping(number.left(finder.toPreviousBoundary()));
 }
 
 void DialerViewModel::clear()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QProperty>
 #include <QString>
 #include <QUrl>
 #include <QtQml/qqmlregistration.h>
@@ -29,9 +30,9 @@ public:
     Service *service() const { return m_service; }
 
     QString numberPhoneTyping() const { return m_numberPhoneTyping; }
-    void setNumberPhoneTyping(const QString &number);
+    void setNumberPhoneTyping(const QString &number) { m_numberPhoneTyping = number; }
     bool toggleHiddenNumber() const { return m_toggleHiddenNumber; }
-    void setToggleHiddenNumber(bool hidden);
+    void setToggleHiddenNumber(bool hidden) { m_toggleHiddenNumber = hidden; }
     bool toggleSaveToHistory() const { return m_toggleSaveToHistory; }
     // Also makes it the pending call's save choice.
     void setToggleSaveToHistory(bool save);
@@ -58,7 +59,7 @@ private:
     UserDefaultsService *m_defaultsService;
     CrashManager &m_crashManager;
     Service *m_service;
-    QString m_numberPhoneTyping;
-    bool m_toggleHiddenNumber;
-    bool m_toggleSaveToHistory;
+    Q_OBJECT_BINDABLE_PROPERTY(DialerViewModel, QString, m_numberPhoneTyping, &DialerViewModel::numberPhoneTypingChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(DialerViewModel, bool, m_toggleHiddenNumber, &DialerViewModel::toggleHiddenNumberChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(DialerViewModel, bool, m_toggleSaveToHistory, &DialerViewModel::toggleSaveToHistoryChanged)
 };

@@ -49,16 +49,11 @@ void ContentSizeCategory::update(const QFont &font)
         m_pointSize = pointSize;
         emit pointSizeChanged();
     }
-    const Category category = forTextScale(textScale(font));
+    const Category category = forTextScale(QFontInfo(font).pixelSize() / referencePixelSize);
     if (category != m_current) {
         m_current = category;
         emit currentChanged();
     }
-}
-
-qreal ContentSizeCategory::textScale(const QFont &font)
-{
-    return QFontInfo(font).pixelSize() / referencePixelSize;
 }
 
 ContentSizeCategory::Category ContentSizeCategory::forTextScale(qreal scale)

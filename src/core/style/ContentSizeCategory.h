@@ -46,8 +46,7 @@ public:
     Category current() const { return m_current; }
     qreal pointSize() const { return m_pointSize; }
 
-    // Font size over the reference size; 1 is the "large" default step.
-    static qreal textScale(const QFont &font);
+    // The step whose scale (1 is the "large" default) is nearest `scale`.
     Q_INVOKABLE static ContentSizeCategory::Category forTextScale(qreal scale);
 
     // The contacts screen's search-bar inset and sort-segment font size.
