@@ -3,9 +3,9 @@
 #include <QByteArray>
 #include <QStringDecoder>
 
-namespace {
+#include <algorithm>
 
-char upper(char c) { return (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c; }
+namespace {
 
 int hexDigit(char c)
 {
@@ -42,22 +42,7 @@ bool isFoldSpace(char c) { return c == ' ' || c == '\t'; }
 
 bool equalsIgnoringCase(QByteArrayView a, QByteArrayView b)
 {
-    if (a.size() != b.size())
-        return false;
-    for (qsizetype i = 0; i < a.size(); ++i) {
-        if (upper(a[i]) != upper(b[i]))
-            return false;
-    }
-    return true;
-}
-
-bool containsIgnoringCase(QByteArrayView haystack, QByteArrayView needle)
-{
-    for (qsizetype i = 0; i + needle.size() <= haystack.size(); ++i) {
-        if (equalsIgnoringCase(haystack.sliced(i, needle.size()), needle))
-            return true;
-    }
-    return false;
+    return a.compare(b, Qt::CaseInsensitive) == 0;
 }
 
 QByteArrayView trimmed(QByteArrayView v)
@@ -84,14 +69,7 @@ qsizetype valueColon(QByteArrayView line)
 
 static QString decodeText(QByteArrayView bytes, QByteArrayView charset)
 {
-    bool ascii = true;
-    for (const char c : bytes) {
-        if (uchar(c) >= 0x80) {
-            ascii = false;
-            break;
-        }
-    }
-    if (ascii)
+    if (std::all_of(bytes.begin(), bytes.end(), [](char c) { return uchar(c) < 0x80; }))
         return QString::fromLatin1(bytes);
     if (!charset.isEmpty() && !equalsIgnoringCase(charset, "UTF-8") && !equalsIgnoringCase(charset, "UTF8")) {
         QStringDecoder named(charset.toByteArray().constData());
@@ -156,21 +134,6 @@ QString plainText(const QString &text)
     if (!text.contains(u'\\'))
         return text.trimmed();
     return unescape(text).trimmed();
-}
-
-std::pair<QStringView, QStringView> firstTwoComponents(QStringView text)
-{
-    qsizetype ends[2] = { text.size(), text.size() };
-    int found = 0;
-    for (qsizetype i = 0; i < text.size() && found < 2; ++i) {
-        if (text[i] == u'\\')
-            ++i;
-        else if (text[i] == u';')
-            ends[found++] = i;
-    }
-    const QStringView first = text.first(ends[0]);
-    const QStringView second = ends[0] < text.size() ? text.sliced(ends[0] + 1, ends[1] - ends[0] - 1) : QStringView();
-    return { first, second };
 }
 
 } // namespace VCardText

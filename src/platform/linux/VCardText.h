@@ -5,15 +5,12 @@
 #include <QString>
 #include <QStringView>
 
-#include <utility>
-
 // The text rules of vCard lines that VCardReader builds on: ASCII case,
 // blanks, quoted-printable, declared character sets and backslash escapes.
 namespace VCardText {
 
 bool isFoldSpace(char c);
 bool equalsIgnoringCase(QByteArrayView a, QByteArrayView b);
-bool containsIgnoringCase(QByteArrayView haystack, QByteArrayView needle);
 // Without blanks, tabs and line breaks at either end.
 QByteArrayView trimmed(QByteArrayView v);
 // Where the value starts: the first colon outside double quotes, or -1.
@@ -25,8 +22,5 @@ QString unescape(QStringView text);
 QString decodeValue(QByteArrayView bytes, bool quotedPrintable, QByteArrayView charset);
 // Text without escapes or surrounding blanks.
 QString plainText(const QString &text);
-// The first and second components of a structured value (family and given
-// names of N), split at unescaped semicolons.
-std::pair<QStringView, QStringView> firstTwoComponents(QStringView text);
 
 } // namespace VCardText
