@@ -43,10 +43,9 @@ struct Card
     {
         AddressBookContact person;
         if (n) {
-            // Family and given names are the first two components.
-            const QList<QStringView> components = splitUnescaped(*n, u';');
-            person.familyName = component(components.value(0));
-            person.givenName = component(components.value(1));
+            const auto [family, given] = firstTwoComponents(*n);
+            person.familyName = component(family);
+            person.givenName = component(given);
         }
         if (person.familyName.isEmpty() && person.givenName.isEmpty() && fn)
             person.givenName = plainText(*fn);

@@ -7,6 +7,8 @@
 
 namespace {
 
+char upper(char c) { return (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c; }
+
 int hexDigit(char c)
 {
     if (c >= '0' && c <= '9')
@@ -40,9 +42,17 @@ namespace VCardText {
 
 bool isFoldSpace(char c) { return c == ' ' || c == '\t'; }
 
+// By hand: the reader compares every property name, and a loop the compiler
+// sees through is much cheaper than Qt's general comparison here.
 bool equalsIgnoringCase(QByteArrayView a, QByteArrayView b)
 {
-    return a.compare(b, Qt::CaseInsensitive) == 0;
+    if (a.size() != b.size())
+        return false;
+    for (qsizetype i = 0; i < a.size(); ++i) {
+        if (upper(a[i]) != upper(b[i]))
+            return false;
+    }
+    return true;
 }
 
 QByteArrayView trimmed(QByteArrayView v)
@@ -134,6 +144,21 @@ QString plainText(const QString &text)
     if (!text.contains(u'\\'))
         return text.trimmed();
     return unescape(text).trimmed();
+}
+
+std::pair<QStringView, QStringView> firstTwoComponents(QStringView text)
+{
+    qsizetype ends[2] = { text.size(), text.size() };
+    int found = 0;
+    for (qsizetype i = 0; i < text.size() && found < 2; ++i) {
+        if (text[i] == u'\\')
+            ++i;
+        else if (text[i] == u';')
+            ends[found++] = i;
+    }
+    const QStringView first = text.first(ends[0]);
+    const QStringView second = ends[0] < text.size() ? text.sliced(ends[0] + 1, ends[1] - ends[0] - 1) : QStringView();
+    return { first, second };
 }
 
 } // namespace VCardText

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringView>
 
+#include <utility>
+
 // The text rules of vCard lines that VCardReader builds on: ASCII case,
 // blanks, quoted-printable, declared character sets and backslash escapes.
 namespace VCardText {
@@ -22,5 +24,8 @@ QString unescape(QStringView text);
 QString decodeValue(QByteArrayView bytes, bool quotedPrintable, QByteArrayView charset);
 // Text without escapes or surrounding blanks.
 QString plainText(const QString &text);
+// The first and second components of a structured value (family and given
+// names of N), split at unescaped semicolons; cheaper than splitting it all.
+std::pair<QStringView, QStringView> firstTwoComponents(QStringView text);
 
 } // namespace VCardText
