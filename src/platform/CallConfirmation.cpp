@@ -9,31 +9,16 @@ void CallConfirmation::ask(const QString &dialString, QObject *context, std::fun
     m_context = context;
     m_placeCall = std::move(placeCall);
     emit pendingChanged();
-    emit requested(dialString);
-}
-
-void CallConfirmation::call()
-{
-    finish(true);
-}
-
-void CallConfirmation::cancel()
-{
-    finish(false);
 }
 
 void CallConfirmation::finish(bool placed)
 {
     if (!m_pending)
         return;
-    const QString dialString = m_dialString;
-    const QPointer<QObject> context = m_context;
-    const std::function<void()> placeCall = std::move(m_placeCall);
+    const QPointer<QObject> context = std::exchange(m_context, nullptr);
+    const std::function<void()> placeCall = std::exchange(m_placeCall, nullptr);
     m_pending = false;
-    m_placeCall = nullptr;
-    m_context = nullptr;
     emit pendingChanged();
-    emit answered(dialString, placed);
     if (placed && context && placeCall)
         placeCall();
 }

@@ -32,15 +32,11 @@ public:
     void ask(const QString &dialString, QObject *context, std::function<void()> placeCall);
 
     // The user's answers.
-    Q_INVOKABLE void call();
-    Q_INVOKABLE void cancel();
+    Q_INVOKABLE void call() { finish(true); }
+    Q_INVOKABLE void cancel() { finish(false); }
 
 signals:
     void pendingChanged();
-    // A new question is waiting for an answer.
-    void requested(const QString &dialString);
-    // The user answered: `placed` is true for Call.
-    void answered(const QString &dialString, bool placed);
 
 private:
     void finish(bool placed);

@@ -1,68 +1,46 @@
 #include "KeyValueStore.h"
 
+#include <QRegularExpression>
+
 namespace {
+
+template<typename... F>
+struct Overloaded : F...
+{
+    using F::operator()...;
+};
 
 // Text read as a Bool: after blanks, an optional sign and leading zeros, true
 // when the next character is Y, y, T, t or a digit 1-9 ("YES", "true", "01",
 // "-1"); false otherwise ("0", "false", "no", "").
 bool textAsBool(const QString &text)
 {
-    qsizetype i = 0;
-    while (i < text.size() && text[i].isSpace())
-        ++i;
-    if (i < text.size() && (text[i] == u'+' || text[i] == u'-'))
-        ++i;
-    while (i < text.size() && text[i] == u'0')
-        ++i;
-    if (i == text.size())
-        return false;
-    const QChar c = text[i];
-    return c == u'Y' || c == u'y' || c == u'T' || c == u't' || (c >= u'1' && c <= u'9');
+    static const QRegularExpression yes(QStringLiteral("^[+-]?0*[YyTt1-9]"));
+    return yes.match(text.trimmed()).hasMatch();
 }
 
 // Text read as an Integer: the leading decimal number, after blanks and an
-// optional sign; 0 when there is none.
+// optional sign; 0 when there is none (or it does not fit).
 qint64 textAsInteger(const QString &text)
 {
-    const QString trimmed = text.trimmed();
-    qsizetype end = 0;
-    if (end < trimmed.size() && (trimmed[end] == u'+' || trimmed[end] == u'-'))
-        ++end;
-    while (end < trimmed.size() && trimmed[end].isDigit() && trimmed[end].unicode() < 128)
-        ++end;
-    bool ok = false;
-    const qint64 value = trimmed.left(end).toLongLong(&ok);
-    return ok ? value : 0;
+    static const QRegularExpression number(QStringLiteral("^[+-]?[0-9]*"));
+    return number.match(text.trimmed()).captured().toLongLong();
 }
 
 } // namespace
 
 bool KeyValueStore::boolValue(const QString &key) const
 {
-    const auto value = object(key);
-    if (!value)
-        return false;
-    if (const bool *b = std::get_if<bool>(&*value))
-        return *b;
-    if (const qint64 *i = std::get_if<qint64>(&*value))
-        return *i != 0;
-    if (const QString *s = std::get_if<QString>(&*value))
-        return textAsBool(*s);
-    return false;
+    return std::visit(Overloaded{ [](bool b) { return b; }, [](qint64 i) { return i != 0; },
+                                  [](const QString &s) { return textAsBool(s); }, [](const QDateTime &) { return false; } },
+                      object(key).value_or(false));
 }
 
 qint64 KeyValueStore::integerValue(const QString &key) const
 {
-    const auto value = object(key);
-    if (!value)
-        return 0;
-    if (const qint64 *i = std::get_if<qint64>(&*value))
-        return *i;
-    if (const bool *b = std::get_if<bool>(&*value))
-        return *b ? 1 : 0;
-    if (const QString *s = std::get_if<QString>(&*value))
-        return textAsInteger(*s);
-    return 0;
+    return std::visit(Overloaded{ [](bool b) { return qint64(b ? 1 : 0); }, [](qint64 i) { return i; },
+                                  [](const QString &s) { return textAsInteger(s); }, [](const QDateTime &) { return qint64(0); } },
+                      object(key).value_or(qint64(0)));
 }
 
 std::optional<QString> KeyValueStore::stringValue(const QString &key) const
@@ -70,21 +48,17 @@ std::optional<QString> KeyValueStore::stringValue(const QString &key) const
     const auto value = object(key);
     if (!value)
         return std::nullopt;
-    if (const QString *s = std::get_if<QString>(&*value))
-        return *s;
-    if (const qint64 *i = std::get_if<qint64>(&*value))
-        return QString::number(*i);
-    if (const bool *b = std::get_if<bool>(&*value))
-        return QStringLiteral("%1").arg(*b ? 1 : 0);
-    return std::nullopt;
+    return std::visit(Overloaded{ [](bool b) { return std::optional(QString::number(b ? 1 : 0)); },
+                                  [](qint64 i) { return std::optional(QString::number(i)); },
+                                  [](const QString &s) { return std::optional(s); },
+                                  [](const QDateTime &) { return std::optional<QString>(); } },
+                      *value);
 }
 
 std::optional<QDateTime> KeyValueStore::dateValue(const QString &key) const
 {
     const auto value = object(key);
-    if (!value)
-        return std::nullopt;
-    if (const QDateTime *d = std::get_if<QDateTime>(&*value))
-        return *d;
+    if (value && std::holds_alternative<QDateTime>(*value))
+        return std::get<QDateTime>(*value);
     return std::nullopt;
 }

@@ -14,10 +14,11 @@
 
 namespace {
 
-QString appFolder(QStandardPaths::StandardLocation location)
+// The app's folder in `location`; GenericConfig/GenericData honour
+// XDG_CONFIG_HOME and XDG_DATA_HOME.
+QDir appFolder(QStandardPaths::StandardLocation location)
 {
-    // GenericConfig/GenericData honour XDG_CONFIG_HOME and XDG_DATA_HOME.
-    return QDir(QStandardPaths::writableLocation(location)).filePath(QStringLiteral("quieton"));
+    return QDir(QDir(QStandardPaths::writableLocation(location)).filePath(QStringLiteral("quieton")));
 }
 
 } // namespace
@@ -25,7 +26,7 @@ QString appFolder(QStandardPaths::StandardLocation location)
 void Platform::fillMissing(PlatformParts &parts)
 {
     if (!parts.telephony)
-        parts.telephony = chooseTelephony(QDBusConnection::systemBus());
+        parts.telephony = std::make_unique<SystemTelephony>(QDBusConnection::systemBus());
     if (!parts.urlOpener)
         parts.urlOpener = std::make_unique<DesktopUrlOpener>();
     if (!parts.widgets)
@@ -39,41 +40,16 @@ void Platform::fillMissing(PlatformParts &parts)
         books.push_back(std::make_unique<VCardFolderAddressBook>());
         parts.addressBook = std::make_unique<CombinedAddressBook>(std::move(books));
     }
-    const QDir config(configDirectory());
+    const QDir config = appFolder(QStandardPaths::GenericConfigLocation);
     if (!parts.standardSettings) {
-        parts.standardSettings = openSettings(config.filePath(QStringLiteral("quieton.json")));
+        parts.standardSettings = JsonFileKeyValueStore::open(config.filePath(QStringLiteral("quieton.json")));
         // Without a usable settings file the app still runs on defaults it
         // keeps in memory for this session.
         if (!parts.standardSettings)
-            parts.standardSettings = settingsInMemory();
+            parts.standardSettings = JsonFileKeyValueStore::inMemory();
     }
     if (!parts.sharedSettings)
-        parts.sharedSettings = openSettings(config.filePath(QStringLiteral("group.quieton.DataWidget.json")));
+        parts.sharedSettings = JsonFileKeyValueStore::open(config.filePath(QStringLiteral("group.quieton.DataWidget.json")));
     if (parts.historyDatabasePath.isEmpty())
-        parts.historyDatabasePath = QDir(dataDirectory()).filePath(QStringLiteral("CallHistoryData.sqlite"));
-}
-
-std::unique_ptr<Telephony> Platform::chooseTelephony(const QDBusConnection &systemBus)
-{
-    return std::make_unique<SystemTelephony>(systemBus);
-}
-
-std::unique_ptr<KeyValueStore> Platform::openSettings(const QString &path)
-{
-    return JsonFileKeyValueStore::open(path);
-}
-
-std::unique_ptr<KeyValueStore> Platform::settingsInMemory()
-{
-    return JsonFileKeyValueStore::inMemory();
-}
-
-QString Platform::configDirectory()
-{
-    return appFolder(QStandardPaths::GenericConfigLocation);
-}
-
-QString Platform::dataDirectory()
-{
-    return appFolder(QStandardPaths::GenericDataLocation);
+        parts.historyDatabasePath = appFolder(QStandardPaths::GenericDataLocation).filePath(QStringLiteral("CallHistoryData.sqlite"));
 }

@@ -10,6 +10,8 @@ struct CallEvent
     bool isOutgoing = false;
     bool hasConnected = false;
     bool hasEnded = false;
+
+    bool operator==(const CallEvent &) const = default;
 };
 Q_DECLARE_METATYPE(CallEvent)
 

@@ -40,8 +40,6 @@ private slots:
         SimulatedModem modem(bus, 100);
         QTRY_COMPARE(telephony.backendName(), QStringLiteral("ModemManager")); // comes first
         telephony.open(DialRequest{ QStringLiteral("#31#"), QStringLiteral("0611 111 111") });
-        QVERIFY(modem.waitForLine(QStringLiteral("Deleted ")));
-        QCOMPARE(modem.createdNumbers(), QStringList{ QStringLiteral("#31#0611111111") });
         QTRY_COMPARE(events, (QStringList{ "placed", "connected", "ended" }));
 
         modem.stop();

@@ -13,34 +13,26 @@ class PhoneDriver : public QObject
 {
     Q_OBJECT
 public:
-    explicit PhoneDriver(TestApp &app, QObject *parent = nullptr)
-        : QObject(parent), m_app(app), m_telephony(app.telephony)
-    {
-    }
+    explicit PhoneDriver(TestApp &app, QObject *parent = nullptr) : QObject(parent), m_app(app) { }
 
     // Lowers both call flags, as after a call the app saw through.
     Q_INVOKABLE void resetCallFlags();
 
-    Q_INVOKABLE void setCallsPossible(bool possible) { m_telephony->callsPossible = possible; }
-    Q_INVOKABLE int openedCount() const { return int(m_telephony->opened.size()); }
+    Q_INVOKABLE void setCallsPossible(bool possible) { m_app.telephony->callsPossible = possible; }
+    Q_INVOKABLE int openedCount() const { return int(m_app.telephony->opened.size()); }
     // The last dial string the telephony was asked about, and the last one
     // it was asked to call; empty when there was none.
-    Q_INVOKABLE QString lastAsked() const { return m_telephony->asked.value(m_telephony->asked.size() - 1); }
-    Q_INVOKABLE QString lastOpened() const { return m_telephony->opened.value(m_telephony->opened.size() - 1); }
-    Q_INVOKABLE void report(const QString &id, bool outgoing, bool connected, bool ended)
-    {
-        m_telephony->report(id, outgoing, connected, ended);
-    }
+    Q_INVOKABLE QString lastAsked() const { return m_app.telephony->asked.value(m_app.telephony->asked.size() - 1); }
+    Q_INVOKABLE QString lastOpened() const { return m_app.telephony->opened.value(m_app.telephony->opened.size() - 1); }
+    Q_INVOKABLE void report(const QString &id, bool outgoing, bool connected, bool ended) { m_app.telephony->report(id, outgoing, connected, ended); }
 
     // The records in the app's history file, read afresh from disk, each a
     // map of firstName, lastName, telephone and callHidden.
     Q_INVOKABLE QVariantList storedRows() const;
 
 protected:
-    RecordingTelephony *telephony() const { return m_telephony; }
     TestApp &app() const { return m_app; }
 
 private:
     TestApp &m_app;
-    RecordingTelephony *m_telephony;
 };

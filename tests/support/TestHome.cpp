@@ -24,8 +24,3 @@ QString TestHome::configDirectory()
 {
     return home().filePath(QStringLiteral("config/quieton"));
 }
-
-QString TestHome::dataDirectory()
-{
-    return home().filePath(QStringLiteral("data/quieton"));
-}

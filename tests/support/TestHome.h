@@ -10,5 +10,4 @@ class TestHome
 public:
     static QString use();
     static QString configDirectory();
-    static QString dataDirectory();
 };

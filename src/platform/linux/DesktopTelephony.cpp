@@ -2,6 +2,7 @@
 
 #include <QDesktopServices>
 #include <QProcess>
+#include <QTimer>
 #include <QUrl>
 
 namespace {
@@ -9,16 +10,16 @@ namespace {
 // xdg-mime answers in a few milliseconds; a look-up that takes this long has hung.
 constexpr int lookupLimitMs = 5000;
 
+// The tel: address handed to the handler: '#' and other reserved characters percent-encoded.
+QString telAddress(const QString &dialString)
+{
+    return QStringLiteral("tel:") + QString::fromLatin1(QUrl::toPercentEncoding(dialString, "+*-.()"));
+}
+
 } // namespace
 
 DesktopTelephony::DesktopTelephony(QObject *parent) : Telephony(parent)
 {
-    m_lookupLimit.setSingleShot(true);
-    m_lookupLimit.setInterval(lookupLimitMs);
-    connect(&m_lookupLimit, &QTimer::timeout, this, [this] {
-        if (m_lookup)
-            m_lookup->kill(); // finishes as a crash: no answer
-    });
     lookUp();
 }
 
@@ -29,11 +30,6 @@ DesktopTelephony::~DesktopTelephony()
         m_lookup->kill();
         m_lookup->waitForFinished(1000);
     }
-}
-
-QString DesktopTelephony::telAddress(const QString &dialString)
-{
-    return QStringLiteral("tel:") + QString::fromLatin1(QUrl::toPercentEncoding(dialString, "+*-.()"));
 }
 
 bool DesktopTelephony::canOpen(const DialRequest &request)
@@ -78,12 +74,12 @@ void DesktopTelephony::lookUp()
     });
     m_lookup->start(QStringLiteral("xdg-mime"), { QStringLiteral("query"), QStringLiteral("default"),
                                                   QStringLiteral("x-scheme-handler/tel") });
-    m_lookupLimit.start();
+    // A look-up killed for taking too long finishes as a crash: no answer.
+    QTimer::singleShot(lookupLimitMs, m_lookup, &QProcess::kill);
 }
 
 void DesktopTelephony::answered(Handler handler)
 {
-    m_lookupLimit.stop();
     if (m_lookup) {
         m_lookup->deleteLater();
         m_lookup = nullptr;

@@ -3,8 +3,6 @@
 #include "DialTarget.h"
 #include "Telephony.h"
 
-#include <QTimer>
-
 #include <optional>
 
 class QProcess;
@@ -24,9 +22,6 @@ public:
     explicit DesktopTelephony(QObject *parent = nullptr);
     ~DesktopTelephony() override;
 
-    // The tel: address handed to the handler: '#' and other reserved characters percent-encoded.
-    static QString telAddress(const QString &dialString);
-
     QString backendName() const override { return QStringLiteral("desktop tel: handler"); }
     // False for what is not a call, and once xdg-mime said that no handler is registered.
     bool canOpen(const DialRequest &request) override;
@@ -45,6 +40,5 @@ private:
 
     Handler m_handler = Handler::Unknown;
     QProcess *m_lookup = nullptr;
-    QTimer m_lookupLimit;
     std::optional<DialTarget> m_waiting;
 };

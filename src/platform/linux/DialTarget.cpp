@@ -2,19 +2,12 @@
 
 namespace {
 
-bool isSeparator(QChar c)
-{
-    return c == u' ' || c == u'-' || c == u'.' || c == u'(' || c == u')' || c == u'/' || c == QChar::Nbsp;
-}
+// 112 and 911, always emergency numbers on mobile networks.
+const QStringList standardEmergencyNumbers{ QStringLiteral("112"), QStringLiteral("911") };
 
 bool isPause(QChar c)
 {
-    return c == u',' || c == u';' || c == u'p' || c == u'P' || c == u'w' || c == u'W';
-}
-
-bool isDialChar(QChar c)
-{
-    return (c >= u'0' && c <= u'9') || c == u'+' || c == u'*' || c == u'#' || isPause(c);
+    return QStringView(u",;pPwW").contains(c);
 }
 
 // `text` without its separators, or nothing when it holds other characters.
@@ -23,9 +16,9 @@ std::optional<QString> cleaned(const QString &text)
     QString kept;
     kept.reserve(text.size());
     for (const QChar c : text) {
-        if (isSeparator(c))
+        if (QStringView(u" -.()/\u00A0").contains(c))
             continue;
-        if (!isDialChar(c))
+        if (!QStringView(u"0123456789+*#").contains(c) && !isPause(c))
             return std::nullopt;
         kept.append(c);
     }
@@ -39,11 +32,10 @@ bool hasDigit(const QString &text)
 
 } // namespace
 
-const QStringList DialTarget::standardEmergencyNumbers{ QStringLiteral("112"), QStringLiteral("911") };
-
 bool DialTarget::hasPause() const
 {
-    return std::any_of(number.cbegin(), number.cend(), isPause) || std::any_of(prefix.cbegin(), prefix.cend(), isPause);
+    const QString all = dialString();
+    return std::any_of(all.cbegin(), all.cend(), isPause);
 }
 
 std::optional<DialTarget> DialTarget::of(const DialRequest &request, const QStringList &emergencyNumbers)

@@ -26,10 +26,7 @@ struct DialTarget
     // tones after the call is answered knows what to do with.
     bool hasPause() const;
 
-    // 112 and 911, always emergency numbers on mobile networks.
-    static const QStringList standardEmergencyNumbers;
-
     // The target of `request`, or nothing when the request is not a call.
-    // A number in `emergencyNumbers` (or a standard one) loses its prefix.
+    // A number in `emergencyNumbers` (or 112 or 911) loses its prefix.
     static std::optional<DialTarget> of(const DialRequest &request, const QStringList &emergencyNumbers = {});
 };

@@ -16,9 +16,6 @@ EdsModuleAddressBook::EdsModuleAddressBook(QDBusConnection sessionBus, QStringLi
 {
 }
 
-// The module stays loaded: its book is gone before, and nothing else of it is kept.
-EdsModuleAddressBook::~EdsModuleAddressBook() = default;
-
 bool EdsModuleAddressBook::isAvailable() const
 {
     QDBusConnectionInterface *bus = m_bus.isConnected() ? m_bus.interface() : nullptr;

@@ -25,10 +25,6 @@ public:
 
     explicit EdsModuleAddressBook(QDBusConnection sessionBus = QDBusConnection::sessionBus(),
                                   QStringList modulePaths = defaultModulePaths());
-    ~EdsModuleAddressBook() override;
-
-    // Whether the session bus has the service or can start it.
-    bool isAvailable() const;
 
     AccessAnswer requestAccess() override;
     QString enumerateContacts(const std::function<void(QList<AddressBookContact> &&batch)> &deliver) override;
@@ -36,6 +32,8 @@ public:
     QUrl accessSettingsUrl() const override { return {}; }
 
 private:
+    // Whether the session bus has the service or can start it.
+    bool isAvailable() const;
     AddressBook *book();
 
     QDBusConnection m_bus;
@@ -43,5 +41,6 @@ private:
     std::mutex m_mutex; // stop() comes from the main thread while a worker reads
     bool m_tried = false;
     bool m_stopped = false;
+    // The module stays loaded: its book is gone before, and nothing else of it is kept.
     std::unique_ptr<AddressBook> m_book;
 };

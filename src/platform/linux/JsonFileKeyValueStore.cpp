@@ -16,12 +16,6 @@ namespace {
 
 const QLatin1StringView dateMember("date");
 
-// Whether a JSON number can be read as a signed 64-bit integer (NaN cannot).
-bool isInIntegerRange(double d)
-{
-    return d >= -9223372036854775808.0 && d < 9223372036854775808.0;
-}
-
 QJsonValue toJson(const SettingValue &value)
 {
     return std::visit(
@@ -45,7 +39,8 @@ std::optional<SettingValue> fromJson(const QJsonValue &json)
         const qint64 i = json.toInteger();
         if (json.toVariant().typeId() == QMetaType::LongLong || double(i) == d)
             return SettingValue(i);
-        if (isInIntegerRange(d))
+        // A signed 64-bit integer holds it (NaN it does not).
+        if (d >= -9223372036854775808.0 && d < 9223372036854775808.0)
             return SettingValue(qint64(d));
         return std::nullopt;
     }
@@ -175,18 +170,12 @@ void JsonFileKeyValueStore::setObject(const QString &key, const SettingValue &va
     QLockFile lock(m_path + QStringLiteral(".lock"));
     lock.lock();
     QJsonObject values;
-    switch (readFile(m_path, values, m_stamp)) {
-    case Read::Read:
+    const Read read = readFile(m_path, values, m_stamp);
+    if (read == Read::Read) {
         values.insert(key, json);
         m_values = values;
-        break;
-    case Read::Unparseable:
-        if (QString aside; setAside(m_path, aside))
-            say(QStringLiteral("Settings file %1 could not be read; kept it as %2 and wrote this app's settings").arg(m_path, aside));
-        break;
-    case Read::Missing:
-    case Read::Unreadable:
-        break;
+    } else if (QString aside; read == Read::Unparseable && setAside(m_path, aside)) {
+        say(QStringLiteral("Settings file %1 could not be read; kept it as %2 and wrote this app's settings").arg(m_path, aside));
     }
     write();
 }

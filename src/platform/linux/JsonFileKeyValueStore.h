@@ -28,8 +28,6 @@ public:
     // A suite kept in memory only, for a session whose settings folder is unusable.
     static std::unique_ptr<JsonFileKeyValueStore> inMemory();
 
-    QString path() const { return m_path; }
-
     std::optional<SettingValue> object(const QString &key) const override;
     void setObject(const QString &key, const SettingValue &value) override;
 

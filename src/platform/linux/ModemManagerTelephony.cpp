@@ -38,16 +38,11 @@ ModemManagerTelephony::ModemManagerTelephony(const QDBusConnection &bus, QObject
     start();
 }
 
-ModemManagerTelephony::~ModemManagerTelephony() = default;
-
 void ModemManagerTelephony::onInterfacesAdded(const QDBusMessage &message)
 {
     const QString path = message.arguments().value(0).value<QDBusObjectPath>().path();
-    const auto interfaces = qdbus_cast<InterfaceProperties>(message.arguments().value(1));
-    if (!path.isEmpty() && !m_voices.contains(path) && interfaces.contains(ModemManagerVoiceProxy::staticInterfaceName())) {
-        foundInterfaces(path, interfaces);
+    if (!path.isEmpty() && foundInterfaces(path, qdbus_cast<InterfaceProperties>(message.arguments().value(1))))
         emit modemsChanged();
-    }
 }
 
 void ModemManagerTelephony::readModems(int generation)
@@ -57,11 +52,8 @@ void ModemManagerTelephony::readModems(int generation)
             return;
         if (!reply.isError()) {
             const ManagedObjects objects = reply.value();
-            for (auto it = objects.cbegin(); it != objects.cend(); ++it) {
-                // A modem announced while the list was read is known already.
-                if (it.value().contains(ModemManagerVoiceProxy::staticInterfaceName()) && !m_voices.contains(it.key().path()))
-                    foundInterfaces(it.key().path(), it.value());
-            }
+            for (auto it = objects.cbegin(); it != objects.cend(); ++it)
+                foundInterfaces(it.key().path(), it.value());
         }
         modemsRead(generation, reply);
     });
@@ -76,8 +68,11 @@ void ModemManagerTelephony::onInterfacesRemoved(const QDBusMessage &message)
     }
 }
 
-void ModemManagerTelephony::foundInterfaces(const QString &path, const InterfaceProperties &interfaces)
+bool ModemManagerTelephony::foundInterfaces(const QString &path, const InterfaceProperties &interfaces)
 {
+    // A modem announced while the list was read is known already.
+    if (m_voices.contains(path) || !interfaces.contains(ModemManagerVoiceProxy::staticInterfaceName()))
+        return false;
     auto *voice = new ModemManagerVoiceProxy(serviceName, path, bus(), this);
     voice->setTimeout(callTimeoutMs);
     m_voices.insert(path, voice);
@@ -86,32 +81,23 @@ void ModemManagerTelephony::foundInterfaces(const QString &path, const Interface
             [this, path](const QDBusObjectPath &call) { trackCall(call.path(), path, true); });
     connect(voice, &ModemManagerVoiceProxy::CallDeleted, this,
             [this](const QDBusObjectPath &call) { endCall(call.path()); });
-    listCalls(path);
-    const QString sim = interfaces.value(modemInterface).value(QStringLiteral("Sim")).value<QDBusObjectPath>().path();
-    if (!sim.isEmpty() && sim != QLatin1String("/"))
-        readEmergencyNumbers(path, sim);
-}
-
-void ModemManagerTelephony::readEmergencyNumbers(const QString &modem, const QString &simPath)
-{
-    auto *properties = new PropertiesProxy(serviceName, simPath, bus(), this);
-    whenDone(properties->GetAll(simInterface), this, [this, modem, properties](const QDBusPendingReply<QVariantMap> &reply) {
-        properties->deleteLater();
-        if (!reply.isError())
-            setEmergencyNumbers(modem, reply.value().value(QStringLiteral("EmergencyNumbers")).toStringList());
-    });
-}
-
-void ModemManagerTelephony::listCalls(const QString &modem)
-{
     // Calls that exist already are followed from now on, without reporting
     // how they stand: they were not started while we watched.
-    whenDone(m_voices.value(modem)->ListCalls(), this, [this, modem](const QDBusPendingReply<QList<QDBusObjectPath>> &reply) {
-        if (reply.isError() || !m_voices.contains(modem))
+    whenDone(voice->ListCalls(), this, [this, path](const QDBusPendingReply<QList<QDBusObjectPath>> &reply) {
+        if (reply.isError() || !m_voices.contains(path))
             return;
-        for (const QDBusObjectPath &path : reply.value())
-            trackCall(path.path(), modem, false);
+        for (const QDBusObjectPath &call : reply.value())
+            trackCall(call.path(), path, false);
     });
+    const QString sim = interfaces.value(modemInterface).value(QStringLiteral("Sim")).value<QDBusObjectPath>().path();
+    if (sim.isEmpty() || sim == QLatin1String("/"))
+        return true;
+    PropertiesProxy simProperties(serviceName, sim, bus());
+    whenDone(simProperties.GetAll(simInterface), this, [this, path](const QDBusPendingReply<QVariantMap> &reply) {
+        if (!reply.isError())
+            setEmergencyNumbers(path, reply.value().value(QStringLiteral("EmergencyNumbers")).toStringList());
+    });
+    return true;
 }
 
 void ModemManagerTelephony::forgetModem(const QString &modem)
@@ -134,39 +120,31 @@ void ModemManagerTelephony::dial(const QString &modem, const DialTarget &target)
         }
         const QString path = reply.value().path();
         trackCall(path, modem, true);
-        startCall(modem, path);
-    });
-}
-
-void ModemManagerTelephony::startCall(const QString &modem, const QString &callPath)
-{
-    ModemManagerCallProxy call(serviceName, callPath, bus());
-    call.setTimeout(callTimeoutMs);
-    whenDone(call.Start(), this, [this, modem, callPath](const QDBusPendingReply<> &reply) {
-        if (!reply.isError())
-            return;
-        failRequest(reply.error());
-        // The call that could not start is of no use to anyone.
-        if (ModemManagerVoiceProxy *voice = m_voices.value(modem))
-            voice->DeleteCall(QDBusObjectPath(callPath));
+        ModemManagerCallProxy call(serviceName, path, bus());
+        call.setTimeout(callTimeoutMs);
+        whenDone(call.Start(), this, [this, modem, path](const QDBusPendingReply<> &started) {
+            if (!started.isError())
+                return;
+            failRequest(started.error());
+            // The call that could not start is of no use to anyone.
+            if (ModemManagerVoiceProxy *voice = m_voices.value(modem))
+                voice->DeleteCall(QDBusObjectPath(path));
+        });
     });
 }
 
 void ModemManagerTelephony::trackCall(const QString &path, const QString &modem, bool announce)
 {
-    bool added = false;
-    if (path.isEmpty())
+    Call *call = path.isEmpty() ? nullptr : followCall(path, modem);
+    if (!call)
         return;
-    Call &call = followCall(path, modem, added);
-    if (!added)
-        return;
-    call.known = false;
-    call.started = false;
+    call->known = false;
+    call->started = false;
 
     // A state that changes while the first reading is under way wins over it.
     auto stateSeen = std::make_shared<bool>(false);
     auto *proxy = new ModemManagerCallProxy(serviceName, path, bus(), this);
-    m_callProxies.insert(path, proxy);
+    call->proxy = proxy;
     connect(proxy, &ModemManagerCallProxy::StateChanged, this, [this, path, stateSeen](int, int state, uint) {
         if (Call *call = findCall(path)) {
             *stateSeen = true;
@@ -191,10 +169,7 @@ void ModemManagerTelephony::trackCall(const QString &path, const QString &modem,
                  if (!*stateSeen)
                      setState(*call, reply.value().value(QStringLiteral("State")).toInt());
                  call->known = true;
-                 if (announce)
-                     report(path);
-                 else
-                     acceptAsReported(path);
+                 report(path, announce);
              });
 }
 
@@ -205,10 +180,4 @@ void ModemManagerTelephony::setState(Call &call, int state)
     if (state == stateActive || state == stateHeld)
         call.hasConnected = true;
     call.hasEnded = state == stateTerminated;
-}
-
-void ModemManagerTelephony::forgetCall(const QString &path)
-{
-    delete m_callProxies.take(path);
-    ModemTelephony::forgetCall(path);
 }

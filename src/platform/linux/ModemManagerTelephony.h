@@ -3,7 +3,6 @@
 #include "DBusTypes.h"
 #include "ModemTelephony.h"
 
-class ModemManagerCallProxy;
 class ModemManagerVoiceProxy;
 class ObjectManagerProxy;
 class QDBusMessage;
@@ -26,7 +25,6 @@ public:
     static const QString serviceName;
 
     explicit ModemManagerTelephony(const QDBusConnection &bus, QObject *parent = nullptr);
-    ~ModemManagerTelephony() override;
 
     QString backendName() const override { return QStringLiteral("ModemManager"); }
 
@@ -35,21 +33,17 @@ protected:
     bool accepts(const DialTarget &target) const override;
     void dial(const QString &modem, const DialTarget &target) override;
     void forgetModem(const QString &modem) override;
-    void forgetCall(const QString &path) override;
 
 private slots:
     void onInterfacesAdded(const QDBusMessage &message);
     void onInterfacesRemoved(const QDBusMessage &message);
 
 private:
-    void foundInterfaces(const QString &path, const InterfaceProperties &interfaces);
-    void readEmergencyNumbers(const QString &modem, const QString &simPath);
-    void listCalls(const QString &modem);
+    // Follows the modem at `path` if it is a voice modem not known yet.
+    bool foundInterfaces(const QString &path, const InterfaceProperties &interfaces);
     void trackCall(const QString &path, const QString &modem, bool announce);
     void setState(Call &call, int state);
-    void startCall(const QString &modem, const QString &callPath);
 
     ObjectManagerProxy *m_manager;
     QHash<QString, ModemManagerVoiceProxy *> m_voices;
-    QHash<QString, ModemManagerCallProxy *> m_callProxies;
 };

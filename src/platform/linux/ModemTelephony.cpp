@@ -8,13 +8,11 @@
 #include <algorithm>
 
 ModemTelephony::ModemTelephony(const QDBusConnection &bus, const QString &serviceName, QObject *parent)
-    : Telephony(parent),
-      m_bus(bus),
-      m_watcher(new QDBusServiceWatcher(serviceName, bus, QDBusServiceWatcher::WatchForOwnerChange, this))
+    : Telephony(parent), m_bus(bus)
 {
     registerTelephonyDBusTypes();
-    connect(m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString &, const QString &oldOwner, const QString &newOwner) { ownerChanged(oldOwner, newOwner); });
+    auto *watcher = new QDBusServiceWatcher(serviceName, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+    connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &ModemTelephony::ownerChanged);
 }
 
 std::optional<DialTarget> ModemTelephony::targetOf(const DialRequest &request) const
@@ -30,17 +28,7 @@ std::optional<DialTarget> ModemTelephony::targetOf(const DialRequest &request) c
 
 bool ModemTelephony::canOpen(const DialRequest &request)
 {
-    if (!targetOf(request))
-        return false;
-    switch (m_inventory) {
-    case Inventory::Reading:
-        return true;
-    case Inventory::Known:
-        return !m_modems.isEmpty();
-    case Inventory::NoService:
-        return false;
-    }
-    return false;
+    return targetOf(request) && m_inventory != Inventory::NoService && mayPlaceCalls();
 }
 
 void ModemTelephony::open(const DialRequest &request)
@@ -57,11 +45,11 @@ void ModemTelephony::request(const DialRequest &request)
 {
     const std::optional<DialTarget> target = targetOf(request);
     if (!target) {
-        failRequest(tr("The phone cannot call this number."));
+        emit requestFailed(tr("The phone cannot call this number."));
         return;
     }
     if (m_modems.isEmpty()) {
-        failRequest(tr("No modem is ready to place calls."));
+        emit requestFailed(tr("No modem is ready to place calls."));
         return;
     }
     dial(m_modems.constFirst(), *target);
@@ -72,7 +60,7 @@ void ModemTelephony::start()
     readModems(m_generation);
 }
 
-void ModemTelephony::ownerChanged(const QString &oldOwner, const QString &newOwner)
+void ModemTelephony::ownerChanged(const QString &, const QString &oldOwner, const QString &newOwner)
 {
     // The watcher may still hear of a change made before it was set up: the
     // service appearing under the owner whose modems are known already, or
@@ -81,11 +69,7 @@ void ModemTelephony::ownerChanged(const QString &oldOwner, const QString &newOwn
     if (newOwner == m_owner || (newOwner.isEmpty() && oldOwner != m_owner))
         return;
     m_owner = newOwner;
-    restart(!newOwner.isEmpty());
-}
-
-void ModemTelephony::restart(bool serviceRunning)
-{
+    const bool serviceRunning = !newOwner.isEmpty();
     ++m_generation;
     const QStringList modems = m_modems;
     for (const QString &modem : modems)
@@ -97,10 +81,8 @@ void ModemTelephony::restart(bool serviceRunning)
     if (!serviceRunning || !modems.isEmpty())
         emit modemsChanged();
     // A request that waited for the modems of a service that went fails now.
-    if (!serviceRunning) {
-        if (std::optional<DialRequest> waiting = std::exchange(m_waitingRequest, std::nullopt))
-            request(*waiting);
-    }
+    if (!serviceRunning && m_waitingRequest)
+        request(*std::exchange(m_waitingRequest, std::nullopt));
 }
 
 void ModemTelephony::modemsRead(int generation, const QDBusPendingCall &reply)
@@ -112,8 +94,8 @@ void ModemTelephony::modemsRead(int generation, const QDBusPendingCall &reply)
         m_owner = reply.reply().service();
     m_inventory = serviceAnswered ? Inventory::Known : Inventory::NoService;
     emit modemsChanged();
-    if (std::optional<DialRequest> waiting = std::exchange(m_waitingRequest, std::nullopt))
-        request(*waiting);
+    if (m_waitingRequest)
+        request(*std::exchange(m_waitingRequest, std::nullopt));
 }
 
 void ModemTelephony::addModem(const QString &path)
@@ -149,31 +131,26 @@ ModemTelephony::Call *ModemTelephony::findCall(const QString &path)
     return found == m_calls.end() ? nullptr : &*found;
 }
 
-ModemTelephony::Call &ModemTelephony::followCall(const QString &path, const QString &modem, bool &added)
+ModemTelephony::Call *ModemTelephony::followCall(const QString &path, const QString &modem)
 {
-    added = !m_calls.contains(path);
+    if (m_calls.contains(path))
+        return nullptr;
     Call &call = m_calls[path];
-    if (added)
-        call.modem = modem;
-    return call;
+    call.modem = modem;
+    return &call;
 }
 
-void ModemTelephony::acceptAsReported(const QString &path)
-{
-    if (Call *call = findCall(path))
-        call->reported = CallEvent{ path, call->isOutgoing, call->hasConnected, call->hasEnded };
-}
-
-void ModemTelephony::report(const QString &path)
+void ModemTelephony::report(const QString &path, bool announce)
 {
     Call *call = findCall(path);
-    if (!call || !call->known)
-        return;
-    if (!call->reported && (!call->started || call->hasEnded))
+    if (!call)
         return;
     const CallEvent event{ path, call->isOutgoing, call->hasConnected, call->hasEnded };
-    if (call->reported && call->reported->isOutgoing == event.isOutgoing
-        && call->reported->hasConnected == event.hasConnected && call->reported->hasEnded == event.hasEnded)
+    if (!announce)
+        call->reported = event;
+    if (!call->known || call->reported == event)
+        return;
+    if (!call->reported && (!call->started || call->hasEnded))
         return;
     call->reported = event;
     emit callChanged(event);
@@ -191,16 +168,11 @@ void ModemTelephony::endCall(const QString &path)
 
 void ModemTelephony::forgetCall(const QString &path)
 {
-    m_calls.remove(path);
+    delete m_calls.take(path).proxy;
 }
 
 void ModemTelephony::failRequest(const QDBusError &error)
 {
     const QString reason = error.message().isEmpty() ? error.name() : error.message();
-    failRequest(tr("The call could not be placed: %1").arg(reason));
-}
-
-void ModemTelephony::failRequest(const QString &message)
-{
-    emit requestFailed(message);
+    emit requestFailed(tr("The call could not be placed: %1").arg(reason));
 }

@@ -11,7 +11,6 @@
 #include <optional>
 
 class QDBusError;
-class QDBusServiceWatcher;
 
 // What the telephonies that drive a modem service on the system bus share:
 // the list of voice modems (read when the service appears, followed while it
@@ -68,6 +67,7 @@ protected:
     struct Call
     {
         QString modem;
+        QObject *proxy = nullptr;  // the backend's, deleted with the call
         bool known = true;         // direction and state read
         bool started = true;       // placed or ringing, not only created
         bool isOutgoing = false;
@@ -97,28 +97,22 @@ protected:
     void setEmergencyNumbers(const QString &modem, const QStringList &numbers);
 
     Call *findCall(const QString &path);
-    // Starts following a call of `modem` (unless already followed).
-    Call &followCall(const QString &path, const QString &modem, bool &added);
-    // Takes the call's present state as already reported (a call that existed
-    // before it was watched).
-    void acceptAsReported(const QString &path);
+    // Starts following a call of `modem`; null when it is followed already.
+    Call *followCall(const QString &path, const QString &modem);
     // Reports the call if it changed; a call that ends without ever having
-    // started is never reported.
-    void report(const QString &path);
+    // started is never reported. Without `announce`, takes its present state
+    // as already reported (a call that existed before it was watched).
+    void report(const QString &path, bool announce = true);
     void endCall(const QString &path);
-    // Stops following the call; a backend drops what it kept for it too.
-    virtual void forgetCall(const QString &path);
+    void forgetCall(const QString &path);
 
     void failRequest(const QDBusError &error);
-    void failRequest(const QString &message);
 
 private:
-    void ownerChanged(const QString &oldOwner, const QString &newOwner);
-    void restart(bool serviceRunning);
+    void ownerChanged(const QString &service, const QString &oldOwner, const QString &newOwner);
     void request(const DialRequest &request);
 
     QDBusConnection m_bus;
-    QDBusServiceWatcher *m_watcher;
     Inventory m_inventory = Inventory::Reading;
     int m_generation = 0;
     // The service's unique name on the bus, once known.

@@ -20,16 +20,12 @@ OfonoTelephony::OfonoTelephony(const QDBusConnection &bus, QObject *parent)
     this->bus().connect(serviceName, m_manager->path(), m_manager->interface(), QStringLiteral("ModemAdded"), this,
                         SLOT(onModemAdded(QDBusMessage)));
     connect(m_manager, &OfonoManagerProxy::ModemRemoved, this, [this](const QDBusObjectPath &path) {
-        removeModem(path.path());
-        const Modem gone = m_modemProxies.take(path.path());
-        delete gone.calls;
-        delete gone.modem;
+        removeModem(path.path()); // which drops its voice calls proxy
+        delete m_modemProxies.take(path.path()).modem;
         emit modemsChanged();
     });
     start();
 }
-
-OfonoTelephony::~OfonoTelephony() = default;
 
 void OfonoTelephony::onModemAdded(const QDBusMessage &message)
 {
@@ -60,11 +56,10 @@ std::optional<std::pair<QString, QString>> OfonoTelephony::dialArguments(const D
 
 void OfonoTelephony::readModems(int generation)
 {
-    // The voice modems of an earlier reading are gone already; the others go now.
-    for (const Modem &modem : std::as_const(m_modemProxies)) {
-        delete modem.calls;
+    // The voice modems of an earlier reading are gone already, with their
+    // voice calls proxies; the modems themselves go now.
+    for (const Modem &modem : std::as_const(m_modemProxies))
         delete modem.modem;
-    }
     m_modemProxies.clear();
     whenDone(m_manager->GetModems(), this, [this, generation](const QDBusPendingReply<ObjectPropertiesList> &reply) {
         if (!isCurrent(generation))
@@ -92,18 +87,13 @@ void OfonoTelephony::updateModem(const QString &path, const QStringList &interfa
     const bool voice = interfaces.contains(OfonoVoiceCallManagerProxy::staticInterfaceName());
     if (voice == (modem.calls != nullptr))
         return;
-    if (voice) {
-        offerVoiceCalls(path);
-    } else {
+    if (!voice) {
         removeModem(path);
+        return;
     }
-}
-
-void OfonoTelephony::offerVoiceCalls(const QString &path)
-{
     auto *calls = new OfonoVoiceCallManagerProxy(serviceName, path, bus(), this);
     calls->setTimeout(callTimeoutMs);
-    m_modemProxies[path].calls = calls;
+    modem.calls = calls;
     addModem(path);
     connect(calls, &OfonoVoiceCallManagerProxy::CallAdded, this, [this, path](const QDBusObjectPath &call, const QVariantMap &properties) {
         addCall(call.path(), path, properties.value(QStringLiteral("State")).toString(), true);
@@ -157,15 +147,14 @@ void OfonoTelephony::dial(const QString &modem, const DialTarget &target)
 
 void OfonoTelephony::addCall(const QString &path, const QString &modem, const QString &state, bool announce)
 {
-    bool added = false;
-    Call &call = followCall(path, modem, added);
-    if (!added)
+    Call *call = followCall(path, modem);
+    if (!call)
         return;
     // oFono has no direction: a call that is first seen dialling is ours.
-    call.isOutgoing = state == QLatin1String("dialing") || state == QLatin1String("alerting");
-    applyState(call, state);
+    call->isOutgoing = state == QLatin1String("dialing") || state == QLatin1String("alerting");
+    applyState(*call, state);
     auto *proxy = new OfonoVoiceCallProxy(serviceName, path, bus(), this);
-    m_callProxies.insert(path, proxy);
+    call->proxy = proxy;
     connect(proxy, &OfonoVoiceCallProxy::PropertyChanged, this, [this, path](const QString &name, const QDBusVariant &value) {
         Call *call = findCall(path);
         if (!call || name != QLatin1String("State"))
@@ -173,10 +162,7 @@ void OfonoTelephony::addCall(const QString &path, const QString &modem, const QS
         applyState(*call, value.variant().toString());
         report(path);
     });
-    if (announce)
-        report(path);
-    else
-        acceptAsReported(path);
+    report(path, announce);
 }
 
 void OfonoTelephony::applyState(Call &call, const QString &state)
@@ -185,10 +171,4 @@ void OfonoTelephony::applyState(Call &call, const QString &state)
         call.hasConnected = true;
     else if (state == QLatin1String("disconnected"))
         call.hasEnded = true;
-}
-
-void OfonoTelephony::forgetCall(const QString &path)
-{
-    delete m_callProxies.take(path);
-    ModemTelephony::forgetCall(path);
 }

@@ -6,7 +6,6 @@
 class OfonoManagerProxy;
 class OfonoModemProxy;
 class OfonoVoiceCallManagerProxy;
-class OfonoVoiceCallProxy;
 class QDBusMessage;
 
 // Places calls through oFono on the system bus.
@@ -27,7 +26,6 @@ public:
     static const QString serviceName;
 
     explicit OfonoTelephony(const QDBusConnection &bus, QObject *parent = nullptr);
-    ~OfonoTelephony() override;
 
     QString backendName() const override { return QStringLiteral("oFono"); }
 
@@ -39,7 +37,6 @@ protected:
     bool accepts(const DialTarget &target) const override;
     void dial(const QString &modem, const DialTarget &target) override;
     void forgetModem(const QString &modem) override;
-    void forgetCall(const QString &path) override;
 
 private slots:
     void onModemAdded(const QDBusMessage &message);
@@ -52,11 +49,9 @@ private:
     };
 
     void updateModem(const QString &path, const QStringList &interfaces);
-    void offerVoiceCalls(const QString &path);
     void addCall(const QString &path, const QString &modem, const QString &state, bool announce);
     void applyState(Call &call, const QString &state);
 
     OfonoManagerProxy *m_manager;
     QHash<QString, Modem> m_modemProxies;
-    QHash<QString, OfonoVoiceCallProxy *> m_callProxies;
 };

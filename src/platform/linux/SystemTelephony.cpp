@@ -20,10 +20,8 @@ SystemTelephony::SystemTelephony(const QDBusConnection &systemBus, QObject *pare
         if (bus && bus->isServiceRegistered(service).value())
             m_running.insert(service);
     }
-    auto *watcher = new QDBusServiceWatcher(this);
-    watcher->setConnection(systemBus);
-    watcher->setWatchedServices(services);
-    watcher->setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
+    auto *watcher = new QDBusServiceWatcher(services.first(), systemBus, QDBusServiceWatcher::WatchForOwnerChange, this);
+    watcher->addWatchedService(services.last());
     connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString &service, const QString &, const QString &newOwner) {
                 if (newOwner.isEmpty())
@@ -53,12 +51,11 @@ void SystemTelephony::forward(Telephony &telephony)
 
 void SystemTelephony::choose()
 {
-    const QList<ModemTelephony *> modemServices{ m_modemManager.get(), m_ofono.get() };
+    const std::pair<QString, ModemTelephony *> modemServices[]{ { ModemManagerTelephony::serviceName, m_modemManager.get() },
+                                                                { OfonoTelephony::serviceName, m_ofono.get() } };
     Telephony *chosen = nullptr;
     // A running service with voice modems (or whose modems are still being read) first.
-    for (ModemTelephony *modems : modemServices) {
-        const QString service = modems == m_modemManager.get() ? ModemManagerTelephony::serviceName
-                                                                : OfonoTelephony::serviceName;
+    for (const auto &[service, modems] : modemServices) {
         if (!m_running.contains(service))
             continue;
         if (modems->mayPlaceCalls()) {
@@ -82,5 +79,4 @@ void SystemTelephony::choose()
         return;
     m_current = chosen;
     QTextStream(stdout) << "Telephony: " << m_current->backendName() << Qt::endl;
-    emit currentChanged();
 }

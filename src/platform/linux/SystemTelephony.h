@@ -31,13 +31,6 @@ public:
     void open(const DialRequest &request) override { m_current->open(request); }
     bool placesCallsItself() const override { return m_current->placesCallsItself(); }
 
-    // The telephony requests go to now.
-    Telephony &current() const { return *m_current; }
-
-signals:
-    // Requests go to another telephony from now on.
-    void currentChanged();
-
 private:
     void choose();
     void forward(Telephony &telephony);

@@ -194,10 +194,8 @@ QString VCardFolderAddressBook::enumerateContacts(
         if (m_stopped)
             return;
         batch.append(std::move(contact));
-        if (batch.size() >= batchSize) {
-            deliver(std::move(batch));
-            batch = QList<AddressBookContact>();
-        }
+        if (batch.size() >= batchSize)
+            deliver(std::exchange(batch, {}));
     };
     // Reads files [first, first + count) for `collect`; returns the broken
     // cards and the first file error.

@@ -21,8 +21,6 @@ public:
 
     explicit VCardFolderAddressBook(const QString &folder = defaultFolder());
 
-    QString folder() const { return m_folder; }
-
     AccessAnswer requestAccess() override;
     QString enumerateContacts(const std::function<void(QList<AddressBookContact> &&batch)> &deliver) override;
     // The folder that holds the book (its parent when the book itself cannot

@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QUrl>
 
+#include <optional>
+
 namespace {
 
 using namespace VCardText;
@@ -13,10 +15,8 @@ struct Card
 {
     bool broken = false;
     bool version21 = false;
-    bool hasN = false;
-    bool hasFn = false;
-    QString n;
-    QString fn;
+    std::optional<QString> n;
+    std::optional<QString> fn;
     // Numbers as written; a tel: URI (version 4.0) loses its scheme later.
     QStringList tel;
 
@@ -42,13 +42,13 @@ struct Card
     AddressBookContact contact() const
     {
         AddressBookContact person;
-        if (hasN) {
-            const auto [family, given] = firstTwoComponents(n);
+        if (n) {
+            const auto [family, given] = firstTwoComponents(*n);
             person.familyName = component(family);
             person.givenName = component(given);
         }
-        if (person.familyName.isEmpty() && person.givenName.isEmpty() && hasFn)
-            person.givenName = plainText(fn);
+        if (person.familyName.isEmpty() && person.givenName.isEmpty() && fn)
+            person.givenName = plainText(*fn);
         person.phoneNumbers.reserve(tel.size());
         for (const QString &text : tel) {
             QString number = plainText(text);
@@ -125,7 +125,8 @@ private:
                     quoted = !quoted;
                 } else if (line[seen] == ':' && !quoted) {
                     found = true;
-                    quotedPrintable = seen > 0 && containsIgnoringCase(line.first(seen), "QUOTED-PRINTABLE");
+                    quotedPrintable = seen > 0
+                            && QLatin1StringView(line.first(seen)).contains(QLatin1StringView("QUOTED-PRINTABLE"), Qt::CaseInsensitive);
                 }
             }
             return quotedPrintable;
@@ -273,15 +274,11 @@ private:
         if (equalsIgnoringCase(name, "VERSION")) {
             m_card.version21 = trimmed(value) == "2.1";
         } else if (equalsIgnoringCase(name, "N")) {
-            if (!m_card.hasN) {
+            if (!m_card.n)
                 m_card.n = decodeValue(value, quotedPrintable, charset);
-                m_card.hasN = true;
-            }
         } else if (equalsIgnoringCase(name, "FN")) {
-            if (!m_card.hasFn) {
+            if (!m_card.fn)
                 m_card.fn = decodeValue(value, quotedPrintable, charset);
-                m_card.hasFn = true;
-            }
         } else if (equalsIgnoringCase(name, "TEL")) {
             m_card.tel.append(decodeValue(value, quotedPrintable, charset));
         } else if (base64 && m_card.version21) {
@@ -307,13 +304,4 @@ VCardReader::Summary VCardReader::read(QByteArrayView bytes, const std::function
                                        const std::atomic<bool> *stop)
 {
     return Parser(bytes, deliver, stop).run();
-}
-
-QList<AddressBookContact> VCardReader::readAll(QByteArrayView bytes, Summary *summary)
-{
-    QList<AddressBookContact> contacts;
-    const Summary result = read(bytes, [&contacts](AddressBookContact &&contact) { contacts.append(std::move(contact)); });
-    if (summary)
-        *summary = result;
-    return contacts;
 }

@@ -34,7 +34,4 @@ public:
     // early, between lines, once `stop` is set.
     static Summary read(QByteArrayView bytes, const std::function<void(AddressBookContact &&contact)> &deliver,
                         const std::atomic<bool> *stop = nullptr);
-
-    // Convenience for small inputs: all contacts at once.
-    static QList<AddressBookContact> readAll(QByteArrayView bytes, Summary *summary = nullptr);
 };

@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QStringDecoder>
 
+#include <algorithm>
+
 namespace {
 
 char upper(char c) { return (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c; }
@@ -40,6 +42,8 @@ namespace VCardText {
 
 bool isFoldSpace(char c) { return c == ' ' || c == '\t'; }
 
+// By hand: the reader compares every property name, and a loop the compiler
+// sees through is much cheaper than Qt's general comparison here.
 bool equalsIgnoringCase(QByteArrayView a, QByteArrayView b)
 {
     if (a.size() != b.size())
@@ -49,15 +53,6 @@ bool equalsIgnoringCase(QByteArrayView a, QByteArrayView b)
             return false;
     }
     return true;
-}
-
-bool containsIgnoringCase(QByteArrayView haystack, QByteArrayView needle)
-{
-    for (qsizetype i = 0; i + needle.size() <= haystack.size(); ++i) {
-        if (equalsIgnoringCase(haystack.sliced(i, needle.size()), needle))
-            return true;
-    }
-    return false;
 }
 
 QByteArrayView trimmed(QByteArrayView v)
@@ -84,14 +79,7 @@ qsizetype valueColon(QByteArrayView line)
 
 static QString decodeText(QByteArrayView bytes, QByteArrayView charset)
 {
-    bool ascii = true;
-    for (const char c : bytes) {
-        if (uchar(c) >= 0x80) {
-            ascii = false;
-            break;
-        }
-    }
-    if (ascii)
+    if (std::all_of(bytes.begin(), bytes.end(), [](char c) { return uchar(c) < 0x80; }))
         return QString::fromLatin1(bytes);
     if (!charset.isEmpty() && !equalsIgnoringCase(charset, "UTF-8") && !equalsIgnoringCase(charset, "UTF8")) {
         QStringDecoder named(charset.toByteArray().constData());

@@ -13,7 +13,6 @@ namespace VCardText {
 
 bool isFoldSpace(char c);
 bool equalsIgnoringCase(QByteArrayView a, QByteArrayView b);
-bool containsIgnoringCase(QByteArrayView haystack, QByteArrayView needle);
 // Without blanks, tabs and line breaks at either end.
 QByteArrayView trimmed(QByteArrayView v);
 // Where the value starts: the first colon outside double quotes, or -1.
@@ -26,7 +25,7 @@ QString decodeValue(QByteArrayView bytes, bool quotedPrintable, QByteArrayView c
 // Text without escapes or surrounding blanks.
 QString plainText(const QString &text);
 // The first and second components of a structured value (family and given
-// names of N), split at unescaped semicolons.
+// names of N), split at unescaped semicolons; cheaper than splitting it all.
 std::pair<QStringView, QStringView> firstTwoComponents(QStringView text);
 
 } // namespace VCardText

@@ -1,5 +1,9 @@
-// The ModemManager backend against tools/simulated-modem.py on a private bus.
+// The modem backends on a private bus: ModemManager against
+// tools/simulated-modem.py, oFono against python3-dbusmock's oFono template
+// for what the real daemon cannot easily be made to do (modems that come,
+// change their interfaces, and a Dial that fails).
 #include "ModemManagerTelephony.h"
+#include "OfonoTelephony.h"
 #include "PrivateBus.h"
 #include "SimulatedModem.h"
 
@@ -12,7 +16,8 @@ namespace {
 const DialRequest request{ QString(), QStringLiteral("0612") };
 const QStringList wholeCall{ "outgoing", "outgoing connected", "outgoing connected ended" };
 
-// The backend on `bus` and what it reports.
+// A backend on `bus` and what it reports.
+template<typename Backend>
 struct Rig
 {
     explicit Rig(PrivateBus &bus) : connection(bus.connection()), telephony(connection)
@@ -49,15 +54,40 @@ struct Rig
     }
 
     QDBusConnection connection;
-    ModemManagerTelephony telephony;
+    Backend telephony;
     QObject context;
     QList<std::pair<QString, QString>> events;
     QStringList failures;
 };
 
+// python3-dbusmock's oFono with `parameters`, and the oFono backend on it.
+struct OfonoRig
+{
+    explicit OfonoRig(const QString &parameters = QStringLiteral("{}"))
+        : process(bus.startService(QStringLiteral("/usr/bin/python3"),
+                                   { "-m", "dbusmock", "--template", "ofono", "-p", parameters }, OfonoTelephony::serviceName))
+    {
+    }
+    // A method of the mock itself; fails the test when the mock refuses it.
+    void mock(const QString &path, const QString &method, const QVariantList &args)
+    {
+        QDBusMessage message = QDBusMessage::createMethodCall(OfonoTelephony::serviceName, path,
+                                                              QStringLiteral("org.freedesktop.DBus.Mock"), method);
+        message.setArguments(args);
+        const QDBusMessage reply = bus.connection().call(message, QDBus::Block, 10000);
+        QVERIFY2(reply.type() == QDBusMessage::ReplyMessage, qPrintable(reply.errorMessage()));
+    }
+
+    PrivateBus bus;
+    QProcess *process = nullptr;
+    Rig<OfonoTelephony> rig{ bus };
+};
+
+const QString voiceCallManager = QStringLiteral("org.ofono.VoiceCallManager");
+
 } // namespace
 
-class TestModemManagerTelephony : public QObject
+class TestModemTelephony : public QObject
 {
     Q_OBJECT
 
@@ -69,7 +99,7 @@ private slots:
         PrivateBus bus;
         SimulatedModem modem(bus, 250);
         QVERIFY(modem.isRunning());
-        Rig rig(bus);
+        Rig<ModemManagerTelephony> rig(bus);
         // Asked before the modems are read: the request waits for them.
         rig.telephony.open(DialRequest{ QString(), QStringLiteral("111") });
         QVERIFY(modem.waitForLine(QStringLiteral("Start ")));
@@ -87,7 +117,7 @@ private slots:
     {
         PrivateBus bus;
         SimulatedModem modem(bus, 150, 0, { QStringLiteral("--no-network") });
-        Rig rig(bus);
+        Rig<ModemManagerTelephony> rig(bus);
         QVERIFY(rig.waitForModems(1));
         rig.telephony.open(DialRequest{ QString(), QStringLiteral("#31#0612345678") });
         QVERIFY(modem.waitForLine(QStringLiteral("Deleted ")));
@@ -101,7 +131,7 @@ private slots:
     void serviceComingAndGoing()
     {
         PrivateBus bus;
-        Rig rig(bus);
+        Rig<ModemManagerTelephony> rig(bus);
         QSignalSpy changed(&rig.telephony, &ModemManagerTelephony::modemsChanged);
         QVERIFY(changed.wait(5000));
         QVERIFY(!rig.telephony.canOpen(request));
@@ -122,7 +152,58 @@ private slots:
         QCOMPARE(rig.described(), wholeCall);
         QVERIFY(!rig.telephony.canOpen(request));
     }
+
+    void ofonoFollowsModemsThatOfferVoiceCalls()
+    {
+        OfonoRig ofono;
+        Rig<OfonoTelephony> &rig = ofono.rig;
+        QVERIFY(ofono.process);
+        QVERIFY(rig.waitForModems(1));
+        QVERIFY(rig.telephony.canOpen(request));
+
+        ofono.mock(QStringLiteral("/"), QStringLiteral("AddModem"), { QStringLiteral("ril_1"), QVariantMap() });
+        QVERIFY(rig.waitForModems(2));
+        const auto offer = [&](const QStringList &interfaces) {
+            ofono.mock(QStringLiteral("/ril_1"), QStringLiteral("EmitSignal"),
+                       { QStringLiteral("org.ofono.Modem"), QStringLiteral("PropertyChanged"), QStringLiteral("sv"),
+                         QVariantList{ QStringLiteral("Interfaces"), interfaces } });
+        };
+        offer({ QStringLiteral("org.ofono.SimManager") });
+        QVERIFY(rig.waitForModems(1));
+        offer({ QStringLiteral("org.ofono.SimManager"), voiceCallManager });
+        QVERIFY(rig.waitForModems(2));
+        QCOMPARE(rig.telephony.voiceModems(), (QStringList{ "/ril_0", "/ril_1" }));
+
+        // oFono leaves the bus: its modems go with it.
+        ofono.bus.stopService(ofono.process);
+        QVERIFY(rig.waitForModems(0));
+        QVERIFY(!rig.telephony.canOpen(request));
+    }
+
+    void ofonoWithoutModemCannotOpen()
+    {
+        OfonoRig ofono(QStringLiteral("{\"no_modem\": true}"));
+        QVERIFY(ofono.process);
+        // Until the modems are read, a request waits for them.
+        QVERIFY(ofono.rig.telephony.canOpen(request));
+        ofono.rig.telephony.open(request);
+        QVERIFY(QTest::qWaitFor([&] { return !ofono.rig.failures.isEmpty(); }, 10000));
+        QVERIFY(!ofono.rig.telephony.canOpen(request));
+    }
+
+    void ofonoRefusedDialBecomesAFailureNotice()
+    {
+        OfonoRig ofono;
+        QVERIFY(ofono.rig.waitForModems(1));
+        ofono.mock(QStringLiteral("/ril_0"), QStringLiteral("AddMethod"),
+                   { voiceCallManager, QStringLiteral("Dial"), QStringLiteral("ss"), QStringLiteral("o"),
+                     QStringLiteral("raise dbus.exceptions.DBusException('No network', name='org.ofono.Error.Failed')") });
+        ofono.rig.telephony.open(DialRequest{ QStringLiteral("#31#"), QStringLiteral("0612345678") });
+        QVERIFY(QTest::qWaitFor([&] { return !ofono.rig.failures.isEmpty(); }, 10000));
+        QVERIFY2(ofono.rig.failures.constLast().contains(QStringLiteral("No network")), qPrintable(ofono.rig.failures.constLast()));
+        QVERIFY(ofono.rig.events.isEmpty());
+    }
 };
 
-QTEST_GUILESS_MAIN(TestModemManagerTelephony)
-#include "tst_modemmanagertelephony.moc"
+QTEST_GUILESS_MAIN(TestModemTelephony)
+#include "tst_modemtelephony.moc"
