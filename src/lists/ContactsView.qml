@@ -99,7 +99,7 @@ Page {
     ColumnLayout {
         id: listTop
         width: parent.width
-        y: Math.min(0, -(list.contentY + list.topMargin))
+        y: Math.min(0, list.originY - list.contentY - list.topMargin)
         spacing: 0
 
         // 1. Search bar.

@@ -85,7 +85,7 @@ Page {
     ColumnLayout {
         id: listTop
         width: parent.width
-        y: Math.min(0, -(historyList.contentY + historyList.topMargin))
+        y: Math.min(0, historyList.originY - historyList.contentY - historyList.topMargin)
         spacing: 0
 
         // 1. Search.
