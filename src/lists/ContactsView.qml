@@ -65,7 +65,6 @@ Page {
         objectName: "contactsList"
         anchors.fill: parent
         topMargin: listTop.height
-        visible: !contactsView.vm.accessDenied
         clip: true
         reuseItems: true
         // Rows are made as they come into view: none waits off screen
@@ -78,6 +77,10 @@ Page {
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Contact list")
         ScrollIndicator.vertical: ScrollIndicator { }
+        bottomMargin: emptyNote.visible ? emptyNote.height : 0
+        // What sits above the rows is in sight once laid out, and again when
+        // its height changes.
+        onTopMarginChanged: contentY = originY - topMargin
 
         Connections {
             target: contactsView.vm
@@ -188,11 +191,14 @@ Page {
         }
     }
 
-    // Without people to show, why, where the rows would be.
+    // Without people to show, why, where the rows would be; it follows
+    // the search above it, which the list scrolls away when the window is short.
     Item {
+        id: emptyNote
+        visible: contactsView.vm.visibleContacts.count === 0
         anchors.top: listTop.bottom
-        anchors.bottom: parent.bottom
-        width: parent.width
+        width: contactsView.width
+        height: Math.max(contactsView.height - listTop.height, settingsLink.implicitHeight, noContacts.implicitHeight)
 
         Button {
             id: settingsLink
@@ -219,8 +225,9 @@ Page {
         }
 
         Label {
+            id: noContacts
             objectName: "noContactsFound"
-            visible: !contactsView.vm.accessDenied && contactsView.vm.visibleContacts.count === 0
+            visible: !contactsView.vm.accessDenied
             anchors.centerIn: parent
             width: parent.width - Theme.spacingLarge * 2
             horizontalAlignment: Text.AlignHCenter

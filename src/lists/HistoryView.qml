@@ -65,6 +65,10 @@ Page {
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Call history")
         ScrollIndicator.vertical: ScrollIndicator { }
+        bottomMargin: emptyState.visible ? emptyState.height : 0
+        // What sits above the rows is in sight once laid out, and again when
+        // its height changes.
+        onTopMarginChanged: contentY = originY - topMargin
         delegate: HistoryRow {
             editMode: historyView.editMode
             deleteWidth: historyView.deleteWidth
@@ -135,14 +139,16 @@ Page {
         }
     }
 
-    // Without records, a hint where the rows would be.
+    // Without records, a hint where the rows would be; it follows the
+    // search above it, which the list scrolls away when the window is short.
     ColumnLayout {
+        id: emptyState
         objectName: "emptyState"
         visible: historyView.vm.filteredContacts.count === 0
         anchors.top: listTop.bottom
-        anchors.bottom: parent.bottom
-        anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width - Theme.spacingHuge * 2
+        x: Theme.spacingHuge
+        width: historyView.width - Theme.spacingHuge * 2
+        height: Math.max(historyView.height - listTop.height, implicitHeight)
         spacing: Theme.spacingSmall
         Item { Layout.fillHeight: true }
         Label {
