@@ -85,10 +85,8 @@ private slots:
         row("#31#", "0611 ABC 111", "refused", "refused");
         row("", "06 12 é", "refused", "refused");
         row("#31#", "112", "112", "112");
-        row("*67", "911", "911", "911");
         row("141", "13373", "13373", "14113373"); // on the simulated SIM's list only
         row("", "*#06#", "refused", "refused");
-        row("#31#", "**21*0999123#", "refused", "refused");
         row("", "0611 111 111,12", "refused", "refused");
     }
 
