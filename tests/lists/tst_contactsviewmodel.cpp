@@ -138,7 +138,7 @@ private slots:
         }));
 
         model->openSettings();
-        QCOMPARE(m_opener.opened.last(), QUrl::fromLocalFile(QFileInfo(VCardFolderAddressBook::defaultFolder()).absolutePath()));
+        QCOMPARE(m_opener.opened, QList<QUrl>{ QUrl::fromLocalFile(QFileInfo(VCardFolderAddressBook::defaultFolder()).absolutePath()) });
     }
 
     void sortingIsStableAndByCodePoint()

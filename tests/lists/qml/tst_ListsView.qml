@@ -44,9 +44,9 @@ TestCase {
         defaults.setBool("saveToHistory", true)
     }
 
-    // A screen shown once, with the whole book read.
-    function shownView(people) {
-        driver.writeBook(people)
+    // A screen shown once, with the whole book read (or refused).
+    function shownView(people, readable = true) {
+        driver.writeBook(people, readable)
         const view = createTemporaryObject(viewComponent, testCase, { vm: testApp.createContactsViewModel(testCase) })
         view.appeared()
         tryVerify(() => view.vm.visibleContacts.count === people.length, 5000)
@@ -105,9 +105,7 @@ TestCase {
         verify(findChild(empty, "noContactsFound").visible)
         verify(!findChild(empty, "enableInSettings").visible)
 
-        driver.writeBook([], false)
-        const view = createTemporaryObject(viewComponent, testCase, { vm: testApp.createContactsViewModel(testCase) })
-        view.appeared()
+        const view = shownView([], false)
         const link = findChild(view, "enableInSettings")
         tryVerify(() => link.visible, 5000)
         verify(!findChild(view, "noContactsFound").visible)
