@@ -4,10 +4,8 @@
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
 #include "RecordingUrlOpener.h"
-#include "VCardFolderAddressBook.h"
+#include "TestHome.h"
 
-#include <QDir>
-#include <QFile>
 #include <QQmlContext>
 #include <QQuickItem>
 #include <QtQuickTest>
@@ -18,30 +16,12 @@ class Driver : public PhoneDriver
 public:
     explicit Driver(TestApp &app) : PhoneDriver(app), m_opener(app.urlOpener) { }
 
-    // Replaces the address book with one vCard file of these people, each
-    // a list [first, last, number...]; with no list, a file where the
-    // book's folder belongs makes the book unreadable.
     Q_INVOKABLE void writeBook(const QVariantList &people, bool readable = true)
     {
-        const QString folder = VCardFolderAddressBook::defaultFolder();
-        QFile::remove(folder);
-        QDir(folder).removeRecursively();
-        if (!readable) {
-            QFile(folder).open(QIODevice::WriteOnly);
-            return;
-        }
-        QDir().mkpath(folder);
-        QByteArray text;
-        for (const QVariant &entry : people) {
-            const QStringList fields = entry.toStringList();
-            text += "BEGIN:VCARD\nVERSION:3.0\nN:" + fields.value(1).toUtf8() + ";" + fields.value(0).toUtf8() + "\n";
-            for (const QString &phone : fields.mid(2))
-                text += "TEL:" + phone.toUtf8() + "\n";
-            text += "END:VCARD\n";
-        }
-        QFile file(QDir(folder).filePath(QStringLiteral("book.vcf")));
-        file.open(QIODevice::WriteOnly);
-        file.write(text);
+        QList<QStringList> rows;
+        for (const QVariant &entry : people)
+            rows.append(entry.toStringList());
+        TestHome::writeBook(rows, readable);
     }
     Q_INVOKABLE QString openedUrl() const { return m_opener->addresses().value(m_opener->opened.size() - 1); }
 
@@ -57,7 +37,6 @@ public:
         app().history().addHistory(text(firstName), text(lastName), telephone, hidden);
     }
     Q_INVOKABLE void clearHistory() { app().history().deleteAllHistory(); }
-
 
 private:
     RecordingUrlOpener *m_opener;

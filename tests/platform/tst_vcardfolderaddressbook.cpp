@@ -89,12 +89,11 @@ private slots:
         StdoutCapture out;
         VCardFolderAddressBook book(home.path());
         const Enumeration result = enumerate(book);
-        QCOMPARE(result.families.size(), total - 1);
-        for (int i = 0, expected = 0; i < result.families.size(); ++i, ++expected) {
-            if (expected == 1234)
-                ++expected;
-            QCOMPARE(result.families[i], QString::number(expected));
-        }
+        QStringList expected;
+        for (int i = 0; i < total; ++i)
+            expected.append(QString::number(i));
+        expected.removeAt(1234);
+        QCOMPARE(result.families, expected);
         QCOMPARE(result.batchSizes, (QList<qsizetype>{ VCardFolderAddressBook::batchSize, total - 1 - VCardFolderAddressBook::batchSize }));
         QVERIFY(out.lines().contains(QStringLiteral("Address book: skipped 1 unreadable cards in ") + home.path()));
 
