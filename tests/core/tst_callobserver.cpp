@@ -1,6 +1,4 @@
-// The outgoing-call observer: which reported call changes become history
-// records, against a telephony that reports calls on demand and a real
-// history file.
+// Which reported call changes the observer turns into records in a real history file.
 #include "CallObserver.h"
 #include "CallObserverDelegate.h"
 #include "HistoryCallDataService.h"
@@ -76,8 +74,7 @@ private slots:
         QVERIFY(rows[0].callHidden);
     }
 
-    // Not saving logs the call but leaves the flag up: the next outgoing
-    // call is taken for the app's, recorded with the stale pending record.
+    // Not saving leaves the flag up: the next outgoing call gets the stale pending record.
     void notSavingLogsButLeavesTheFlagUp()
     {
         StdoutCapture out;

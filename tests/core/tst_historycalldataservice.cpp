@@ -1,5 +1,4 @@
-// The call history store on real SQLite files in temporary folders. The whole
-// program runs in a time zone far from UTC (set in main).
+// The call history store on real SQLite files, in a time zone far from UTC (set in main).
 #include "HistoryCallDataService.h"
 #include "StdoutCapture.h"
 
@@ -19,8 +18,7 @@
 
 namespace {
 
-// Runs one statement on the file through a connection of its own, as another
-// program would: the first value read, else whether it ran.
+// Runs a statement as another program would: the first value read, else whether it ran.
 QVariant otherWriter(const QString &path, const QString &statement)
 {
     QVariant result;
@@ -122,8 +120,7 @@ private slots:
                                   "Error deleting history data: " })
             QVERIFY2(hasLine(out.lines(), QString::fromLatin1(line)), line);
 
-        // The cause goes away: the next use opens the file, and the record
-        // that failed is saved with the new one.
+        // Once the cause goes, the failed record is saved with the next one.
         QVERIFY(QDir().rmdir(path));
         store.addHistory(QString(), QString(), QStringLiteral("0700"), false);
         QCOMPARE(store.savedEntities().size(), 2);
@@ -326,7 +323,6 @@ private slots:
         for (int i = 0; i < 20; ++i)
             HistoryCallDataService(path, nullptr).readInBackground();
         QCoreApplication::processEvents();
-
     }
 };
 

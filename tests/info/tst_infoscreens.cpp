@@ -1,5 +1,4 @@
-// The about and feedback screens in real QML views; the pages they open go
-// to a recording URL opener and shared texts to a recording sharer.
+// The about and feedback screens in real QML views, on a recording URL opener and sharer.
 #include "QuickTestSetup.h"
 #include "RecordingSharer.h"
 #include "RecordingUrlOpener.h"

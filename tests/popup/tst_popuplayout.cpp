@@ -35,7 +35,6 @@ private slots:
         const QSizeF window(400, 800);
         // Content larger than the window is kept inside the margins.
         QCOMPARE(L::popupSize(L::Floating, window, { 900, 2000 }, 16), QSizeF(368, 768));
-        QCOMPARE(L::popupSize(L::Toast, window, { 120, 60 }, 16), QSizeF(368, 60));
         // A window smaller than its margins gives an empty popup, not a negative one.
         QCOMPARE(L::popupSize(L::Floating, { 20, 20 }, { 50, 50 }, 16), QSizeF(0, 0));
     }

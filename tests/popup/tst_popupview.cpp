@@ -1,5 +1,4 @@
-// The popup presenter and the alerts in real QML views, also as a screen
-// reader meets them.
+// The popup presenter in real QML views, also as a screen reader meets it.
 #include "QuickTestSetup.h"
 
 #include <QtQuickTest>

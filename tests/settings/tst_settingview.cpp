@@ -1,5 +1,4 @@
-// The settings screen and the onboarding in real QML views and in the app's own
-// window, on its settings file and history database in a temporary home.
+// The settings screen and the onboarding in real QML views, on real files in a temporary home.
 #include "JsonFileKeyValueStore.h"
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
@@ -27,8 +26,6 @@ public:
             return {};
         return std::visit([](const auto &v) { return QVariant::fromValue(v); }, *value);
     }
-    // The number of call records in the history file, read afresh.
-    Q_INVOKABLE int storedCalls() const { return int(storedRows().size()); }
 };
 
 class Setup : public QuickTestSetup

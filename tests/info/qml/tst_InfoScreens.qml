@@ -66,8 +66,7 @@ TestCase {
         compare(desktop.opened(), [])
     }
 
-    // Any screen can offer the update, over its own window; a screen with
-    // no window gets none. (The buttons are checked with the real update check.)
+    // Any screen can offer the update, over its own window; a screen with no window gets none.
     function test_updateAlertGoesOverTheScreensWindow() {
         const alert = testApp.checkNewVersionService.showAppUpdateAlertWithVersion(create(screenComponent), "2.0", false, "https://x", false)
         tryCompare(alert, "opened", true)

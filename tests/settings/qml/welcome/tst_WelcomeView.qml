@@ -1,9 +1,9 @@
 import QtQuick
 import QtTest
 import Quieton.Settings
+import Quieton.App
 
-// The onboarding pages on their own: swipes, "Next" and the model's page index
-// move one and the same page.
+// The onboarding pages, and the app's own window that shows them until "Get Started".
 TestCase {
     id: testCase
     name: "WelcomeView"
@@ -15,6 +15,11 @@ TestCase {
     Component {
         id: welcomeComponent
         WelcomeView { id: welcomeView1; vm: testApp.createWelcomeViewModel(welcomeView1); anchors.fill: parent }
+    }
+
+    Component {
+        id: appWindowComponent
+        AppWindow { app: testApp; }
     }
 
     function openWelcome() {
@@ -42,9 +47,7 @@ TestCase {
         mouseRelease(view, toX, y)
     }
 
-    // Swipes stop at both ends; swiping back from the last page and pressing
-    // "Next" (a tap, or a screen reader's press) returns to it; the model's
-    // index moves the pages; right to left, the same finger move goes the other way.
+    // Swipes (mirrored right to left), "Next" and the model's index move one and the same page.
     function test_swipesNextAndTheModelMoveOnePage() {
         const view = openWelcome()
         for (const [from, to, expected] of [[40, 360, 0], [340, 40, 1], [340, 40, 2], [340, 40, 2], [40, 360, 1]]) {
@@ -64,5 +67,50 @@ TestCase {
         view.LayoutMirroring.childrenInherit = true
         swipe(view, 40, 360)
         settle(view, 1)
+    }
+
+    function start() {
+        const window = createTemporaryObject(appWindowComponent, testCase)
+        tryVerify(() => window.active || window.visible)
+        return window
+    }
+
+    // What the window shows: the onboarding or the main screen.
+    function scene(window) {
+        const loader = window.contentItem.children[0]
+        tryVerify(() => loader.item !== null)
+        return loader.item
+    }
+
+    function turnPage(welcome, button) {
+        mouseClick(findChild(welcome, button))
+        tryVerify(() => findChild(welcome, "pager").settled, 3000)
+    }
+
+    function test_onboardingUntilGetStartedThenTheMainScreenForGood() {
+        defaults.setBool("hasCompletedFirstLaunch", false)
+        // Quitting halfway stores nothing: the next start begins at the first page.
+        let window = start()
+        compare(scene(window).objectName, "welcomeView")
+        turnPage(scene(window), "nextButton0")
+        window.destroy()
+        wait(0)
+        verify(!disk.setting("hasCompletedFirstLaunch"))
+
+        window = start()
+        const welcome = scene(window)
+        compare(welcome.objectName, "welcomeView")
+        compare(welcome.vm.selectedPage, 0)
+        turnPage(welcome, "nextButton0")
+        turnPage(welcome, "nextButton1")
+        mouseClick(findChild(welcome, "getStartedButton"))
+        verify(disk.setting("hasCompletedFirstLaunch"))
+        tryVerify(() => scene(window).objectName !== "welcomeView")
+        window.destroy()
+        wait(0)
+
+        // The next start goes straight to the main screen.
+        window = start()
+        verify(scene(window).objectName !== "welcomeView")
     }
 }
