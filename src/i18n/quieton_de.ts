@@ -170,8 +170,8 @@
         <translation>Kontaktliste</translation>
     </message>
     <message>
-        <source>Total Contacts: %1</source>
-        <translation>Kontakte insgesamt: %1</translation>
+        <source>Total Contacts</source>
+        <translation>Kontakte insgesamt</translation>
     </message>
 </context>
 <context>
@@ -358,8 +358,8 @@
         <translation>Anrufverlauf</translation>
     </message>
     <message>
-        <source>Total Contacts: %1</source>
-        <translation>Kontakte insgesamt: %1</translation>
+        <source>Total Contacts</source>
+        <translation>Kontakte insgesamt</translation>
     </message>
 </context>
 <context>

@@ -170,8 +170,8 @@
         <translation>Lista de contactos</translation>
     </message>
     <message>
-        <source>Total Contacts: %1</source>
-        <translation>Total de contactos: %1</translation>
+        <source>Total Contacts</source>
+        <translation>Total de contactos</translation>
     </message>
 </context>
 <context>
@@ -358,8 +358,8 @@
         <translation>Historial de llamadas</translation>
     </message>
     <message>
-        <source>Total Contacts: %1</source>
-        <translation>Total de contactos: %1</translation>
+        <source>Total Contacts</source>
+        <translation>Total de contactos</translation>
     </message>
 </context>
 <context>

@@ -170,8 +170,8 @@
         <translation>Liste des contacts</translation>
     </message>
     <message>
-        <source>Total Contacts: %1</source>
-        <translation>Total des contacts : %1</translation>
+        <source>Total Contacts</source>
+        <translation>Total des contacts</translation>
     </message>
 </context>
 <context>
@@ -358,8 +358,8 @@
         <translation>Historique des appels</translation>
     </message>
     <message>
-        <source>Total Contacts: %1</source>
-        <translation>Total des contacts : %1</translation>
+        <source>Total Contacts</source>
+        <translation>Total des contacts</translation>
     </message>
 </context>
 <context>

@@ -170,8 +170,8 @@
         <translation>Lista de contatos</translation>
     </message>
     <message>
-        <source>Total Contacts: %1</source>
-        <translation>Total de contatos: %1</translation>
+        <source>Total Contacts</source>
+        <translation>Total de contatos</translation>
     </message>
 </context>
 <context>
@@ -358,8 +358,8 @@
         <translation>Histórico de chamadas</translation>
     </message>
     <message>
-        <source>Total Contacts: %1</source>
-        <translation>Total de contatos: %1</translation>
+        <source>Total Contacts</source>
+        <translation>Total de contatos</translation>
     </message>
 </context>
 <context>

@@ -184,7 +184,7 @@ Page {
             Layout.rightMargin: Theme.spacingLarge
             Layout.topMargin: Theme.spacing
             Layout.bottomMargin: Theme.spacingSmall
-            text: qsTr("Total Contacts: %1").arg(contactsView.vm.visibleContacts.count)
+            text: qsTr("Total Contacts") + ": " + contactsView.vm.visibleContacts.count // the caption is translated, "caption: n" is not
             color: Theme.secondaryText
             font.pointSize: Theme.footnoteSize
             wrapMode: Text.Wrap

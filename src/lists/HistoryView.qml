@@ -118,7 +118,7 @@ Page {
                 id: countLabel
                 objectName: "countLabel"
                 Layout.fillWidth: true
-                text: qsTr("Total Contacts: %1").arg(historyView.vm.filteredContacts.count)
+                text: qsTr("Total Contacts") + ": " + historyView.vm.filteredContacts.count // the caption is translated, "caption: n" is not
                 font.pointSize: Theme.footnoteSize
                 color: Theme.secondaryText
                 wrapMode: Text.Wrap
