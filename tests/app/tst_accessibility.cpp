@@ -1,5 +1,4 @@
-// Every screen as a screen reader meets it, over a real vCard address book
-// and a real history file in temporary folders.
+// Every screen as a screen reader meets it, over a real vCard book and history file.
 #include "HistoryCallDataService.h"
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"
@@ -14,14 +13,12 @@
 #include <QQuickWindow>
 #include <QtQuickTest>
 
-// Reads the window's items through Qt Quick's accessibility interfaces.
-// The shared screen reader, and how it walks a whole window.
+// The shared screen reader, walking a whole window through Qt Quick's accessibility interfaces.
 class ScreenReaderWalk : public ScreenReader
 {
     Q_OBJECT
 public:
-    // Every control in the window of `item` that a person can currently press
-    // or type into, open popups included, each as { name, what }.
+    // Every control a person can press or type into now, open popups included, as { name, what }.
     Q_INVOKABLE QVariantList controls(QQuickItem *item) const
     {
         QAccessible::setActive(true); // as when a screen reader starts
@@ -32,9 +29,7 @@ public:
         return found;
     }
 
-    // The accessible tree of the window of `item` as a screen reader walks
-    // it, each node as { name, role, focusable, what, inList, shown }; a node
-    // in a list is shown when it lies in the list's area.
+    // The accessible tree as { name, role, focusable, what, inList, shown }; shown: within its list's area.
     Q_INVOKABLE QVariantList nodes(QQuickItem *item) const
     {
         QVariantList found;
@@ -44,8 +39,7 @@ public:
     }
 
 private:
-    // What a running screen reader hears: the name set, or for a button
-    // its caption (Qt names buttons by their text once accessibility is on).
+    // The name set, or a button's caption (Qt names buttons by their text once accessibility is on).
     static QString spokenName(QQuickItem *item)
     {
         QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(item);
@@ -60,13 +54,11 @@ private:
         return item->objectName() + QLatin1Char(' ') + QLatin1String(item->metaObject()->className());
     }
 
-    // The list (item view) `item` lies in, if any.
     static QQuickItem *listOf(QQuickItem *item)
     {
-        for (QQuickItem *up = item ? item->parentItem() : nullptr; up; up = up->parentItem()) {
+        for (QQuickItem *up = item ? item->parentItem() : nullptr; up; up = up->parentItem())
             if (up->inherits("QQuickItemView"))
                 return up;
-        }
         return nullptr;
     }
 
@@ -98,10 +90,9 @@ private:
         if (item->inherits("QQuickMouseArea"))
             return item->acceptedMouseButtons() != Qt::NoButton;
         // Pointer handlers make the item they sit on take taps.
-        for (const QObject *child : item->children()) {
+        for (const QObject *child : item->children())
             if (child->inherits("QQuickTapHandler") && child->property("enabled").toBool())
                 return true;
-        }
         return false;
     }
 
@@ -109,13 +100,10 @@ private:
     {
         if (!item->isVisible() || !item->isEnabled())
             return;
-        // What a screen reader is told to pass over is not there for it.
-        // (read from its Accessible attached object, a child of the item,
-        // without making one where there is none).
-        for (const QObject *child : item->children()) {
+        // Skips what is marked ignored, read without creating an Accessible attached object.
+        for (const QObject *child : item->children())
             if (child->inherits("QQuickAccessibleAttached") && child->property("ignored").toBool())
                 return;
-        }
         if (takesInput(item)) {
             QString name = spokenName(item);
             // A mouse area speaks through the item it lies on.

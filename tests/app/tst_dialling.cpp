@@ -1,6 +1,5 @@
-// Dialling from every entry point the spine has: makeCall itself, widget
-// links and the dialler's model, against a telephony that records requests
-// and refuses what is no call, as the real ones do.
+// Dialling from every entry point: makeCall itself, widget links and the dialler's model, against
+// a telephony that records requests and refuses what is no call, as the real ones do.
 #include "CallConfirmation.h"
 #include "JsonFileKeyValueStore.h"
 #include "MainViewModel.h"
@@ -110,8 +109,7 @@ private slots:
         QCOMPARE(telephony->opened, QStringList{ QStringLiteral("#31#0612") });
     }
 
-    // A failure the telephony reports later is one notice in one well-formed
-    // sentence, and no dialling error.
+    // A failure the telephony reports later is one notice in one well-formed sentence, no dialling error.
     void laterFailuresReadAsOneSentence_data()
     {
         QTest::addColumn<QString>("message");
@@ -152,7 +150,6 @@ private slots:
         QFETCH(QString, link);
         QFETCH(QStringList, dialled);
         QFETCH(QVariant, save);
-        QuietonApp &app = *m_app;
         service().setPendingCallSaveToHistory(std::nullopt);
         KeyValueStore *suite = m_app->defaultsService()->userDefaultsShared();
         suite->setString(QStringLiteral("phoneNumberWidget"), QStringLiteral("0612"));
@@ -160,7 +157,7 @@ private slots:
         suite->setBool(QStringLiteral("saveToHistoryWidget"), true);
         const int reloadsBefore = widgets->reloads;
 
-        app.handleOpenUrl(QUrl(link));
+        m_app->handleOpenUrl(QUrl(link));
 
         // Each call a link places waits for the user's "Call", on every telephony.
         QCOMPARE(confirmation().isPending() ? QStringList{ confirmation().dialString() } : QStringList(), dialled);

@@ -5,7 +5,6 @@
 #include <QAbstractItemModelTester>
 #include <QProcess>
 #include <QRandomGenerator>
-#include <QSignalSpy>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTemporaryDir>
@@ -42,13 +41,6 @@ QByteArray contents(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// Starts this program as a child that runs `mode` on `path` (see childMain).
-bool startChild(QProcess &child, const QString &mode, const QString &path)
-{
-    child.start(QCoreApplication::applicationFilePath(), { mode, path });
-    return child.waitForStarted();
 }
 
 } // namespace
@@ -211,7 +203,8 @@ private slots:
             QVERIFY(::chmod(QFile::encodeName(name).constData(), mode) == 0);
 
         QProcess child;
-        QVERIFY(startChild(child, QStringLiteral("--read-only"), path));
+        child.start(QCoreApplication::applicationFilePath(), { QStringLiteral("--read-only"), path });
+        QVERIFY(child.waitForStarted());
         QVERIFY(child.waitForFinished());
         ::chmod(QFile::encodeName(folder).constData(), 0755);
         const QStringList said = QString::fromUtf8(child.readAllStandardOutput()).split(u'\n');
@@ -225,7 +218,8 @@ private slots:
     {
         const QString path = freshPath();
         QProcess child;
-        QVERIFY(startChild(child, QStringLiteral("--writer"), path));
+        child.start(QCoreApplication::applicationFilePath(), { QStringLiteral("--writer"), path });
+        QVERIFY(child.waitForStarted());
         QByteArray said;
         while (!said.contains("added\n") && child.waitForReadyRead(10000))
             said += child.readAllStandardOutput();
@@ -326,7 +320,7 @@ private slots:
     }
 };
 
-// The children of the tests above.
+// The children of the two tests above that run this program again.
 static int childMain(const QString &mode, const QString &path)
 {
     if (mode == QLatin1StringView("--read-only")) {

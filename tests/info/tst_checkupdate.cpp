@@ -12,9 +12,8 @@
 #include <QQmlComponent>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
+#include <QtTest>
 
 namespace {
 
