@@ -1,5 +1,4 @@
-// The contacts and history screens over a real vCard folder, the history in
-// a real SQLite file and a telephony that records requests and reports calls.
+// The lists screens over a real vCard folder, a real SQLite history and a recording telephony.
 #include "HistoryCallDataService.h"
 #include "PhoneDriver.h"
 #include "QuickTestSetup.h"

@@ -1,6 +1,5 @@
-// What each modem service gets for a call request: ModemManager (the
-// simulated service's CreateCall) and the real oFono daemon (the ATD command
-// its modem receives). Then how oFono's calls are reported as they go on.
+// What ModemManager (the simulator's CreateCall) and the real oFono (its modem's ATD command)
+// get for a call request, and how oFono's calls are reported as they go on.
 #include "ModemManagerTelephony.h"
 #include "OfonoDaemon.h"
 #include "OfonoTelephony.h"
@@ -76,7 +75,6 @@ private slots:
         row("#31#", "+33 6 12 34 56 78", "#31#+33612345678", "+33612345678I");
         row("*31#", "+33 6 12 34 56 78", "*31#+33612345678", "+33612345678i");
         row("*67", "+33 6 12 34 56 78", "*67+33612345678", "refused");
-        row("#31#", "(555) 123-4567", "#31#5551234567", "5551234567I");
         row("*67", "(555) 123-4567", "*675551234567", "*675551234567");
         row("#31#", "06.11/11-11.11", "#31#0611111111", "0611111111I");
         row("#31#", "", "refused", "refused");
@@ -126,7 +124,6 @@ private slots:
         QTRY_COMPARE(events, QStringList{ "incoming" });
         m_ofono->hangUp();
         QTRY_COMPARE(events, (QStringList{ "incoming", "incoming ended" }));
-        QCOMPARE(m_ofono->dials().constLast(), QStringLiteral("0612"));
     }
 };
 

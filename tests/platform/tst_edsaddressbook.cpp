@@ -1,6 +1,4 @@
-// The phone's address books in Evolution Data Server: the real registry and
-// address-book factory on a private session bus with a home of their own,
-// contacts created through the client library, read back through the app.
+// Evolution Data Server's real registry and factory on a private bus and home, read through the app.
 #include "CombinedAddressBook.h"
 #include "EdsAddressBook.h"
 #include "EdsModuleAddressBook.h"
@@ -116,8 +114,7 @@ private slots:
         m_bus.reset();
     }
 
-    // Every enabled book, each contact as the book holds it: names, and the
-    // phone numbers in the card's order, whatever their labels.
+    // Every enabled book; each contact's names and numbers in the card's order, whatever their labels.
     void readsTheEnabledBooks()
     {
         EdsAddressBook book;
@@ -134,9 +131,7 @@ private slots:
         QVERIFY(readAll(book, error).isEmpty());
     }
 
-    // The app reads the service's books through their module, then the vCard
-    // folder; a session without the service is no refusal and leaves the
-    // folder to read.
+    // The service's books through their module, then the vCard folder; no service is no refusal.
     void theAppsBookCombinesBoth()
     {
         QTemporaryDir folder;

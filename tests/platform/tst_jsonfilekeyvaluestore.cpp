@@ -1,5 +1,4 @@
-// The settings file: typed reading rules, what survives a new process, a
-// process killed right after a write, and files that cannot be read.
+// The settings file: typing rules, damaged files, full disks, killed and concurrent writers.
 #include "JsonFileKeyValueStore.h"
 #include "StdoutCapture.h"
 
@@ -20,10 +19,15 @@ class TestJsonFileKeyValueStore : public QObject
 private:
     QTemporaryDir m_dir;
     QString path(const QString &name) const { return QDir(m_dir.path()).filePath(name); }
+    static void writeRaw(QFile &raw, const QByteArray &content)
+    {
+        QVERIFY(raw.open(QIODevice::WriteOnly));
+        raw.write(content);
+        raw.close();
+    }
 
 private slots:
-    // Each value is written by one store and read back, of the same type, by
-    // a second one on the same file, as by the next launch.
+    // Written by one store, read back by a second on the same file, as by the next launch.
     void readingRules_data()
     {
         QTest::addColumn<std::optional<SettingValue>>("stored");
@@ -73,9 +77,7 @@ private slots:
     {
         const QString file = path(QStringLiteral("unknown.json"));
         QFile raw(file);
-        QVERIFY(raw.open(QIODevice::WriteOnly));
-        raw.write(R"({"later": [1, 2, {"x": null}], "prefix": "141", "appOpenCount": 1e300, "low": -9.3e18})");
-        raw.close();
+        writeRaw(raw, R"({"later": [1, 2, {"x": null}], "prefix": "141", "appOpenCount": 1e300, "low": -9.3e18})");
 
         StdoutCapture out;
         auto store = JsonFileKeyValueStore::open(file);
@@ -92,9 +94,7 @@ private slots:
         QCOMPARE(saved.value(QStringLiteral("prefix")).toString(), QStringLiteral("141"));
     }
 
-    // Cut-off, non-object, empty and binary files, one after the other in the
-    // same folder (so within the same second): each kept aside under a name of
-    // its own, and a fresh store starts.
+    // Cut-off, non-object, empty and binary files within one second: each kept aside apart, a fresh store starts.
     void unreadableFilesAreMovedAsideNotLost()
     {
         const QDir folder(path(QStringLiteral("broken")));
@@ -103,10 +103,7 @@ private slots:
         QByteArrayList kept;
         for (const QByteArray &content : { QByteArray("{\"prefix\": \"#31#\", trunc"), QByteArray("[1,2]"),
                                            QByteArray(""), QByteArray("\xff\xfe\x00", 3) }) {
-            QVERIFY(raw.open(QIODevice::WriteOnly));
-            raw.write(content);
-            raw.close();
-
+            writeRaw(raw, content);
             StdoutCapture out;
             auto store = JsonFileKeyValueStore::open(raw.fileName());
             QVERIFY(store);
@@ -126,8 +123,7 @@ private slots:
         }
     }
 
-    // A full disk (here a file size limit, which fails write() the same way):
-    // the old file stays whole, one line says so, and the new value holds in memory.
+    // A full disk (a file size limit fails write() the same way): old file whole, new value in memory.
     void aFailedWriteKeepsTheOldFile()
     {
         const QString file = path(QStringLiteral("full.json"));
@@ -150,8 +146,7 @@ private slots:
         QCOMPARE(QDir(m_dir.path()).entryList({ QStringLiteral("full.json*") }), QStringList{ QStringLiteral("full.json") });
     }
 
-    // A folder that cannot be made (a file stands where it belongs, which
-    // keeps out root too) gives no store.
+    // A folder that cannot be made (a file in its way keeps out root too) gives no store.
     void unusableFolderGivesNoStore()
     {
         QFile blocker(path(QStringLiteral("blocker")));
@@ -176,9 +171,7 @@ private slots:
         }
     }
 
-    // Two programs writing one suite at once (the widget and the app, or two
-    // copies of the app) lose none of each other's values; a store opened
-    // before them sees their values, and its own write keeps them.
+    // Two writers at once (widget and app) lose nothing; an earlier store sees and keeps their values.
     void concurrentWritersLoseNothing()
     {
         const QString file = path(QStringLiteral("shared.json"));

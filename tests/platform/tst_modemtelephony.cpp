@@ -1,7 +1,5 @@
-// The modem backends on a private bus: ModemManager against
-// tools/simulated-modem.py, oFono against python3-dbusmock's oFono template
-// for what the real daemon cannot easily be made to do (modems that come,
-// change their interfaces, and a Dial that fails).
+// ModemManager against tools/simulated-modem.py; oFono against dbusmock's template for what
+// the real daemon cannot easily be made to do (modems that come and change, a failing Dial).
 #include "ModemManagerTelephony.h"
 #include "OfonoTelephony.h"
 #include "PrivateBus.h"
@@ -42,8 +40,7 @@ struct Rig
     {
         return QTest::qWaitFor([&] { return telephony.voiceModems().size() == count; }, 10000);
     }
-    // Takes in everything the simulator sent so far: it answers a call only
-    // after the signals it emitted before, and those are handled in order.
+    // Takes in all the simulator sent so far (its reply comes after its earlier signals).
     void catchUp()
     {
         connection.call(QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.ModemManager1"),
@@ -92,8 +89,7 @@ class TestModemTelephony : public QObject
     Q_OBJECT
 
 private slots:
-    // Dialling and ringing-out are one state for the observer; deletion after
-    // termination is no change.
+    // Dialling and ringing-out are one state for the observer; deletion after termination is no change.
     void twoCallsAreFollowedApart()
     {
         PrivateBus bus;

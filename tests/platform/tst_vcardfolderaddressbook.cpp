@@ -1,5 +1,4 @@
-// The address book as a folder of vCard files on disk: access answers,
-// the files found and their order, and the batches handed over.
+// The address book as a folder of vCard files: access answers, files found, their order, batches.
 #include "VCardFolderAddressBook.h"
 
 #include "StdoutCapture.h"
@@ -8,7 +7,6 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
-
 
 namespace {
 
@@ -53,8 +51,7 @@ class TestVCardFolderAddressBook : public QObject
     Q_OBJECT
 
 private slots:
-    // The layout a CardDAV synchronisation leaves: one folder per address
-    // book, one card per file, plus odd files that are not cards.
+    // A CardDAV sync's layout: a folder per book, a card per file, odd files that are not cards.
     void everyVCardBelowTheFolderInPathOrder()
     {
         QTemporaryDir home;
@@ -70,14 +67,12 @@ private slots:
         QVERIFY(QFile::link(root.path(), root.filePath("work/loop")));
 
         VCardFolderAddressBook book(root.path());
-        QVERIFY(book.requestAccess().granted);
         const Enumeration result = enumerate(book);
         QCOMPARE(result.families, (QStringList{ "Top", "A", "B", "B2", "C", "A" }));
         QVERIFY(result.error.isEmpty());
     }
 
-    // Thousands of one-card files, as a synchronised address book has them:
-    // still one contact per card in path order, whatever reads them.
+    // Thousands of one-card files, as a synchronised book has them: one contact per card, in path order.
     void manySmallFilesKeepThePathOrder()
     {
         QTemporaryDir home;
@@ -103,8 +98,7 @@ private slots:
         QCOMPARE(batches, 1);
     }
 
-    // No folder yet is an empty book with access. A locked file is reported
-    // and the rest still read; a locked folder, or a file in its place, is refused.
+    // No folder is an empty book; a locked file is reported, the rest read; a locked folder is refused.
     void missingOrUnreadableFilesAndFolders()
     {
         QTemporaryDir home;

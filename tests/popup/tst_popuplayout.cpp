@@ -15,7 +15,6 @@ private slots:
         QTest::addColumn<QPointF>("expected");
         // A 100x50 popup in a 400x800 window with a 16-point margin.
         QTest::newRow("topLeading") << int(L::TopLeading) << QPointF(16, 16);
-        QTest::newRow("center") << int(L::Center) << QPointF(150, 375);
         QTest::newRow("trailing") << int(L::Trailing) << QPointF(284, 375);
         QTest::newRow("bottomTrailing") << int(L::BottomTrailing) << QPointF(284, 734);
     }

@@ -38,7 +38,6 @@ TestCase {
             compare(findChild(view, "page" + i).visible, i === expected, "page " + i + " shown")
     }
 
-    // A finger moving sideways over the pages, in steps.
     function swipe(view, fromX, toX) {
         const y = 300
         mousePress(view, fromX, y)
