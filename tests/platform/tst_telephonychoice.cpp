@@ -82,6 +82,7 @@ private slots:
         qunsetenv("XDG_CURRENT_DESKTOP");
         const DialRequest call{ QStringLiteral("#31#"), QStringLiteral("0611 111 111") };
         DesktopTelephony desktop;
+        QVERIFY(desktop.findChildren<QProcess *>().isEmpty()); // nothing runs during start-up
         QSignalSpy lookedUp(&desktop, &DesktopTelephony::handlerLookedUp);
         QSignalSpy failed(&desktop, &Telephony::requestFailed);
         // Asked before xdg-mime answered: the request waits for the answer.
@@ -106,6 +107,7 @@ private slots:
         const QByteArray path = qgetenv("PATH");
         qputenv("PATH", "/nonexistent");
         DesktopTelephony lost;
+        QVERIFY(lost.canOpen(call));
         qputenv("PATH", path);
         QTRY_COMPARE(lost.findChildren<QProcess *>().size(), 0);
         QVERIFY(lost.canOpen(call));

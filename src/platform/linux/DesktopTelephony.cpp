@@ -18,10 +18,7 @@ QString telAddress(const QString &dialString)
 
 } // namespace
 
-DesktopTelephony::DesktopTelephony(QObject *parent) : Telephony(parent)
-{
-    lookUp();
-}
+DesktopTelephony::DesktopTelephony(QObject *parent) : Telephony(parent) {}
 
 DesktopTelephony::~DesktopTelephony()
 {

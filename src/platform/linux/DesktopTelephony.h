@@ -11,10 +11,11 @@ class QProcess;
 // the user on its own; it sees no call events.
 //
 // Whether a handler is registered is asked of xdg-mime in the background,
-// from construction on, never on the UI thread. A handler once found is
-// remembered; an answer of "none" is asked again at the next request, and a
-// look-up that fails or takes too long is not remembered at all. While no
-// answer is known, a request waits for the look-up.
+// never on the UI thread, and only from the first request on: the shell
+// script, run at start-up, competed with the window for the CPU. A handler
+// once found is remembered; an answer of "none" is asked again at the next
+// request, and a look-up that fails or takes too long is not remembered at
+// all. While no answer is known, a request waits for the look-up.
 class DesktopTelephony : public Telephony
 {
     Q_OBJECT
