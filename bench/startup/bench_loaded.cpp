@@ -470,7 +470,6 @@ int runOnce(int argc, char *argv[], const QString &home)
     if (!window)
         fail("no window");
     FrameWatch frames(window);
-    quietonApp.startAfterFirstFrame(window, false);
 
     // Up: the first frame. Idle: the history read in, nothing queued.
     frames.waitForFrameAfter(0, "no first frame");

@@ -2,7 +2,6 @@ import QtQuick
 import QtQuick.Controls
 import QtQuick.Controls.Material
 import Quieton.Core
-import Quieton.Settings
 import Quieton.App
 
 // The app's single window: onboarding until it has been completed once, the
@@ -23,23 +22,18 @@ ApplicationWindow {
     Material.background: Theme.background
     Material.foreground: Theme.text
 
+    // Named by file rather than by type, so that start-up loads only the
+    // screen it shows. The onboarding model lives as long as the window.
     Loader {
         id: scene
         anchors.fill: parent
-        sourceComponent: window.app.hasCompletedFirstLaunch ? mainComponent : welcomeComponent
-    }
-
-    // The Loader makes these in the window's context, so `window` is known
-    // to them; qmllint cannot see that without a bound component, which a
-    // Loader cannot make in Qt 6.4.
-    Component {
-        id: welcomeComponent
-        WelcomeView { id: welcome; vm: window.app.createWelcomeViewModel(welcome) } // qmllint disable unqualified
-    }
-
-    Component {
-        id: mainComponent
-        MainView { app: window.app } // qmllint disable unqualified
+        function show() {
+            const main = window.app.hasCompletedFirstLaunch
+            const file = main ? "qrc:/Quieton/App/MainView.qml" : "qrc:/Quieton/Settings/WelcomeView.qml"
+            if (String(scene.source) !== file)
+                scene.setSource(file, main ? { app: window.app } : { vm: window.app.createWelcomeViewModel(scene) })
+        }
+        Component.onCompleted: scene.show()
     }
 
     // The question before a call is placed in the user's name.
@@ -67,6 +61,7 @@ ApplicationWindow {
 
     Connections {
         target: window.app
+        function onHasCompletedFirstLaunchChanged() { scene.show() }
         function onActivationRequested() {
             window.show()
             window.raise()

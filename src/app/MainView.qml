@@ -2,9 +2,6 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
-import Quieton.Core
-import Quieton.Lists
-import Quieton.Settings
 import Quieton.App
 
 // The main screen: four tabs, each screen loaded the first time its tab is shown.
@@ -30,14 +27,14 @@ Page {
         app.setMainViewShown(false)
     }
 
-    // The four screens, each made the first time its tab is shown. They are
-    // made here, in this screen's own context, which their components are
-    // bound to (a Loader would make them in its own).
-    readonly property list<Component> screens: [
-        Component { DialerView { id: dialer; vm: mainView.app.createDialerViewModel(dialer) } },
-        Component { ContactsView { id: contacts; vm: mainView.app.createContactsViewModel(contacts) } },
-        Component { HistoryView { id: history; vm: mainView.app.createHistoryViewModel(history) } },
-        Component { SettingView { id: settings; vm: mainView.app.createSettingViewModel(settings) } }
+    // The four screens, each made the first time its tab is shown, with its
+    // model. They are named by file rather than by type: a type named here
+    // would be loaded, with all it uses, before the first frame.
+    readonly property var screens: [
+        { file: "qrc:/Quieton/Core/dialer/DialerView.qml", model: owner => app.createDialerViewModel(owner) },
+        { file: "qrc:/Quieton/Lists/ContactsView.qml", model: owner => app.createContactsViewModel(owner) },
+        { file: "qrc:/Quieton/Lists/HistoryView.qml", model: owner => app.createHistoryViewModel(owner) },
+        { file: "qrc:/Quieton/Settings/SettingView.qml", model: owner => app.createSettingViewModel(owner) }
     ]
     // The screen shown; screens define appeared() when they need to know.
     property var shownScreen: null
@@ -46,9 +43,14 @@ Page {
         const slot = tabs.children[tabs.currentIndex]
         if (!slot)
             return
-        if (slot.children.length === 0)
-            mainView.screens[tabs.currentIndex].createObject(slot, { "anchors.fill": slot })
-        mainView.shownScreen = slot.children[0]
+        if (slot.children.length === 0) {
+            // The model lives as long as the tab that holds its screen.
+            const screen = mainView.screens[tabs.currentIndex]
+            const made = Qt.createComponent(screen.file).createObject(slot, { "anchors.fill": slot, vm: screen.model(slot) })
+            if (!made)
+                console.warn("The screen could not be made:", screen.file)
+        }
+        mainView.shownScreen = slot.children[0] ?? null
         if (mainView.shownScreen && typeof mainView.shownScreen.appeared === "function")
             mainView.shownScreen.appeared()
     }

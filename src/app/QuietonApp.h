@@ -74,10 +74,8 @@ public:
     CallConfirmation *confirmation() { return &m_confirmation; }
     UrlOpener *urlOpener() { return m_platform.urlOpener.get(); }
 
-    // What waits for the app window's first frame, so that start-up never
-    // shares its time with it: the call history's first read, then, unless
-    // `checkForUpdate` is false, asking the store for a newer version.
-    void startAfterFirstFrame(QWindow *window, bool checkForUpdate = true);
+    // Asks the store for a newer version once the window's first frame is up.
+    void checkForUpdateAfterFirstFrame(QWindow *window);
 
     Q_INVOKABLE WelcomeViewModel *createWelcomeViewModel(QObject *owner);
     Q_INVOKABLE MainViewModel *createMainViewModel(QObject *owner);

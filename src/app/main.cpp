@@ -44,7 +44,8 @@ int main(int argc, char *argv[])
     engine.load(QUrl(QStringLiteral("qrc:/Quieton/App/AppWindow.qml")));
     if (engine.rootObjects().isEmpty())
         return 1;
-    app.startAfterFirstFrame(qobject_cast<QWindow *>(engine.rootObjects().constFirst()), QUIETON_UPDATE_CHECK);
+    if (QUIETON_UPDATE_CHECK)
+        app.checkForUpdateAfterFirstFrame(qobject_cast<QWindow *>(engine.rootObjects().constFirst()));
     if (link.isValid() && !link.isEmpty())
         app.deliverLink(link);
     return application.exec();

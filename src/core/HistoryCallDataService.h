@@ -24,7 +24,7 @@ class QSqlDatabase;
 // changed the file, and after a clear-all.
 //
 // The first read runs on a worker thread once readInBackground() asks for it
-// (the app does after its first frame), so that a long history never holds
+// (the app does as soon as it is built), so that a long history never holds
 // up the window; until it is in, the model has no rows. Any operation,
 // savedEntities() included, first waits for it, or reads at once if nothing
 // asked yet, so its result is the same as with an immediate read.

@@ -32,4 +32,5 @@ public:
             && same(a.telephone, b.telephone) && same(a.time, b.time) && a.callHidden == b.callHidden;
     }
 };
+Q_DECLARE_TYPEINFO(HistoryData, Q_RELOCATABLE_TYPE);
 Q_DECLARE_METATYPE(HistoryData)

@@ -326,7 +326,7 @@ private slots:
         engine.loadData("import QtQuick\nimport QtQuick.Controls\nApplicationWindow { width: 400; height: 700; visible: true }");
         auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
         QVERIFY(window);
-        test.app().startAfterFirstFrame(window);
+        test.app().checkForUpdateAfterFirstFrame(window);
         QVERIFY(m_server.requests.isEmpty()); // nothing before the event loop runs
         QObject *shown = nullptr;
         QTRY_VERIFY((shown = window->findChild<QObject *>(QStringLiteral("appUpdateAlert"))));
