@@ -57,7 +57,6 @@ int main(int argc, char *argv[])
         std::printf("startup-report failed: no window\n");
         return 1;
     }
-    app.startAfterFirstFrame(window, false);
     HistoryCallDataService *history = app.historyDataService();
     QObject::connect(window, &QQuickWindow::frameSwapped, window, [history] {
         static bool seen = false;
