@@ -79,12 +79,11 @@ void ContactsListModel::sort(qint64 field, bool ascending)
     keys.reserve(size_t(m_contacts.size()));
     for (qsizetype i = 0; i < m_contacts.size(); ++i)
         keys.emplace_back((m_contacts[i].*member).normalized(QString::NormalizationForm_C), i);
-    if (ascending)
-        std::stable_sort(keys.begin(), keys.end());
-    else
-        std::stable_sort(keys.begin(), keys.end(), [](const SortKey &a, const SortKey &b) { return b < a; });
-    if (std::is_sorted(keys.begin(), keys.end(), [](const SortKey &a, const SortKey &b) { return a.index < b.index; }))
+    const auto before = [ascending](const SortKey &a, const SortKey &b) { return ascending ? a < b : b < a; };
+    // The screen sorts each time it is shown: mostly the list is in order.
+    if (std::is_sorted(keys.begin(), keys.end(), before))
         return;
+    std::stable_sort(keys.begin(), keys.end(), before);
     QList<FetchedContact> sorted;
     sorted.reserve(m_contacts.size());
     for (const SortKey &key : keys)

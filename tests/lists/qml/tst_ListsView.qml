@@ -128,6 +128,7 @@ TestCase {
         defaults.setInteger("autoSortBy", 1)
         const main = createTemporaryObject(mainViewComponent, testCase)
         main.vm.selectedTab = 1
+        tryVerify(() => main.shownScreen !== null)
         const view = findChild(main, "contactsView")
         tryVerify(() => findChild(view, "contactRow1") !== null, 5000)
         const asked = driver.lastAsked()
@@ -199,6 +200,7 @@ TestCase {
         driver.addRecord("0622", false)
         const main = createTemporaryObject(mainViewComponent, testCase)
         main.vm.selectedTab = 2
+        tryVerify(() => main.shownScreen !== null)
         const view = findChild(main, "historyView")
         waitForRendering(view)
         answer(view, row(view, 0), "privateDialingButton")

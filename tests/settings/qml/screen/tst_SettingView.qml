@@ -184,8 +184,8 @@ TestCase {
     function test_dialerUsesWhatTheSettingsTabChanged() {
         const main = createTemporaryObject(mainComponent, testCase)
         main.vm.selectedTab = 3
+        tryVerify(() => main.shownScreen !== null)
         const view = findChild(main, "settingView")
-        waitForRendering(view)
         tapRow(view, "autoSaveToHistoryToggle")
         main.vm.selectedTab = 0
         const dialer = findChild(main, "dialerView")
