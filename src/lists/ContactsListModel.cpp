@@ -43,7 +43,7 @@ struct SortKey
     {
         for (qsizetype i = 0; i < 8; ++i) {
             quint64 &half = i < 4 ? high : low;
-            half = (half << 16) | (i < text.size() ? orderUnit(text[i].unicode()) : 0);
+            half = (half << 16) | (i < text.size() ? orderUnit(text.at(i).unicode()) : 0);
         }
     }
     bool operator<(const SortKey &other) const
@@ -62,6 +62,7 @@ void ContactsListModel::append(const QList<AddressBookContact> &people)
 {
     if (people.isEmpty())
         return;
+    m_order.reset();
     beginInsertRows(QModelIndex(), int(m_contacts.size()), int(m_contacts.size() + people.size() - 1));
     for (const AddressBookContact &person : people)
         m_contacts.append(FetchedContact::make(person.givenName, person.familyName, person.phoneNumbers.value(0)));
@@ -70,17 +71,18 @@ void ContactsListModel::append(const QList<AddressBookContact> &people)
 
 void ContactsListModel::sort(qint64 field, bool ascending)
 {
-    if (field < 0 || field > 2)
+    // Shown again with no rows come since, the list is still in this order.
+    if (field < 0 || field > 2 || m_order == std::pair{ field, ascending })
         return;
+    m_order = std::pair{ field, ascending };
     QString FetchedContact::*member = field == 0 ? &FetchedContact::firstName
                                     : field == 1 ? &FetchedContact::lastName
                                                  : &FetchedContact::telephone;
     std::vector<SortKey> keys;
     keys.reserve(size_t(m_contacts.size()));
     for (qsizetype i = 0; i < m_contacts.size(); ++i)
-        keys.emplace_back((m_contacts[i].*member).normalized(QString::NormalizationForm_C), i);
+        keys.emplace_back((m_contacts.at(i).*member).normalized(QString::NormalizationForm_C), i);
     const auto before = [ascending](const SortKey &a, const SortKey &b) { return ascending ? a < b : b < a; };
-    // The screen sorts each time it is shown: mostly the list is in order.
     if (std::is_sorted(keys.begin(), keys.end(), before))
         return;
     std::stable_sort(keys.begin(), keys.end(), before);

@@ -6,6 +6,9 @@
 #include <QList>
 #include <QtQml/qqmlregistration.h>
 
+#include <optional>
+#include <utility>
+
 struct AddressBookContact;
 
 // Every contact read from the address book, in the list's current order.
@@ -41,4 +44,6 @@ public:
 
 private:
     QList<FetchedContact> m_contacts;
+    // The order sort() last put the rows in, until rows are appended.
+    std::optional<std::pair<qint64, bool>> m_order;
 };
