@@ -140,6 +140,10 @@ Page {
                         required property string modelData
                         readonly property bool selected: contactsView.vm.sortIndexSelected === segment.index
                         objectName: "sortSegment" + index
+                        // The bar follows its checked button: buttons made after the
+                        // bar took its index (a screen made a piece per frame) would
+                        // otherwise leave the last one current.
+                        checked: segment.selected
                         text: modelData
                         focusPolicy: Qt.NoFocus
                         font.pointSize: contactsView.segmentPointSize

@@ -125,12 +125,12 @@ TestCase {
     // Cancel asks nothing; "Private dialing" calls and records the call under the contact's name.
     function test_privateCallToAContactEndsUpInTheHistory() {
         driver.writeBook([["Anna", "Smith", "0612345678", "0700"], ["Bob", "Brown", "0799"]])
-        defaults.setInteger("autoSortBy", 1)
         const main = createTemporaryObject(mainViewComponent, testCase)
         main.vm.selectedTab = 1
         tryVerify(() => main.shownScreen !== null)
         const view = findChild(main, "contactsView")
         tryVerify(() => findChild(view, "contactRow1") !== null, 5000)
+        compare(findChild(view, "sortPicker").currentIndex, 0)
         const asked = driver.lastAsked()
         answer(view, findChild(view, "contactRow0"), "cancelButton")
         compare(driver.lastAsked(), asked)

@@ -28,7 +28,7 @@ Item {
     property var steps: [
         [100, function() { main.vm.selectedTab = 1 }],
         // Shown a second time: the list read the first time is sorted now.
-        [700, function() { main.vm.selectedTab = 0 }],
+        [1500, function() { main.vm.selectedTab = 0 }],
         [100, function() { main.vm.selectedTab = 1 }]
     ]
 }
