@@ -2,6 +2,8 @@
 
 #include "AddressBook.h"
 
+#include <QtConcurrent>
+
 #include <algorithm>
 #include <vector>
 
@@ -67,36 +69,71 @@ void ContactsListModel::append(const QList<AddressBookContact> &people)
     if (people.isEmpty())
         return;
     m_order.reset();
+    changed();
     beginInsertRows(QModelIndex(), int(m_contacts.size()), int(m_contacts.size() + people.size() - 1));
     for (const AddressBookContact &person : people)
         m_contacts.append(FetchedContact::make(person.givenName, person.familyName, person.phoneNumbers.value(0)));
     endInsertRows();
 }
 
-void ContactsListModel::sort(qint64 field, bool ascending)
+QList<qsizetype> ContactsListModel::sortedRows(const QList<FetchedContact> &contacts, Order order)
 {
-    // Shown again with no rows come since, the list is still in this order.
-    if (field < 0 || field > 2 || m_order == std::pair{ field, ascending })
-        return;
-    m_order = std::pair{ field, ascending };
+    const auto [field, ascending] = order;
     QString FetchedContact::*member = field == 0 ? &FetchedContact::firstName
                                     : field == 1 ? &FetchedContact::lastName
                                                  : &FetchedContact::telephone;
     std::vector<SortKey> keys;
-    keys.reserve(size_t(m_contacts.size()));
-    for (qsizetype i = 0; i < m_contacts.size(); ++i)
-        keys.emplace_back((m_contacts.at(i).*member).normalized(QString::NormalizationForm_C), i);
+    keys.reserve(size_t(contacts.size()));
+    for (qsizetype i = 0; i < contacts.size(); ++i)
+        keys.emplace_back((contacts.at(i).*member).normalized(QString::NormalizationForm_C), i);
     const auto before = [ascending](const SortKey &a, const SortKey &b) { return ascending ? a < b : b < a; };
     if (std::is_sorted(keys.begin(), keys.end(), before))
-        return;
+        return {};
     std::stable_sort(keys.begin(), keys.end(), before);
+    QList<qsizetype> rows;
+    rows.reserve(contacts.size());
+    for (const SortKey &key : keys)
+        rows.append(key.index);
+    return rows;
+}
+
+void ContactsListModel::prepareSort(qint64 field, bool ascending)
+{
+    const Order order{ field, ascending };
+    if (field < 0 || field > 2 || m_order == order)
+        return;
+    QtConcurrent::run([contacts = m_contacts, order] { return sortedRows(contacts, order); })
+        .then(this, [this, order, version = m_version](const QList<qsizetype> &rows) {
+            if (version == m_version)
+                m_prepared = std::pair{ order, rows };
+        });
+}
+
+void ContactsListModel::sort(qint64 field, bool ascending)
+{
+    const Order order{ field, ascending };
+    // Shown again with no rows come since, the list is still in this order.
+    if (field < 0 || field > 2 || m_order == order)
+        return;
+    m_order = order;
+    const QList<qsizetype> rows = m_prepared && m_prepared->first == order ? m_prepared->second
+                                                                            : sortedRows(m_contacts, order);
+    if (rows.isEmpty())
+        return;
     QList<FetchedContact> sorted;
     sorted.reserve(m_contacts.size());
-    for (const SortKey &key : keys)
-        sorted.append(std::move(m_contacts[key.index]));
+    for (const qsizetype row : rows)
+        sorted.append(std::move(m_contacts[row]));
+    changed();
     beginResetModel();
     m_contacts = std::move(sorted);
     endResetModel();
+}
+
+void ContactsListModel::changed()
+{
+    ++m_version;
+    m_prepared.reset();
 }
 
 int ContactsListModel::rowCount(const QModelIndex &parent) const

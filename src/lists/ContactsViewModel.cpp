@@ -98,6 +98,7 @@ void ContactsViewModel::fetchContacts()
             [this, error] {
                 if (!error.isEmpty())
                     QTextStream(stdout) << "Error fetching contacts: " << error << Qt::endl;
+                m_contactsArray->prepareSort(m_sortIndexSelected, m_comparator);
                 emit contactsLoaded();
             },
             Qt::QueuedConnection);
