@@ -17,7 +17,6 @@ Page {
     property bool isShowingWebViewTermsOfUse: false
     property bool isShowingWebViewPrivacy: false
     required property Service service
-    // What opens the product's web pages.
     required property UrlOpener urlOpener
 
     // Right-to-left languages read the screen mirrored.
@@ -30,7 +29,6 @@ Page {
         SheetBackButton { onClicked: aboutView.dismissRequested() }
     }
 
-    // The content scrolls when the largest text needs more than the screen.
     Flickable {
         id: scroller
         anchors.fill: parent
@@ -38,7 +36,6 @@ Page {
         contentHeight: content.height
         clip: true
         boundsBehavior: Flickable.StopAtBounds
-        // Shows where the content is; nothing a screen reader stops at.
         ScrollIndicator.vertical: ScrollIndicator { Accessible.ignored: true }
 
         ColumnLayout {
@@ -89,7 +86,6 @@ Page {
         }
     }
 
-    // The two web sheets, each up while its flag is.
     Instantiator {
         active: aboutView.isShowingWebViewPrivacy
         delegate: SafariWebView {

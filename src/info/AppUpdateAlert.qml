@@ -3,9 +3,7 @@ import QtQuick.Controls
 import Quieton.Core
 import Quieton.Info
 
-// "A newer version is out": made by UpdateAlertPresenter over a window's
-// content, removes itself once closed. A forced update offers no "Not now";
-// "Update Now" goes through the checker that found the update.
+// Made by UpdateAlertPresenter; removes itself once closed.
 Alert {
     id: alert
     objectName: "appUpdateAlert"
@@ -19,7 +17,6 @@ Alert {
     title: qsTr("New version")
     message: qsTr("A new version of Quieton is now available for download, update now!")
 
-    // Declared in the footer itself, where the tests of the update check look.
     footer: DialogButtonBox {
         Button {
             objectName: "notNowButton"

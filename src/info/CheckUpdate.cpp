@@ -97,11 +97,14 @@ void CheckUpdate::checkForUpdate(bool isOptional, bool isTestFlight)
             print({ QStringLiteral("Erro to decode app current version") });
             return;
         }
-        const QUrl address(isTestFlight ? buildsAddress() : lookupAddress(start.bundleId.value_or(QString())),
+        // The bundle identifier goes in unescaped.
+        const QUrl address(isTestFlight ? m_config.apiOrigin + QStringLiteral("/v1/apps/") + m_config.appId
+                                                  + QStringLiteral("/builds")
+                                        : m_config.lookupOrigin + QStringLiteral("/br/lookup?bundleId=")
+                                                  + start.bundleId.value_or(QString()),
                            QUrl::StrictMode);
         if (!start.bundleId || !address.isValid() || address.scheme().isEmpty() || address.host().isEmpty()) {
-            decide({ std::nullopt, std::nullopt, Failure(VersionError::invalidBundleInfo) }, *start.currentVersion,
-                   force, isTestFlight);
+            decide({ .error = VersionError::invalidBundleInfo }, *start.currentVersion, force, isTestFlight);
             return;
         }
         startRequest(address, *start.currentVersion, force, isTestFlight);
@@ -123,25 +126,6 @@ std::optional<QString> CheckUpdate::infoPlistValue(const QString &path, const QS
         return std::nullopt;
     }
     return values->value(key);
-}
-
-QString CheckUpdate::lookupAddress(const QString &bundleId) const
-{
-    return m_config.lookupOrigin + QStringLiteral("/br/lookup?bundleId=") + bundleId;
-}
-
-QString CheckUpdate::buildsAddress() const
-{
-    return m_config.apiOrigin + QStringLiteral("/v1/apps/") + m_config.appId + QStringLiteral("/builds");
-}
-
-QString CheckUpdate::followableLink(const QString &link) const
-{
-    const QUrl url(link, QUrl::StrictMode);
-    const QUrl store(m_urlAppStore);
-    const bool onStore = url.isValid() && url.scheme() == QLatin1StringView("https") && url.userInfo().isEmpty()
-            && !url.host().isEmpty() && url.host() == store.host() && url.port() == store.port();
-    return onStore ? link : m_urlAppStore;
 }
 
 void CheckUpdate::startRequest(const QUrl &address, const QString &currentVersion, bool force, bool isTestFlight)
@@ -176,12 +160,12 @@ void CheckUpdate::startRequest(const QUrl &address, const QString &currentVersio
     connect(reply, &QNetworkReply::finished, this, [this, reply, currentVersion, force, isTestFlight] {
         reply->deleteLater();
         if (const QVariant why = reply->property("cutOff"); why.isValid()) {
-            decide({ std::nullopt, std::nullopt, Failure(why.toString()) }, currentVersion, force, isTestFlight);
+            decide({ .error = why.toString() }, currentVersion, force, isTestFlight);
             return;
         }
         const bool answered = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
         if (reply->error() != QNetworkReply::NoError && !answered) {
-            decide({ std::nullopt, std::nullopt, Failure(reply->errorString()) }, currentVersion, force, isTestFlight);
+            decide({ .error = reply->errorString() }, currentVersion, force, isTestFlight);
             return;
         }
         m_work = QtConcurrent::run(&CheckUpdate::judge, reply->readAll(), isTestFlight)
@@ -194,11 +178,11 @@ void CheckUpdate::startRequest(const QUrl &address, const QString &currentVersio
 CheckUpdate::Outcome CheckUpdate::judge(const QByteArray &body, bool isTestFlight)
 {
     if (body.isEmpty())
-        return { std::nullopt, std::nullopt, Failure(VersionError::invalidResponse) };
+        return { .error = VersionError::invalidResponse };
     QString decodingError;
     const std::optional<LookupResult> result = LookupResult::decode(body, &decodingError);
     if (!result)
-        return { std::nullopt, std::nullopt, Failure(decodingError) };
+        return { .error = decodingError };
     Outcome outcome;
     if (!isTestFlight) {
         if (result->results && !result->results->isEmpty())
@@ -249,8 +233,13 @@ void CheckUpdate::presentAlert(const QString &version, bool force, const std::op
     }
     if (!window)
         return;
-    UpdateAlertPresenter::showAppUpdateAlert(window, this, version, force,
-                                             followableLink(recordLink.value_or(m_urlAppStore)), m_isTestFlight);
+    // "Update Now" follows the record's link only to an https address on the store page's own host.
+    const QString address = recordLink.value_or(m_urlAppStore);
+    const QUrl link(address, QUrl::StrictMode);
+    const QUrl store(m_urlAppStore);
+    const bool onStore = link.isValid() && link.scheme() == QLatin1StringView("https") && link.userInfo().isEmpty()
+            && !link.host().isEmpty() && link.host() == store.host() && link.port() == store.port();
+    UpdateAlertPresenter::showAppUpdateAlert(window, this, version, force, onStore ? address : m_urlAppStore, m_isTestFlight);
 }
 
 QObject *CheckUpdate::showAppUpdateAlertWithVersion(QQuickItem *screen, const QString &version, bool force,

@@ -4,26 +4,20 @@
 
 #include <QObject>
 #include <QString>
-#include <QVariant>
 #include <QtQml/qqmlregistration.h>
 
 #include <QFuture>
 #include <optional>
 #include <variant>
 
-class QJSEngine;
 class QNetworkAccessManager;
-class QNetworkReply;
-class QQmlEngine;
 class QQuickItem;
 class UrlOpener;
 
 // Asks the store which version of the app is current and, when it is newer
 // than this one, offers the update in an alert on the app's main window.
-//
-// Reading the information file and decoding the answer run off the UI thread
-// (QtConcurrent); the request itself is asynchronous. Every failure ends as a
-// line on standard output.
+// Reading the information file and decoding the answer run off the UI thread;
+// every failure ends as a line on standard output.
 class CheckUpdate : public QObject
 {
     Q_OBJECT
@@ -38,25 +32,22 @@ public:
     enum class VersionError { invalidBundleInfo, invalidResponse, dataError };
     Q_ENUM(VersionError)
 
-    // Where a checker looks. The shared one uses this build's constants.
+    // Where a checker looks; fromBuild() has this build's constants.
     struct Config
     {
-        // Scheme, host and optional port of the lookup service ("http://host").
+        // Scheme, host and optional port ("https://host:port").
         QString lookupOrigin;
-        // Scheme, host and optional port of the developer API ("https://host").
         QString apiOrigin;
         QString appId;
         QString apiToken;
         QString storePageUrl;
-        // The information file; the embedded one by default.
         QString infoPlistPath;
-        // The whole request, answer included, must be done within this time.
+        // For the whole request, answer included.
         int deadlineMs = 60 * 1000;
 
         static Config fromBuild();
     };
 
-    // "Update Now" opens the store through `opener`.
     CheckUpdate(Config config, UrlOpener &opener, QObject *parent = nullptr);
     ~CheckUpdate() override;
 
@@ -64,29 +55,19 @@ public:
     QString urlAppStore() const { return m_urlAppStore; }
     bool isTestFlight() const { return m_isTestFlight; }
 
-    // Starts one check: the store's lookup service, or the developer API's
-    // build list when `isTestFlight`. `isOptional` false makes the alert
-    // offer no way out but updating. Returns at once.
+    // Asks the store's lookup service, or the developer API's build list when
+    // `isTestFlight`; `isOptional` false leaves the alert no way out but updating.
     Q_INVOKABLE void checkForUpdate(bool isOptional, bool isTestFlight);
 
-    // One text entry of the information file at `path`, read afresh on every call.
     static std::optional<QString> infoPlistValue(const QString &path, const QString &key);
-
-    // The two addresses a check may ask, as they are built (no escaping).
-    QString lookupAddress(const QString &bundleId) const;
-    QString buildsAddress() const;
 
     // The most an answer may carry; a longer one is cut off as an error.
     static constexpr qint64 maxAnswerBytes = 64 * 1024;
 
-    // What "Update Now" may open: `link` when it is an https address on the
-    // store page's own host, else the store page.
-    QString followableLink(const QString &link) const;
-
     // Shows the update alert over `screen`'s window (null when it has none).
     Q_INVOKABLE QObject *showAppUpdateAlertWithVersion(QQuickItem *screen, const QString &version, bool force,
                                                        const QString &appURL, bool isTestFlight);
-    // "Update Now": opens `appURL` when it is an address; anything else does nothing.
+    // "Update Now": opens `appURL` when it is an address.
     Q_INVOKABLE void openAppURL(const QString &appURL);
 
 signals:
@@ -113,6 +94,6 @@ private:
     bool m_isTestFlight = false;
     const QString m_urlAppStore;
     QNetworkAccessManager *m_session = nullptr;
-    // The work under way off the UI thread; waited for when the checker goes.
+    // Waited for when the checker goes.
     QFuture<void> m_work;
 };

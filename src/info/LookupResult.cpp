@@ -61,9 +61,11 @@ struct Decoder
         return expect(value, QJsonValue::String, "a string", path + key) ? value.toString() : QString();
     }
 
-    std::optional<QJsonObject> asObject(const QJsonValue &value, const QString &path)
+    // Empty after a failure: every later step fails at once anyway.
+    QJsonObject asObject(const QJsonValue &value, const QString &path)
     {
-        return expect(value, QJsonValue::Object, "an object", path) ? std::optional(value.toObject()) : std::nullopt;
+        expect(value, QJsonValue::Object, "an object", path);
+        return value.toObject();
     }
 
     // An optional array: absent and null both mean "no value".
@@ -98,17 +100,13 @@ std::optional<LookupResult> LookupResult::decode(const QByteArray &body, QString
         QList<TestFlightInfo> builds;
         for (qsizetype i = 0; i < data->size() && !decoder.failed(); ++i) {
             const QString path = QStringLiteral("data[%1].").arg(i);
-            const std::optional<QJsonObject> item = decoder.asObject(data->at(i), path.chopped(1));
-            if (!item)
-                break;
-            const QString type = decoder.requiredString(*item, QStringLiteral("type"), path);
-            const std::optional<QJsonObject> attributes = decoder.asObject(
-                    decoder.required(*item, QStringLiteral("attributes"), path), path + QStringLiteral("attributes"));
-            if (!attributes)
-                break;
+            const QJsonObject item = decoder.asObject(data->at(i), path.chopped(1));
+            const QString type = decoder.requiredString(item, QStringLiteral("type"), path);
+            const QJsonObject attributes = decoder.asObject(decoder.required(item, QStringLiteral("attributes"), path),
+                                                            path + QStringLiteral("attributes"));
             const QString attributesPath = path + QStringLiteral("attributes.");
-            builds.append({ type, { decoder.requiredString(*attributes, QStringLiteral("version"), attributesPath),
-                                    decoder.requiredString(*attributes, QStringLiteral("expired"), attributesPath) } });
+            builds.append({ type, { decoder.requiredString(attributes, QStringLiteral("version"), attributesPath),
+                                    decoder.requiredString(attributes, QStringLiteral("expired"), attributesPath) } });
         }
         result.data = builds;
     }
@@ -117,11 +115,9 @@ std::optional<LookupResult> LookupResult::decode(const QByteArray &body, QString
         QList<AppInfo> apps;
         for (qsizetype i = 0; i < results->size() && !decoder.failed(); ++i) {
             const QString path = QStringLiteral("results[%1].").arg(i);
-            const std::optional<QJsonObject> item = decoder.asObject(results->at(i), path.chopped(1));
-            if (!item)
-                break;
-            apps.append({ decoder.requiredString(*item, QStringLiteral("version"), path),
-                          decoder.requiredString(*item, QStringLiteral("trackViewUrl"), path) });
+            const QJsonObject item = decoder.asObject(results->at(i), path.chopped(1));
+            apps.append({ decoder.requiredString(item, QStringLiteral("version"), path),
+                          decoder.requiredString(item, QStringLiteral("trackViewUrl"), path) });
         }
         result.results = apps;
     }

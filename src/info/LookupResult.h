@@ -32,9 +32,8 @@ struct LookupResult
     std::optional<QList<TestFlightInfo>> data;
     std::optional<QList<AppInfo>> results;
 
-    // Strict decoding: the body must be one JSON object; every required member
-    // must be there with the right JSON type (`expired` included: a text, not
-    // a boolean); `data` and `results` may be absent or null; other members are
-    // ignored. Any violation fails the whole answer, with its reason in `error`.
+    // Strict: every required member there with its JSON type (`expired` a
+    // text, not a boolean); `data` and `results` may be absent or null; other
+    // members are ignored. Any violation fails the whole answer, reason in `error`.
     static std::optional<LookupResult> decode(const QByteArray &body, QString *error);
 };

@@ -9,7 +9,6 @@ ItemDelegate {
     id: row
 
     property string caption
-    // The last row of a group has no hairline under it.
     property bool divided: true
     // Read when the row is built: pointing left in right-to-left layouts.
     readonly property string chevronName: Application.layoutDirection === Qt.RightToLeft ? "chevron.left" : "chevron.right"
@@ -36,7 +35,6 @@ ItemDelegate {
             wrapMode: Text.Wrap
             Accessible.ignored: true
         }
-        // Only a tinted symbol: not a control of its own.
         ToolButton {
             objectName: "chevron"
             enabled: false
@@ -52,7 +50,6 @@ ItemDelegate {
         }
     }
 
-    // A hairline under the row.
     Rectangle {
         visible: row.divided
         anchors.left: parent.left

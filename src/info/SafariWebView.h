@@ -9,12 +9,9 @@
 #include "UrlOpener.h"
 #include <QtQml/qqmlregistration.h>
 
-// A page of the product's web site, shown when the element is created. On
-// Linux the desktop's browser shows it: the element opens the address through
-// the URL opener and then asks its holder to close it again (dismissed()), so
-// the same row can open the page again.
-//
-// In QML the page is given by its case name: SafariWebView { page: "privacy" }.
+// A page of the product's web site, opened in the desktop's browser when the
+// element is created; it then asks its holder to close it (dismissed()), so
+// the same row can open the page again. QML names the page: page: "privacy".
 class SafariWebView : public QObject, public QQmlParserStatus
 {
     Q_OBJECT
@@ -22,7 +19,6 @@ class SafariWebView : public QObject, public QQmlParserStatus
     QML_ELEMENT
     Q_PROPERTY(urls url READ url WRITE setUrl NOTIFY urlChanged)
     Q_PROPERTY(QString page READ page WRITE setPage NOTIFY urlChanged)
-    // What opens the page.
     Q_PROPERTY(UrlOpener *opener MEMBER m_opener REQUIRED)
 
 public:
@@ -32,12 +28,11 @@ public:
 
     using QObject::QObject;
 
-    // "https://" + the site's host + the page's path.
     static QUrl address(urls page);
 
     urls url() const { return m_url; }
     void setUrl(urls url) { m_url = url; }
-    // The case's name; a name that is not a case is a programming error.
+    // A name that is not a case is a programming error.
     QString page() const;
     void setPage(const QString &name);
 
@@ -46,7 +41,6 @@ public:
 
 signals:
     void urlChanged();
-    // The page went to the browser: the holder closes this sheet.
     void dismissed();
 
 private:

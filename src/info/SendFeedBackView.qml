@@ -17,9 +17,6 @@ Page {
     required property SendFeedBackViewModel vm
     readonly property UserDefaultsService defaultsService: vm.defaultsService
     readonly property Service service: vm.service
-    // Kept for a vote button and a rating alert this screen does not have.
-    property bool isClickedVoteButton: false
-    property bool showingChooseRateAlert: false
     property bool isLeaveAFeedBackSheetPresented: false
     property bool isReportAProblemSheetPresented: false
     property bool isSuggestAFeaturePresented: false
@@ -35,7 +32,6 @@ Page {
         SheetBackButton { onClicked: sendFeedBackView.dismissRequested() }
     }
 
-    // The content scrolls when the largest text needs more than the screen.
     Flickable {
         id: scroller
         anchors.fill: parent
@@ -43,7 +39,6 @@ Page {
         contentHeight: content.height
         clip: true
         boundsBehavior: Flickable.StopAtBounds
-        // Shows where the content is; nothing a screen reader stops at.
         ScrollIndicator.vertical: ScrollIndicator { Accessible.ignored: true }
 
         ColumnLayout {
@@ -104,7 +99,6 @@ Page {
         }
     }
 
-    // The three web sheets, each up while its flag is.
     Instantiator {
         active: sendFeedBackView.isLeaveAFeedBackSheetPresented
         delegate: SafariWebView {

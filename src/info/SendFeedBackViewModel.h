@@ -18,7 +18,6 @@ class SendFeedBackViewModel : public QObject
     Q_MOC_INCLUDE("UserDefaultsService.h")
     Q_PROPERTY(UserDefaultsService *defaultsService READ defaultsService CONSTANT)
     Q_PROPERTY(Service *service READ service CONSTANT)
-    // What opens the product's web pages.
     Q_PROPERTY(UrlOpener *urlOpener READ urlOpener CONSTANT)
 
 public:

@@ -2,38 +2,23 @@
 
 #include <algorithm>
 
-namespace {
-
-// 0, 1 or 2 for the leading, middle and trailing column of a position;
-// likewise for rows.
-int column(PopupLayout::Position position) { return int(position) % 3; }
-int row(PopupLayout::Position position) { return int(position) / 3; }
-
-} // namespace
-
 QSizeF PopupLayout::popupSize(Kind kind, QSizeF container, QSizeF content, qreal margin)
 {
     const qreal roomW = std::max<qreal>(0, container.width() - 2 * margin);
     const qreal roomH = std::max<qreal>(0, container.height() - 2 * margin);
-    switch (kind) {
-    case FullScreen:
+    if (kind == FullScreen)
         return container;
-    case Toast:
-        return { roomW, std::clamp<qreal>(content.height(), 0, roomH) };
-    case Floating:
-        break;
-    }
-    return { std::clamp<qreal>(content.width(), 0, roomW), std::clamp<qreal>(content.height(), 0, roomH) };
+    return { kind == Toast ? roomW : std::clamp<qreal>(content.width(), 0, roomW),
+             std::clamp<qreal>(content.height(), 0, roomH) };
 }
 
 QPointF PopupLayout::restingPosition(Position position, QSizeF container, QSizeF size, qreal margin, bool mirrored)
 {
-    int col = column(position);
-    if (mirrored)
-        col = 2 - col;
+    // Positions run in rows of three: leading, middle, trailing.
+    const int col = mirrored ? 2 - int(position) % 3 : int(position) % 3;
     const qreal xs[] = { margin, (container.width() - size.width()) / 2, container.width() - size.width() - margin };
     const qreal ys[] = { margin, (container.height() - size.height()) / 2, container.height() - size.height() - margin };
-    return { xs[col], ys[row(position)] };
+    return { xs[col], ys[int(position) / 3] };
 }
 
 QPointF PopupLayout::towardsEdge(AppearFrom from, bool mirrored)
@@ -76,13 +61,6 @@ bool PopupLayout::dragDismisses(AppearFrom from, QPointF translation, QSizeF siz
     const qreal along = QPointF::dotProduct(translation, edge);
     const qreal extent = edge.x() != 0 ? size.width() : size.height();
     return extent > 0 && along > extent / 3;
-}
-
-void PopupLayout::setMargin(qreal margin)
-{
-    margin = std::max<qreal>(0, margin);
-    if (!qFuzzyCompare(m_margin.value(), margin))
-        m_margin = margin;
 }
 
 QSizeF PopupLayout::popupSize() const

@@ -8,10 +8,9 @@
 
 #include <algorithm>
 
-// Where a popup rests, where it comes from and how a drag moves and dismisses
-// it: the geometry of PopupView, which is a Qt Quick Controls Popup. All
-// coordinates are in the popup's layer, which covers the window; "leading" is
-// the left edge unless `mirrored`.
+// PopupView's geometry: where a popup rests, where it comes from, how a drag
+// moves and dismisses it. Coordinates are the window's; "leading" is the left
+// edge unless `mirrored`.
 class PopupLayout : public QObject
 {
     Q_OBJECT
@@ -25,7 +24,6 @@ class PopupLayout : public QObject
     Q_PROPERTY(qreal contentHeight READ contentHeight WRITE setContentHeight NOTIFY inputsChanged)
     Q_PROPERTY(qreal margin READ margin WRITE setMargin NOTIFY inputsChanged)
     Q_PROPERTY(bool mirrored READ mirrored WRITE setMirrored NOTIFY inputsChanged)
-    // What follows from them.
     Q_PROPERTY(qreal popupWidth READ popupWidth NOTIFY inputsChanged)
     Q_PROPERTY(qreal popupHeight READ popupHeight NOTIFY inputsChanged)
     Q_PROPERTY(qreal restingX READ restingX NOTIFY inputsChanged)
@@ -76,22 +74,15 @@ public:
 
     using QObject::QObject;
 
-    // The size a popup of `kind` takes in `container` for content that would
-    // like `content`: floating popups keep their content's size within the
-    // margins, toasts span the width, full-screen popups fill everything.
+    // Floating popups keep their content's size within the margins, toasts
+    // span the width, full-screen popups fill the container.
     static QSizeF popupSize(Kind kind, QSizeF container, QSizeF content, qreal margin);
-    // The top-left corner of a popup of `size` resting at `position`.
     static QPointF restingPosition(Position position, QSizeF container, QSizeF size, qreal margin, bool mirrored);
-    // How far a popup resting at `resting` moves to be just out of sight
-    // beyond the `from` edge.
+    // How far a popup moves from `resting` to be just out of sight beyond `from`.
     static QPointF entryOffset(AppearFrom from, QSizeF container, QSizeF size, QPointF resting, bool mirrored);
-    // The unit vector pointing at the `from` edge.
-    static QPointF towardsEdge(AppearFrom from, bool mirrored);
-    // Where a finger moved by `translation` puts the popup, relative to its
-    // resting place: it follows only towards its edge.
+    // The popup follows a finger only towards its edge.
     static QPointF dragOffset(AppearFrom from, QPointF translation, bool mirrored);
-    // Whether letting go after `translation` dismisses: past a third of the
-    // popup's own size towards its edge.
+    // Past a third of the popup's own size towards its edge.
     static bool dragDismisses(AppearFrom from, QPointF translation, QSizeF size, bool mirrored);
 
     int type() const { return m_type; }
@@ -109,7 +100,7 @@ public:
     qreal contentHeight() const { return m_contentSize.value().height(); }
     void setContentHeight(qreal height) { m_contentSize = QSizeF(contentWidth(), height); }
     qreal margin() const { return m_margin; }
-    void setMargin(qreal margin);
+    void setMargin(qreal margin) { m_margin = std::max<qreal>(0, margin); }
     bool mirrored() const { return m_mirrored; }
     void setMirrored(bool mirrored) { m_mirrored = mirrored; }
 
@@ -122,7 +113,6 @@ public:
     QPointF entryOffset() const;
     qreal entryOffsetX() const { return entryOffset().x(); }
     qreal entryOffsetY() const { return entryOffset().y(); }
-    // The same for QML, a finger's translation given as dx and dy.
     Q_INVOKABLE qreal dragOffsetX(qreal dx, qreal dy) const { return dragOffset(from(), QPointF(dx, dy), m_mirrored).x(); }
     Q_INVOKABLE qreal dragOffsetY(qreal dx, qreal dy) const { return dragOffset(from(), QPointF(dx, dy), m_mirrored).y(); }
     Q_INVOKABLE bool dragDismisses(qreal dx, qreal dy) const
@@ -134,6 +124,7 @@ signals:
     void inputsChanged();
 
 private:
+    static QPointF towardsEdge(AppearFrom from, bool mirrored);
     Kind kind() const { return Kind(m_type.value()); }
     AppearFrom from() const { return AppearFrom(m_appearFrom.value()); }
 

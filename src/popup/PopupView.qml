@@ -3,37 +3,13 @@ import QtQuick.Controls
 import Quieton.Core
 import Quieton.Popup
 
-// Shows one content item above the whole window, as a floating card, a toast
-// or a full-screen page, sliding in from one edge of the window.
-//
-//   PopupView {
-//       isPresented: owner.showingSomething                            // bound
-//       onIsPresentedChanged: owner.showingSomething = isPresented     // written back
-//       type: PopupLayout.Floating          // or PopupLayout.Toast, PopupLayout.FullScreen
-//       position: PopupLayout.Center        // TopLeading, Top, TopTrailing, Leading, Center,
-//                                           // Trailing, BottomLeading, Bottom, BottomTrailing
-//       appearFrom: PopupLayout.FromBottom  // FromTop, FromBottom, FromLeading, FromTrailing
-//       accessibleName: qsTr("...")         // what a screen reader calls it
-//       ColumnLayout { ... }
-//   }
-//
-// The popup is shown exactly while `isPresented` is true. However it goes
-// away by itself, it lowers `isPresented` without cutting the owner's
-// binding, so the owner's one handler copies it back into its flag and can
-// present it again. `dismissed(source)` tells why it went: PopupLayout.Binding
-// (the owner lowered the flag), TapInside, TapOutside, Drag, Autohide or
-// Escape (Escape or the Back key).
-//
-// Floating popups and toasts take their content's implicit size (toasts span
-// the width); a full-screen popup makes its content fill the window. A
-// floating popup dims the window and keeps it from touches; beside a toast
-// the window stays usable. Dragging the popup towards its edge by more than a
-// third of its own size dismisses it; a shorter drag springs back. Touches
-// that controls inside take (buttons, text fields) stay theirs. The geometry
-// is PopupLayout's.
-//
-// Defaults: not presented, floating, centred, from the bottom, no autohide,
-// tap inside off, tap outside on, drag on (off for full-screen popups).
+// One content item above the whole window: a floating card, a toast or a
+// full-screen page, sliding in from `appearFrom`. It is shown exactly while
+// `isPresented` is true; however it goes away by itself it lowers
+// `isPresented` without cutting the owner's binding, so the owner copies it
+// back in `onIsPresentedChanged`. `dismissed(source)` tells why (a
+// PopupLayout.DismissSource). A drag towards its edge past a third of its
+// size dismisses it; the geometry is PopupLayout's.
 Popup {
     id: popupView
 
@@ -45,13 +21,10 @@ Popup {
     property int autohideIn: 0
     property bool closeOnTap: false
     property bool closeOnTapOutside: true
-    // Off by default for full-screen popups, whose content usually scrolls
-    // and which close through their own back control.
+    // Full-screen content usually scrolls and has its own back control.
     property bool dragToDismiss: popupView.type !== PopupLayout.FullScreen
-    // Space kept free around floating popups and toasts.
     property real margin: Theme.spacingLarge
     property color color: Theme.surface
-    // Space between the card's edge and its content.
     property real contentMargin: popupView.type === PopupLayout.FullScreen ? 0 : Theme.spacingLarge
     property string accessibleName: ""
 
@@ -64,7 +37,6 @@ Popup {
 
     signal dismissed(int source)
 
-    // Takes the popup away as if by `source` (a PopupLayout.DismissSource).
     function dismiss(source) {
         if (!popupView.isPresented)
             return
@@ -135,8 +107,7 @@ Popup {
         popupView.dismissed(source)
     }
 
-    // The content fills the card within its margin; what it would like is
-    // its implicit size.
+    // Fills the card within its margin; its implicit size is what it would like.
     readonly property Item content: {
         for (let i = 0; i < popupView.contentChildren.length; ++i) {
             if (popupView.contentChildren[i] !== touchArea)
@@ -176,8 +147,7 @@ Popup {
         border.width: Theme.dark && popupView.type !== PopupLayout.FullScreen ? 1 : 0
     }
 
-    // Under the content, the whole card takes the touches that no control
-    // inside takes.
+    // Touches on the card that no control inside takes.
     Item {
         id: touchArea
         anchors.fill: parent

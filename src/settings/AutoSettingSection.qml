@@ -4,8 +4,8 @@ import QtQuick.Layouts
 import Quieton.Core
 import Quieton.Settings
 
-// "Auto setting startup": what every call starts with, and the order of the
-// contacts list (one sort switch on at a time, which the model sees to).
+// What every call starts with, and the contacts' order (the model keeps one
+// sort switch on at a time).
 SettingsGroup {
     id: section
     required property SettingViewModel vm

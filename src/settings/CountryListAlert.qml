@@ -8,14 +8,14 @@ import Quieton.Settings
 
 // "Select By Country": the carrier notice, then every country of the
 // catalogue as a button, "All Other Countries" first.
-SettingAlert {
+Alert {
     id: alert
     objectName: "countryDialog"
     required property SettingViewModel vm
-    // The row chosen: its place in the list and its caption.
     signal chosen(int index, string country)
 
     title: qsTr("Select By Country")
+    closePolicy: Popup.CloseOnEscape
 
     body: [
         Label {

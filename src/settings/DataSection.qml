@@ -2,8 +2,7 @@ import QtQuick
 import Quieton.Core
 import Quieton.Settings
 
-// The two destructive actions; each only asks first, the screen's alerts do
-// the work.
+// The two destructive actions; the screen's alerts ask first and do the work.
 SettingsGroup {
     id: section
     signal resetSettings()

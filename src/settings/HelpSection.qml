@@ -5,9 +5,6 @@ import Quieton.Core
 import Quieton.Info
 import Quieton.Settings
 
-// Help and information: the version (with "Update Now" when the store has a
-// newer one), the user guide with its unread mark, sharing, feedback, the
-// system's language settings and the about page.
 SettingsGroup {
     id: section
     required property SettingViewModel vm

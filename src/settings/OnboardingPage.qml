@@ -4,9 +4,7 @@ import QtQuick.Controls
 import QtQuick.Layouts
 import Quieton.Core
 
-// One page of the onboarding: a picture, the title, the lead sentence and the
-// explanatory sentences, and on the last page the cost note. It scrolls when
-// the text is too large for the screen.
+// One page of the onboarding; the last one adds the cost note.
 ScrollView {
     id: onboardingPage
     required property int index

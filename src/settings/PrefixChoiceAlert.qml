@@ -7,12 +7,13 @@ import Quieton.Core
 import Quieton.Settings
 
 // The several prefixes of the chosen country, one button each.
-SettingAlert {
+Alert {
     id: alert
     objectName: "choiceDialog"
     required property SettingViewModel vm
 
     title: qsTr("There are several prefixes that can private your number. Please choose one.")
+    closePolicy: Popup.CloseOnEscape
     // The country was chosen just before; its prefixes are read as it opens.
     onAboutToShow: choiceRows.model = alert.vm.prefixChoices()
 

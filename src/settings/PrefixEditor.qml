@@ -5,10 +5,8 @@ import Quieton.Core
 import Quieton.Popup
 import Quieton.Settings
 
-// The manual prefix editor of the settings screen, floating over it: the
-// typed text, the rule shown when "OK" was refused, and the carrier notice.
-// Escape, the Back key, a tap outside and a drag downwards close it too:
-// they only lower the owner's flag, where "Cancel" is the owner's to handle.
+// The manual prefix editor. Escape, Back, a tap outside and a drag only
+// lower the owner's flag; "Cancel" is the owner's to handle.
 PopupView {
     id: editor
     objectName: "prefixEditor"
@@ -16,15 +14,10 @@ PopupView {
     property bool showsRule: false
     property real maxWidth: 380
     property real maxHeight: 400
-    property color ruleColor: Theme.destructive
-    property color noticeColor: Theme.secondaryText
     signal edited(string text)
     signal accepted()
     signal cancelled()
 
-    type: PopupLayout.Floating
-    position: PopupLayout.Center
-    appearFrom: PopupLayout.FromBottom
     accessibleName: qsTr("Edit Manually")
     onOpened: prefixField.forceActiveFocus()
 
@@ -59,14 +52,14 @@ PopupView {
                 visible: editor.showsRule
                 Layout.fillWidth: true
                 text: qsTr("Prefix Cannot Be Empty needs at least 2 characters and without spaces")
-                color: editor.ruleColor
+                color: Theme.destructive
                 font.pointSize: Theme.bodySize
                 wrapMode: Text.Wrap
             }
             Label {
                 Layout.fillWidth: true
                 text: qsTr("Prefixes can vary among different mobile providers. Check with your mobile provider for the prefix for private dialing. Additional costs may apply. Please verify with your cellular carrier.")
-                color: editor.noticeColor
+                color: Theme.secondaryText
                 font.pointSize: Theme.footnoteSize
                 wrapMode: Text.Wrap
             }

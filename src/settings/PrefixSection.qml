@@ -2,7 +2,6 @@ import QtQuick
 import Quieton.Core
 import Quieton.Settings
 
-// "Private Call Setting": the prefix in use and the two ways to change it.
 SettingsGroup {
     id: section
     required property SettingViewModel vm

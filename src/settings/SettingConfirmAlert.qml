@@ -2,10 +2,9 @@ import QtQuick
 import QtQuick.Controls
 import Quieton.Core
 
-// A destructive action of the settings screen, asked first: "Cancel" and the
-// action's own button. The buttons are named `name` + "CancelButton" and
+// A destructive action asked first: buttons `name` + "CancelButton" and
 // `name` + "ConfirmButton".
-SettingAlert {
+Alert {
     id: confirm
     property string name
     property string actionText

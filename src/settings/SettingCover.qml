@@ -4,14 +4,12 @@ import QtQuick.Controls.Material
 import QtQuick.Layouts
 import Quieton.Core
 
-// A full-screen cover shown while `presented` is true, with a navigation bar
-// whose back button closes it; the view inside may also ask to be closed.
-// However it closes, `dismiss()` tells the owner, who lowers its flag. The
-// view is made as the cover opens and dropped once it has closed.
+// A full-screen cover shown while `presented` is true, with a back button;
+// the view inside may also ask to be closed (dismissRequested). However it
+// closes, `dismiss()` tells the owner. The view lives while the cover is open.
 Popup {
     id: cover
     property bool presented: false
-    // What a screen reader calls the cover.
     property string title
     // Made in the screen's own context (the screen's components are bound
     // to it), so created here rather than through a Loader.
@@ -20,8 +18,6 @@ Popup {
     signal dismiss()
 
     parent: Overlay.overlay
-    x: 0
-    y: 0
     width: parent ? parent.width : 0
     height: parent ? parent.height : 0
     padding: 0

@@ -2,8 +2,8 @@ import QtQuick
 import QtQuick.Controls
 import Quieton.Core
 
-// A tinted symbol drawn beside a row's text. It is part of the row: it takes
-// no taps (they reach the row below) and a screen reader passes over it.
+// A tinted symbol, part of its row: taps reach the row and a screen reader
+// passes over it.
 ToolButton {
     id: symbol
     property string name

@@ -4,9 +4,8 @@ import QtQuick.Controls.Material
 import QtQuick.Layouts
 import Quieton.Core
 
-// One tappable row: an optional icon, the caption, a detail text, extra
-// items on the right and an optional chevron. A screen reader's press does
-// what a tap does.
+// One tappable row: optional icon, caption, detail text, extra items on the
+// right and an optional chevron.
 ItemDelegate {
     id: row
     property string iconName: ""

@@ -4,8 +4,7 @@ import QtQuick.Layouts
 import Quieton.Core
 
 // A switch row that always shows the model's value: the model may turn
-// other switches off when this one is turned on. A screen reader's press or
-// toggle flips it as a tap does.
+// other switches off when this one is turned on.
 SwitchDelegate {
     id: toggle
     property bool value: false

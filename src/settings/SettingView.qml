@@ -6,12 +6,9 @@ import Quieton.Core
 import Quieton.Info
 import Quieton.Settings
 
-// The settings tab: the prefix (typed by hand or picked by country), the
-// options every call starts with, help and information, and the two
-// destructive actions. The sections ask; this screen owns the flags that
-// show its editor, alerts and covers, each bound to its flag and writing it
-// back when it closes. Every change goes straight to the settings store
-// through the model.
+// The settings tab. The sections ask; this screen owns the flags that show
+// its editor, alerts and covers, each bound to its flag and writing it back
+// when it closes.
 Page {
     id: settingView
     objectName: "settingView"
@@ -44,8 +41,7 @@ Page {
         settingView.showingIsEmpty = false
     }
 
-    // "OK" of the manual editor: the prefix is stored only when the rule
-    // accepts it; otherwise the editor stays open with the rule shown.
+    // A refused prefix keeps the editor open with the rule shown.
     function saveManualPrefix() {
         if (!settingView.vm.saveManualPrefix(settingView.editingPrefixNumber)) {
             settingView.showingIsEmpty = true
@@ -54,7 +50,7 @@ Page {
         settingView.showingPrefixEditManually = !settingView.showingPrefixEditManually
     }
 
-    // A row of the country list: the first stands for every other country.
+    // Row 0 stands for every other country.
     function chooseCountry(index, name) {
         settingView.showingPrefixByCountry = false
         if (index === 0)
@@ -101,8 +97,6 @@ Page {
         }
     }
 
-    // The manual editor, floating over the screen while its flag is up;
-    // however the popup goes away, the flag follows.
     PrefixEditor {
         isPresented: settingView.showingPrefixEditManually
         onIsPresentedChanged: settingView.showingPrefixEditManually = isPresented
@@ -111,8 +105,6 @@ Page {
         text: settingView.editingPrefixNumber
         onEdited: (text) => settingView.editingPrefixNumber = text
         showsRule: settingView.showingIsEmpty
-        ruleColor: Theme.destructive
-        noticeColor: Theme.secondaryText
         onAccepted: settingView.saveManualPrefix()
         onCancelled: settingView.toggleManualEditor()
     }
@@ -151,7 +143,6 @@ Page {
         onClosed: settingView.showingIsClearAll = false
     }
 
-    // Full-screen covers, each made when shown and dropped when closed.
     SettingCover {
         objectName: "userGuideCover"
         title: qsTr("User Guide for Quieton")

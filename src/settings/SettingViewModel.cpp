@@ -4,8 +4,6 @@
 #include "KeyValueStore.h"
 #include "SendFeedBackViewModel.h"
 #include "UserGuideForQuietonViewModel.h"
-#include "UrlOpener.h"
-#include "UserDefaultsService.h"
 
 #include <QCoreApplication>
 #include <QTextBoundaryFinder>
@@ -22,17 +20,15 @@ const QString hiddenNumberKey = QStringLiteral("hiddenNumber");
 const QString saveToHistoryKey = QStringLiteral("saveToHistory");
 const QString autoSortByKey = QStringLiteral("autoSortBy");
 
-// One country of the built-in catalogue. A country with a single prefix keeps
-// it as a text, one with several as a list, so that the screen can tell
-// whether to offer a choice.
+// A country with a single prefix keeps it as a text, one with several as a
+// list, so that the screen can tell whether to offer a choice.
 struct CatalogueEntry
 {
     const char *name;
     std::initializer_list<const char *> prefixes;
 };
 
-// Prefixes that hide the caller's number, by country; the order of a list
-// is the order in which the user is offered its prefixes.
+// Prefixes that hide the caller's number, in the order they are offered.
 const CatalogueEntry catalogue[] = {
     { QT_TRANSLATE_NOOP("SettingViewModel", "United States"), { "#31#", "*67" } },
     { QT_TRANSLATE_NOOP("SettingViewModel", "Canada"), { "#31#", "*67" } },

@@ -2,10 +2,7 @@
 
 #include <QObject>
 #include <QProperty>
-#include <QString>
 #include <QStringList>
-#include <QVariant>
-#include <QVariantList>
 #include <QVariantMap>
 #include <QtQml/qqmlregistration.h>
 
@@ -19,9 +16,8 @@ class SendFeedBackViewModel;
 class UserGuideForQuietonViewModel;
 
 // The settings screen's model: the private-call preferences mirrored from the
-// settings store (every change is written back at once), the prefix
-// catalogue with its country and prefix choices, the hand-typed prefix rule,
-// and the two destructive operations, reset settings and clear all.
+// settings store (every change written back at once), the prefix catalogue,
+// the hand-typed prefix rule, reset settings and clear all.
 class SettingViewModel : public QObject
 {
     Q_OBJECT
@@ -48,13 +44,11 @@ class SettingViewModel : public QObject
     Q_PROPERTY(bool autoSortByFirstName READ autoSortByFirstName WRITE setAutoSortByFirstName NOTIFY autoSortByFirstNameChanged)
     Q_PROPERTY(bool autoSortByLastName READ autoSortByLastName WRITE setAutoSortByLastName NOTIFY autoSortByLastNameChanged)
     Q_PROPERTY(bool autoSortByTelephone READ autoSortByTelephone WRITE setAutoSortByTelephone NOTIFY autoSortByTelephoneChanged)
-    // Rows of the country list: "All Other Countries" first, then the
-    // catalogue's countries in ascending order of their localised names.
+    // "All Other Countries", then the catalogue's countries in text order.
     Q_PROPERTY(QStringList countryList READ countryList CONSTANT)
     Q_PROPERTY(QString allOtherCountries READ allOtherCountries CONSTANT)
 
 public:
-
     SettingViewModel(UserDefaultsService &defaultsService, Service &service, HistoryCallDataService &historyDataService,
                      CheckUpdate &checkNewVersionService, UrlOpener &urlOpener, QObject *parent = nullptr);
 
@@ -80,7 +74,6 @@ public:
     // Publishes only; the operations that change the prefix store it first.
     void setPrefixNumber(const QString &prefix) { m_prefixNumber = prefix; }
 
-    // Each switch is written to the settings at once.
     bool autoHiddenNumber() const { return m_autoHiddenNumber; }
     void setAutoHiddenNumber(bool hidden);
     bool autoSaveToHistory() const { return m_autoSaveToHistory; }
@@ -96,28 +89,22 @@ public:
     QString allOtherCountries() const { return m_allOtherCountries; }
 
     Q_INVOKABLE void selectAllOtherCountries();
-    // A country of the catalogue. A country with one prefix stores it at
-    // once; a country with several makes it the selected country and returns
-    // true: the screen then offers the choice. Unknown names change nothing.
+    // One prefix is stored at once; several make `key` the selected country
+    // and return true, for the screen to offer the choice.
     Q_INVOKABLE bool selectCountry(const QString &key);
-    // The choice rows for the selected country, each {caption, prefix};
-    // none when it is not a country with several prefixes.
+    // {caption, prefix} rows for the selected country's several prefixes.
     Q_INVOKABLE QVariantList prefixChoices() const;
-    // Stores a prefix picked from the choice rows (or any other way).
     Q_INVOKABLE void choosePrefix(const QString &prefix);
 
-    // The rule for a hand-typed prefix: no plain space, and at least two
-    // user-perceived characters.
+    // No plain space, and at least two user-perceived characters.
     Q_INVOKABLE static bool isValidPrefix(const QString &text);
-    // Stores `text` as the prefix when the rule accepts it; returns whether it did.
     Q_INVOKABLE bool saveManualPrefix(const QString &text);
 
     // Prefix back to the default, both automatic options off, contacts by first name.
     Q_INVOKABLE void resetSettings();
     Q_INVOKABLE void clearAll();
 
-    // Opens the app's store page at `address` through the platform; an
-    // address that is not a valid URL opens nothing. Returns whether it opened.
+    // An address that is not a valid URL opens nothing.
     Q_INVOKABLE bool openStorePage(const QString &address);
     Q_INVOKABLE void openSystemSettings() { m_urlOpener->openSystemSettings(); }
 

@@ -3,8 +3,7 @@ import QtQuick.Controls
 import QtQuick.Layouts
 import Quieton.Core
 
-// One section of the settings screen: its caption, then its rows on a
-// rounded card. A screen reader meets it as a pane named by its caption.
+// One section of the settings screen: its caption, then its rows on a card.
 ColumnLayout {
     id: group
     property string title

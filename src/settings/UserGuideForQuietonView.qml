@@ -4,8 +4,7 @@ import QtQuick.Layouts
 import Quieton.Core
 import Quieton.Settings
 
-// How prefixes work, shown as a full-screen cover. Once it has stayed open
-// through its countdown it counts as read.
+// How prefixes work. Left open through its countdown, it counts as read.
 Page {
     id: guideView
     objectName: "userGuideView"
@@ -15,7 +14,7 @@ Page {
     // One second; shorter only in tests.
     property int tickInterval: 1000
 
-    // The back control; whoever presents the guide closes it.
+    // Whoever presents the guide closes it.
     signal dismissRequested()
 
     title: qsTr("User Guide for Quieton")
@@ -40,8 +39,7 @@ Page {
         objectName: "guideScroller"
         anchors.fill: parent
         contentWidth: scroller.availableWidth
-        // Scrolled by finger, wheel or the page's own keys; never a stop for
-        // the keyboard or a screen reader.
+        // Never a stop for the keyboard or a screen reader.
         ScrollBar.vertical.focusPolicy: Qt.NoFocus
         ScrollBar.horizontal.policy: ScrollBar.AlwaysOff
 

@@ -5,15 +5,14 @@ import QtQuick.Layouts
 import Quieton.Core
 import Quieton.Settings
 
-// Onboarding: three pages, swiped or stepped through with "Next", until
-// "Get Started" hands over to the main screen for good. The page shown and
-// the model's `selectedPage` are one index, bound both ways.
+// Onboarding until "Get Started". The page shown and the model's
+// `selectedPage` are one index, bound both ways.
 Page {
     id: welcomeView
     objectName: "welcomeView"
 
     required property WelcomeViewModel vm
-    // Raised by "Get Started"; the window shows the main screen from then on.
+    // The window shows the main screen once it is up.
     property bool showMainView: false
 
     readonly property var pages: [

@@ -11,25 +11,21 @@ class Desktop : public QObject
 {
     Q_OBJECT
 public:
-    Desktop(RecordingUrlOpener *opener, RecordingSharer *sharer) : m_opener(opener), m_sharer(sharer) { }
+    explicit Desktop(TestApp &app) : m_app(app) { }
 
-    Q_INVOKABLE QStringList opened() const { return m_opener->addresses(); }
-    Q_INVOKABLE QStringList shared() const { return m_sharer->shared; }
-    Q_INVOKABLE void clear() { m_opener->opened.clear(); m_sharer->shared.clear(); }
+    Q_INVOKABLE QStringList opened() const { return m_app.urlOpener->addresses(); }
+    Q_INVOKABLE QStringList shared() const { return m_app.sharer->shared; }
+    Q_INVOKABLE void clear() { m_app.urlOpener->opened.clear(); m_app.sharer->shared.clear(); }
     Q_INVOKABLE QString site() const { return QStringLiteral("https://" QUIETON_TEST_WEB_HOST); }
 
 private:
-    RecordingUrlOpener *m_opener;
-    RecordingSharer *m_sharer;
+    TestApp &m_app;
 };
 
 class Setup : public QuickTestSetup
 {
-    Desktop *m_desktop = nullptr;
-
 protected:
-    void prepare() override { m_desktop = new Desktop(testApp().urlOpener, testApp().sharer); }
-    void publish(QQmlContext *context) override { context->setContextProperty(QStringLiteral("desktop"), m_desktop); }
+    void publish(QQmlContext *context) override { context->setContextProperty(QStringLiteral("desktop"), new Desktop(testApp())); }
 };
 
 QUICK_TEST_MAIN_WITH_SETUP(infoscreens, Setup)

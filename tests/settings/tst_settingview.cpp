@@ -6,8 +6,6 @@
 
 #include <QDir>
 #include <QQmlContext>
-#include <QQuickItem>
-#include <QQuickWindow>
 #include <QtQuickTest>
 
 // What the QML tests read from disk.
@@ -20,11 +18,9 @@ public:
     // A value as the settings file holds it now; undefined when it holds none.
     Q_INVOKABLE QVariant setting(const QString &key) const
     {
-        auto file = JsonFileKeyValueStore::open(QDir(TestHome::configDirectory()).filePath(QStringLiteral("quieton.json")));
-        const auto value = file->object(key);
-        if (!value)
-            return {};
-        return std::visit([](const auto &v) { return QVariant::fromValue(v); }, *value);
+        const auto value = JsonFileKeyValueStore::open(QDir(TestHome::configDirectory()).filePath(QStringLiteral("quieton.json")))
+                                   ->object(key);
+        return value ? std::visit([](const auto &v) { return QVariant::fromValue(v); }, *value) : QVariant();
     }
 };
 
@@ -32,10 +28,7 @@ class Setup : public QuickTestSetup
 {
 protected:
     void prepare() override { markOnboardingDone(); }
-    void publish(QQmlContext *context) override
-    {
-        context->setContextProperty(QStringLiteral("disk"), new Disk(testApp()));
-    }
+    void publish(QQmlContext *context) override { context->setContextProperty(QStringLiteral("disk"), new Disk(testApp())); }
 };
 
 QUICK_TEST_MAIN_WITH_SETUP(settingview, Setup)

@@ -11,14 +11,8 @@ TestCase {
     when: windowShown
     visible: true
 
-    Component {
-        id: aboutComponent
-        AboutView { service: testApp.service; urlOpener: testApp.urlOpener; anchors.fill: parent }
-    }
-    Component {
-        id: feedbackComponent
-        SendFeedBackView { id: feedback1; vm: testApp.createSettingViewModel(feedback1).createSendFeedBackModel(feedback1); anchors.fill: parent }
-    }
+    Component { id: aboutComponent; AboutView { service: testApp.service; urlOpener: testApp.urlOpener; anchors.fill: parent } }
+    Component { id: feedbackComponent; SendFeedBackView { id: feedback1; vm: testApp.createSettingViewModel(feedback1).createSendFeedBackModel(feedback1); anchors.fill: parent } }
     Component { id: spyComponent; SignalSpy { } }
     Component { id: screenComponent; Item { anchors.fill: parent } }
 
@@ -52,7 +46,6 @@ TestCase {
         tryCompare(view, data.flag, false)
         mouseClick(row)
         compare(desktop.opened(), [desktop.site() + data.path, desktop.site() + data.path])
-        compare(desktop.shared(), [])
         mouseClick(findChild(view, "backButton"))
         compare(dismissed.count, 1)
         verify(view.visible)

@@ -3,7 +3,6 @@ import QtQuick.Controls
 import QtTest
 import Quieton.Core
 import Quieton.Popup
-import Quieton.Settings
 
 // Every way a popup goes away, reported once with its source, leaving the owner's binding working.
 TestCase {
@@ -124,24 +123,5 @@ TestCase {
         mouseClick(underneath)
         compare(owner.underneathClicks, 2)
         expectGone(owner, PopupLayout.TapOutside)
-    }
-
-    Component {
-        id: editorComponent
-        PrefixEditor {
-            property int cancels: 0
-            onCancelled: cancels += 1
-        }
-    }
-
-    // The prefix editor is named for a screen reader; Escape closes it while its field has the keyboard.
-    function test_theEditorByScreenReaderAndKeyboard() {
-        const editor = createTemporaryObject(editorComponent, testCase)
-        editor.isPresented = true
-        tryCompare(findChild(editor.contentItem, "prefixField"), "activeFocus", true)
-        compare(screenReader.name(editor.contentItem.parent), "Edit Manually")
-        keyClick(Qt.Key_Escape)
-        tryCompare(editor, "visible", false)
-        compare([editor.isPresented, editor.cancels], [false, 0])
     }
 }
