@@ -2,12 +2,8 @@
 #include "HistoryCallDataService.h"
 #include "StdoutCapture.h"
 
-#include <QAbstractItemModelTester>
-#include <QProcess>
-#include <QRandomGenerator>
 #include <QSqlDatabase>
 #include <QSqlQuery>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <csignal>
@@ -53,7 +49,6 @@ class TestHistoryCallDataService : public QObject
     int m_round = 0;
 
     QString freshPath() { return m_dir.filePath(QStringLiteral("round%1/CallHistoryData.sqlite").arg(++m_round)); }
-    // What a full read of the file gives, through a store of its own.
     static QList<HistoryData> readBack(const QString &path) { return HistoryCallDataService(path).savedEntities(); }
     QString fileWithRows(int rows)
     {
@@ -332,7 +327,6 @@ static int childMain(const QString &mode, const QString &path)
         std::printf("rows %lld then %lld\n", qlonglong(before), qlonglong(store.savedEntities().size()));
         return 0;
     }
-    // Adds one record, says so, waits to be killed.
     HistoryCallDataService store(path);
     store.addHistory(QStringLiteral("Killed"), QStringLiteral("Writer"), QStringLiteral("0600"), true);
     std::fputs("added\n", stdout);

@@ -2,7 +2,6 @@
 #include "JsonFileKeyValueStore.h"
 #include "UserDefaultsService.h"
 
-#include <QTemporaryDir>
 #include <QtTest>
 
 using Settings = QMap<QString, SettingValue>;
@@ -16,7 +15,6 @@ class TestUserDefaultsService : public QObject
     int m_round = 0;
     QString m_file;
 
-    // A settings file holding `stored`, then a store created on it.
     std::unique_ptr<UserDefaultsService> launch(const Settings &stored = {})
     {
         m_file = QDir(m_dir.path()).filePath(QStringLiteral("suite%1.json").arg(++m_round));

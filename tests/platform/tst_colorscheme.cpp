@@ -3,8 +3,7 @@
 
 #include <QDBusInterface>
 #include <QDBusVariant>
-#include <QSignalSpy>
-#include <QTest>
+#include <QtTest>
 
 // The dark look follows a mock portal's "color-scheme" setting; QUIETON_COLOR_SCHEME overrides it.
 class TestColorScheme : public QObject

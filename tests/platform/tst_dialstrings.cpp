@@ -6,7 +6,6 @@
 #include "PrivateBus.h"
 #include "SimulatedModem.h"
 
-#include <QSignalSpy>
 #include <QtTest>
 
 using Recorded = std::function<QStringList()>;
@@ -15,7 +14,6 @@ class TestDialStrings : public QObject
 {
     Q_OBJECT
 
-    // What `telephony` handed its service for `request`, or "refused".
     static QString placed(Telephony &telephony, const DialRequest &request, const Recorded &recorded)
     {
         const qsizetype before = recorded().size();

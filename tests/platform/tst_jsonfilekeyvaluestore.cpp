@@ -2,9 +2,6 @@
 #include "JsonFileKeyValueStore.h"
 #include "StdoutCapture.h"
 
-#include <QDir>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <csignal>

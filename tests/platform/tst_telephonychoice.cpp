@@ -9,8 +9,6 @@
 #include "TestHome.h"
 
 #include <QDBusConnection>
-#include <QSignalSpy>
-#include <QStandardPaths>
 #include <QtTest>
 
 class TestTelephonyChoice : public QObject

@@ -3,9 +3,6 @@
 
 #include "StdoutCapture.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -113,9 +110,8 @@ private slots:
         QVERIFY(!book.requestAccess().error.isEmpty());
 
         QVERIFY(QFile::remove(folder));
-        write(folder + "/a.vcf", card("A"));
-        write(folder + "/b.vcf", card("B"));
-        write(folder + "/c.vcf", card("C"));
+        for (const QString name : { "a", "b", "c" })
+            write(folder + '/' + name + ".vcf", card(name.toUpper()));
         QVERIFY(QFile::setPermissions(folder + "/b.vcf", QFileDevice::Permissions()));
         if (QFile(folder + "/b.vcf").open(QIODevice::ReadOnly))
             QSKIP("running as the superuser: file permissions do not keep it out");

@@ -64,9 +64,7 @@ private slots:
         const QStringList goetz{ "Götz|case|1" };
         QTest::newRow("LF, lower case, Latin-1") << lf << goetz << 0;
         QTest::newRow("CR") << QByteArray(lf).replace('\n', '\r') << goetz << 0;
-        // Endless continuation lines (folds ending in "=", quoted-printable soft
-        // breaks): read in time linear in their length, and a property longer
-        // than the bound is passed over while the rest of its card is read.
+        // Endless continuation lines, read in linear time: the overlong property is passed over, not its card.
         const auto overlong = [](const QByteArray &start, const QByteArray &continuation) {
             return "BEGIN:VCARD\r\nVERSION:2.1\r\nFN:F\r\n" + start + continuation.repeated(500000) + "\r\nTEL:1\r\nEND:VCARD\r\n";
         };
