@@ -108,10 +108,8 @@ TestCase {
         view.appeared()
         verify(!hidden.checked && save.checked)
         compare(service.pendingCallSaveToHistory, true)
-    }
 
-    function test_widgetLinkFillsTheDialler() {
-        const view = createDialer()
+        // A widget link fills the dialler.
         testApp.linkOpened("quieton://call?number=%2B33612&hidden=TRUE&saveToHistory=false")
         compare(view.vm.numberPhoneTyping, "+33612")
         compare(view.vm.toggleHiddenNumber, true)
