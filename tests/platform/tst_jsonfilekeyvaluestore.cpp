@@ -6,7 +6,6 @@
 
 #include <csignal>
 #include <sys/resource.h>
-#include <limits>
 #include <unistd.h>
 
 class TestJsonFileKeyValueStore : public QObject

@@ -74,17 +74,16 @@ private slots:
     {
         QTemporaryDir home;
         const int total = 2700;
+        QStringList expected;
         for (int i = 0; i < total; ++i) {
             const QString name = QStringLiteral("book/%1.vcf").arg(i, 5, 10, QLatin1Char('0'));
             write(home.filePath(name), i == 1234 ? QByteArray("BEGIN:VCARD\nbroken\nEND:VCARD\n") : card(QString::number(i)));
+            if (i != 1234)
+                expected.append(QString::number(i));
         }
         StdoutCapture out;
         VCardFolderAddressBook book(home.path());
         const Enumeration result = enumerate(book);
-        QStringList expected;
-        for (int i = 0; i < total; ++i)
-            expected.append(QString::number(i));
-        expected.removeAt(1234);
         QCOMPARE(result.families, expected);
         QCOMPARE(result.batchSizes, (QList<qsizetype>{ VCardFolderAddressBook::batchSize, total - 1 - VCardFolderAddressBook::batchSize }));
         QVERIFY(out.lines().contains(QStringLiteral("Address book: skipped 1 unreadable cards in ") + home.path()));

@@ -25,9 +25,6 @@ public:
     bool canOpen(const DialRequest &request) override;
     void open(const DialRequest &request) override;
 
-signals:
-    void handlerLookedUp(bool registered);
-
 private:
     enum class Handler { Unknown, Registered, None };
 
