@@ -1,5 +1,4 @@
-// What ModemManager (the simulator's CreateCall) and the real oFono (its modem's ATD command)
-// get for a call request, and how oFono's calls are reported as they go on.
+// What the simulator's CreateCall and the real oFono's ATD command get for a call request, and oFono's call events.
 #include "ModemManagerTelephony.h"
 #include "OfonoDaemon.h"
 #include "OfonoTelephony.h"

@@ -40,7 +40,6 @@ TestCase {
     }
 
     function init() {
-        service.acknowledgeCallFailure()
         phone.resetCallFlags()
         phone.setCallsPossible(true)
         defaults.setBool("hiddenNumber", true)
@@ -71,7 +70,6 @@ TestCase {
         tryCompare(view.vm, "numberPhoneTyping", "", 1500)
         mouseRelease(del)
 
-        // From a keyboard: digits and keypad signs, Backspace, Return calls, Escape clears.
         view.forceActiveFocus()
         for (const k of [Qt.Key_0, Qt.Key_7, Qt.Key_Asterisk, Qt.Key_A /* not a keypad key */])
             keyClick(k)
