@@ -235,10 +235,7 @@ bool HistoryCallDataService::commitPending(QString &error)
             remove.bindValue(0, r.objectId);
             ok = remove.exec();
         } else {
-            const QVariantList values{ textValue(r.firstName), textValue(r.lastName), textValue(r.telephone),
-                                       textValue(r.time), r.callHidden ? 1 : 0 };
-            for (int i = 0; i < values.size(); ++i)
-                insert.bindValue(i, values[i]);
+            bindRecord(insert, r, 0);
             ok = insert.exec();
             r.objectId = insert.lastInsertId().toLongLong();
         }

@@ -17,17 +17,14 @@ class QSqlDatabase;
 // The call history: a SQLite file with one table, "HistoryData", whose rows
 // are the recorded calls in the order they were added, shown as a list model.
 //
-// Changes are staged first (addHistory, deleteObject) and written by
-// saveData() in one transaction; a write that fails stays staged and goes
-// with the next save. The model follows its own saves row by row; the whole
-// table is read again only when it is first opened, when another program
-// changed the file, and after a clear-all.
+// Changes are staged (addHistory, deleteObject) and written by saveData() in
+// one transaction; a failed write stays staged for the next save. The whole
+// table is read again only when first opened, when another program changed
+// the file, and after a clear-all.
 //
-// The first read runs on a worker thread once readInBackground() asks for it
-// (the app does as soon as it is built), so that a long history never holds
-// up the window; until it is in, the model has no rows. Any operation,
-// savedEntities() included, first waits for it, or reads at once if nothing
-// asked yet, so its result is the same as with an immediate read.
+// The first read runs on a worker thread from readInBackground(), so that a
+// long history never holds up the window. Any operation first waits for it
+// (or reads at once if nothing asked yet).
 class HistoryCallDataService : public QAbstractListModel
 {
     Q_OBJECT
@@ -38,7 +35,7 @@ class HistoryCallDataService : public QAbstractListModel
 public:
     static constexpr auto containerName = "CallHistoryData";
     static constexpr auto entityName = "HistoryData";
-    // The form of the file this code writes (PRAGMA user_version).
+    // PRAGMA user_version of the files this code writes.
     static constexpr int schemaVersion = 1;
 
     enum Role { ObjectIdRole = Qt::UserRole + 1, FirstNameRole, LastNameRole, TelephoneRole, TimeRole, CallHiddenRole };
@@ -50,7 +47,6 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    // The records in store order (after the first read: this waits for it).
     const QList<HistoryData> &savedEntities()
     {
         waitForFirstRead();
@@ -58,28 +54,23 @@ public:
     }
     int count() const { return int(m_records.size()); }
     QString databasePath() const { return m_databasePath; }
-    // Whether the first read of the records is still running.
     bool isFetchingInBackground() const { return m_firstReadPending; }
 
-    // Starts the first read of the records on a worker thread (once).
     void readInBackground();
     Q_INVOKABLE void fetchHistory();
-    // Records a call made now, saves and fetches.
+    // Saves and fetches.
     Q_INVOKABLE void addHistory(const QString &firstName, const QString &lastName, const QString &telephone,
                                 bool callHidden);
     Q_INVOKABLE void saveData();
-    // Empties the table at once (staged changes are saved after it), then fetches.
+    // Staged changes are saved after the table is emptied.
     Q_INVOKABLE void deleteAllHistory();
-    // Stages the removal of one record; saveData() writes it.
     Q_INVOKABLE void deleteObject(qint64 objectId);
 
-    // The text a record carries for the moment `when`, in local time.
     static QString timeText(const QDateTime &when);
-    // Where the current moment comes from (tests set a fixed one).
     void setClock(std::function<QDateTime()> clock) { m_clock = std::move(clock); }
 
 signals:
-    // The records changed; after the model's own row signals.
+    // After the model's own row signals.
     void savedEntitiesChanged();
 
 private:
@@ -115,7 +106,7 @@ private:
 
     QString m_databasePath;
     QString m_connectionName;
-    // How a reader of its own opens the file (the first read's worker).
+    // How the first read's worker opens the file.
     QString m_readName;
     QString m_readOptions;
     bool m_loaded = false;

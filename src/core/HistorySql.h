@@ -33,10 +33,13 @@ inline bool isDamage(const QSqlError &error)
     return ok && (code == sqliteCorrupt || code == sqliteNotADatabase);
 }
 
-// A null string is stored as NULL, anything else as text.
-inline QVariant textValue(const QString &text)
+// Binds the record's five fields from position `first` on; a null string is stored as NULL.
+inline void bindRecord(QSqlQuery &query, const HistoryData &r, int first)
 {
-    return text.isNull() ? QVariant(QMetaType::fromType<QString>()) : QVariant(text);
+    const auto text = [](const QString &t) { return t.isNull() ? QVariant(QMetaType::fromType<QString>()) : QVariant(t); };
+    const QVariantList values{ text(r.firstName), text(r.lastName), text(r.telephone), text(r.time), r.callHidden ? 1 : 0 };
+    for (int i = 0; i < values.size(); ++i)
+        query.bindValue(first + i, values[i]);
 }
 
 inline HistoryData readRecord(const QSqlQuery &query)

@@ -41,10 +41,8 @@ int copyReadableRows(const QSqlDatabase &from, const QSqlDatabase &to)
         while (ok && read.next()) {
             const HistoryData r = readRecord(read);
             after = r.objectId;
-            const QVariantList values{ r.objectId, textValue(r.firstName), textValue(r.lastName),
-                                       textValue(r.telephone), textValue(r.time), r.callHidden ? 1 : 0 };
-            for (int i = 0; i < values.size(); ++i)
-                insert.bindValue(i, values[i]);
+            insert.bindValue(0, r.objectId);
+            bindRecord(insert, r, 1);
             copied += insert.exec() ? 1 : 0;
         }
         if (ok && !read.lastError().isValid())

@@ -14,7 +14,7 @@ class TextSharer;
 class UserDefaultsService;
 class WidgetRefresher;
 
-// Who the app is calling, as the call observer needs to know it.
+// Who the app is calling.
 struct PendingCall
 {
     QString firstName;
@@ -25,10 +25,9 @@ struct PendingCall
     std::optional<bool> saveToHistory;
 };
 
-// Dialling and the small shared operations of the app, with the process-wide
-// call state: the two call flags and the pending-call record that tells the
-// call observer who is being called. Screens read that state; they change it
-// only by placing a call or by dismissing the dialling-error alert.
+// Dialling and the small shared operations of the app, with the call state:
+// the two call flags and the pending-call record. Screens change it only by
+// placing a call or by dismissing the dialling-error alert.
 class Service : public QObject
 {
     Q_OBJECT
@@ -47,24 +46,15 @@ public:
     Service(UserDefaultsService *defaultsService, Telephony &telephony, CallConfirmation &confirmation,
             WidgetRefresher &widgets, TextSharer &sharer, QObject *parent = nullptr);
 
-    // Places a call to `number`, behind the stored prefix when `hidden`.
-    // The outcome is left in callFailed. The user confirms the dial string
-    // first when the telephony dials by itself or the call comes from a
-    // link; while one confirmation is open, such a call is refused with a
-    // notice, so that no tap meant for one number can place another.
-    // Returns false only for a request refused because another call is still
-    // waiting for the user's answer: its caller then leaves the pending-call
-    // record to that call.
+    // Places a call to `number`, behind the stored prefix when `hidden`;
+    // the outcome is left in callFailed. A call the user must confirm is
+    // refused with a notice while another confirmation is open, so that no
+    // tap meant for one number places another: only then returns false.
     bool makeCall(const QString &number, bool hidden, bool fromLink = false);
-    // The one way a screen or a link places a call: makeCall, then `call`
-    // becomes the pending-call record, unless the call was refused for one
-    // that waits for the user's answer. Returns whether the dialling-error
-    // alert is due (callFailed).
+    // makeCall, then `call` becomes the pending-call record unless refused.
+    // Returns callFailed.
     bool placeCall(const PendingCall &call, bool fromLink = false);
-    // The dialling-error alert's "OK".
     Q_INVOKABLE void acknowledgeCallFailure() { setCallFailed(false); }
-    // Clears the three values the widget shares with the app, then asks the
-    // widgets to redraw.
     Q_INVOKABLE void resetWidgetData();
     Q_INVOKABLE void shareApp();
 
@@ -84,8 +74,6 @@ signals:
     void callStartedFromAppChanged();
     void callFailedChanged();
     void pendingCallChanged();
-    // A short message for the user (sharing, calls that failed after they
-    // were requested, a link that came while a confirmation was open).
     void notice(const QString &message);
 
 private:

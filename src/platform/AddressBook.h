@@ -30,21 +30,17 @@ public:
 
     virtual ~AddressBook() = default;
 
-    // Whether the app may read the book.
     virtual AccessAnswer requestAccess() = 0;
 
-    // Hands every contact to `deliver`, in the book's order, a batch at a
-    // time (a batch is never empty). Returns an error description when the
-    // enumeration failed part-way or at once, else an empty string; contacts
-    // delivered before a failure stay delivered.
+    // Hands every contact to `deliver` in the book's order, in non-empty
+    // batches. Returns why the enumeration failed (part-way or at once), else
+    // an empty string.
     virtual QString enumerateContacts(const std::function<void(QList<AddressBookContact> &&batch)> &deliver) = 0;
 
-    // Asks a running enumerateContacts to return soon, with what it has
-    // delivered so far, and later ones to deliver nothing: the app is quitting.
-    // Safe on any thread.
+    // The app is quitting: a running enumerateContacts returns soon, later
+    // ones deliver nothing. Safe on any thread.
     virtual void stop() { }
 
-    // Where the user can give the app access to the book (a settings page,
-    // or the place the book is kept). Safe on any thread.
+    // Where the user can give the app access to the book. Safe on any thread.
     virtual QUrl accessSettingsUrl() const = 0;
 };

@@ -7,14 +7,9 @@
 #include <functional>
 
 // The question put to the user before a call is placed in their name: the
-// full dial string (prefix included) with "Call" and "Cancel", as a phone's
-// own dialler asks. The app asks here before it hands a call to a telephony
-// that dials by itself, and before every call a link places; the window
-// shows the question while one is pending.
-//
-// Only one question is pending at a time. The app asks only when none is
-// (it refuses a new call meanwhile); asked anyway, a newer request replaces
-// the older one, which counts as cancelled.
+// full dial string with "Call" and "Cancel". The window shows it while one
+// is pending. A newer question replaces an older one, which counts as
+// cancelled.
 class CallConfirmation : public QObject
 {
     Q_OBJECT
@@ -31,7 +26,6 @@ public:
     // chooses Call, and never after Cancel or once `context` is gone.
     void ask(const QString &dialString, QObject *context, std::function<void()> placeCall);
 
-    // The user's answers.
     Q_INVOKABLE void call() { finish(true); }
     Q_INVOKABLE void cancel() { finish(false); }
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <variant>
 
-// One stored value. Integers are signed 64-bit.
+// One stored value.
 using SettingValue = std::variant<bool, qint64, QString, QDateTime>;
 
 // A suite of typed key-value settings. Subclasses provide storage; the

@@ -21,11 +21,9 @@ struct PlatformParts
     std::unique_ptr<WidgetRefresher> widgets;
     std::unique_ptr<TextSharer> sharer;
     std::unique_ptr<AddressBook> addressBook;
-    // The settings suites: the app's own and the one shared with the widget
-    // (null when it cannot be opened).
+    // The shared suite is null when it cannot be opened.
     std::unique_ptr<KeyValueStore> standardSettings;
     std::unique_ptr<KeyValueStore> sharedSettings;
-    // The call history's database file.
     QString historyDatabasePath;
 };
 

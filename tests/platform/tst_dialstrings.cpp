@@ -1,12 +1,10 @@
-// What ModemManager (the simulator's CreateCall) and the real oFono (its modem's ATD command)
-// get for a call request, and how oFono's calls are reported as they go on.
+// What the simulator's CreateCall and the real oFono's ATD command get for a call request, and oFono's call events.
 #include "ModemManagerTelephony.h"
 #include "OfonoDaemon.h"
 #include "OfonoTelephony.h"
 #include "PrivateBus.h"
 #include "SimulatedModem.h"
 
-#include <QSignalSpy>
 #include <QtTest>
 
 using Recorded = std::function<QStringList()>;
@@ -15,7 +13,6 @@ class TestDialStrings : public QObject
 {
     Q_OBJECT
 
-    // What `telephony` handed its service for `request`, or "refused".
     static QString placed(Telephony &telephony, const DialRequest &request, const Recorded &recorded)
     {
         const qsizetype before = recorded().size();

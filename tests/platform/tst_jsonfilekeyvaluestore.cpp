@@ -2,14 +2,10 @@
 #include "JsonFileKeyValueStore.h"
 #include "StdoutCapture.h"
 
-#include <QDir>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <csignal>
 #include <sys/resource.h>
-#include <limits>
 #include <unistd.h>
 
 class TestJsonFileKeyValueStore : public QObject
@@ -164,9 +160,7 @@ private slots:
                         { QStringLiteral("--write-and-die"), file, QString::number(round) });
             QVERIFY(child.waitForFinished(10000));
             QCOMPARE(child.exitStatus(), QProcess::CrashExit);
-            auto store = JsonFileKeyValueStore::open(file);
-            QVERIFY(store);
-            QCOMPARE(store->integerValue(QStringLiteral("round")), round);
+            QCOMPARE(JsonFileKeyValueStore::open(file)->integerValue(QStringLiteral("round")), round);
             QVERIFY(QDir(m_dir.path()).entryList({ QStringLiteral("killed.json.*") }).isEmpty());
         }
     }

@@ -9,8 +9,6 @@
 #include "TestHome.h"
 
 #include <QDBusConnection>
-#include <QSignalSpy>
-#include <QStandardPaths>
 #include <QtTest>
 
 class TestTelephonyChoice : public QObject
@@ -42,7 +40,6 @@ private slots:
                                  OfonoTelephony::serviceName));
         QTRY_COMPARE(telephony.backendName(), QStringLiteral("oFono"));
 
-        // A modem service started after the telephony exists takes the next call.
         SimulatedModem modem(bus, 100);
         QTRY_COMPARE(telephony.backendName(), QStringLiteral("ModemManager")); // comes first
         telephony.open(DialRequest{ QStringLiteral("#31#"), QStringLiteral("0611 111 111") });
@@ -55,7 +52,6 @@ private slots:
 
         // No system bus at all, and no desktop handler either.
         const QDBusConnection noBus(QStringLiteral("never-connected"));
-        QCOMPARE(SystemTelephony(noBus).backendName(), withoutModem);
         const QByteArray path = qgetenv("PATH");
         qputenv("PATH", "/nonexistent");
         const QString chosen = SystemTelephony(noBus).backendName();
@@ -83,7 +79,6 @@ private slots:
         const DialRequest call{ QStringLiteral("#31#"), QStringLiteral("0611 111 111") };
         DesktopTelephony desktop;
         QVERIFY(desktop.findChildren<QProcess *>().isEmpty()); // nothing runs during start-up
-        QSignalSpy lookedUp(&desktop, &DesktopTelephony::handlerLookedUp);
         QSignalSpy failed(&desktop, &Telephony::requestFailed);
         // Asked before xdg-mime answered: the request waits for the answer.
         QVERIFY(desktop.canOpen(call));
@@ -98,10 +93,8 @@ private slots:
                   "[Desktop Entry]\nType=Application\nName=Dialer\nExec=true %u\nMimeType=x-scheme-handler/tel;\n");
         writeFile(home.filePath(QStringLiteral("config/mimeapps.list")),
                   "[Default Applications]\nx-scheme-handler/tel=test-dialer.desktop\n");
-        lookedUp.clear();
         QVERIFY(!desktop.canOpen(call));
-        QVERIFY(lookedUp.wait(10000));
-        QVERIFY(desktop.canOpen(call));
+        QTRY_VERIFY_WITH_TIMEOUT(desktop.canOpen(call), 10000);
 
         // A look-up that fails is no answer: the request is not refused for it.
         const QByteArray path = qgetenv("PATH");

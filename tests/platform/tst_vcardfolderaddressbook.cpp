@@ -3,9 +3,6 @@
 
 #include "StdoutCapture.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -77,22 +74,21 @@ private slots:
     {
         QTemporaryDir home;
         const int total = 2700;
+        QStringList expected;
         for (int i = 0; i < total; ++i) {
             const QString name = QStringLiteral("book/%1.vcf").arg(i, 5, 10, QLatin1Char('0'));
             write(home.filePath(name), i == 1234 ? QByteArray("BEGIN:VCARD\nbroken\nEND:VCARD\n") : card(QString::number(i)));
+            if (i != 1234)
+                expected.append(QString::number(i));
         }
         StdoutCapture out;
         VCardFolderAddressBook book(home.path());
         const Enumeration result = enumerate(book);
-        QStringList expected;
-        for (int i = 0; i < total; ++i)
-            expected.append(QString::number(i));
-        expected.removeAt(1234);
         QCOMPARE(result.families, expected);
         QCOMPARE(result.batchSizes, (QList<qsizetype>{ VCardFolderAddressBook::batchSize, total - 1 - VCardFolderAddressBook::batchSize }));
         QVERIFY(out.lines().contains(QStringLiteral("Address book: skipped 1 unreadable cards in ") + home.path()));
 
-        // Quitting stops a read: nothing is handed over after the first batch.
+        // Quitting stops a read.
         int batches = 0;
         QCOMPARE(book.enumerateContacts([&](QList<AddressBookContact> &&) { ++batches, book.stop(); }), QString());
         QCOMPARE(batches, 1);
@@ -113,9 +109,8 @@ private slots:
         QVERIFY(!book.requestAccess().error.isEmpty());
 
         QVERIFY(QFile::remove(folder));
-        write(folder + "/a.vcf", card("A"));
-        write(folder + "/b.vcf", card("B"));
-        write(folder + "/c.vcf", card("C"));
+        for (const QString name : { "a", "b", "c" })
+            write(folder + '/' + name + ".vcf", card(name.toUpper()));
         QVERIFY(QFile::setPermissions(folder + "/b.vcf", QFileDevice::Permissions()));
         if (QFile(folder + "/b.vcf").open(QIODevice::ReadOnly))
             QSKIP("running as the superuser: file permissions do not keep it out");

@@ -34,8 +34,7 @@ private slots:
                               "TEL;VALUE=uri;TYPE=work:tel:%2B44-20-7946-0000\nEND:VCARD\n"
                               "BEGIN:VCARD\nVERSION:4.0\nN:;Zoë;;;\nEND:VCARD\n")
                 << QStringList{ "Stevenson|John|+1-555-555-5555,+44-20-7946-0000", "|Zoë|" } << 0;
-        // Old phones: quoted-printable soft line breaks, 8-bit charsets, and a
-        // photo on unindented base64 lines up to a blank line.
+        // Old phones: the photo's base64 runs on unindented lines up to a blank line.
         QTest::newRow("2.1: quoted-printable, charsets, photo")
                 << crlf("BEGIN:VCARD\nVERSION:2.1\nN;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:=C3=89lo=C3=AFse=20Be=\n"
                         "rg=C3=A8re;Fran=C3=A7ois;;;\nTEL;CELL;PREF:+49 170 1234567\nTEL;HOME:030 123\nEND:VCARD\n"
@@ -64,9 +63,7 @@ private slots:
         const QStringList goetz{ "Götz|case|1" };
         QTest::newRow("LF, lower case, Latin-1") << lf << goetz << 0;
         QTest::newRow("CR") << QByteArray(lf).replace('\n', '\r') << goetz << 0;
-        // Endless continuation lines (folds ending in "=", quoted-printable soft
-        // breaks): read in time linear in their length, and a property longer
-        // than the bound is passed over while the rest of its card is read.
+        // Endless continuation lines, read in linear time: the overlong property is passed over, not its card.
         const auto overlong = [](const QByteArray &start, const QByteArray &continuation) {
             return "BEGIN:VCARD\r\nVERSION:2.1\r\nFN:F\r\n" + start + continuation.repeated(500000) + "\r\nTEL:1\r\nEND:VCARD\r\n";
         };

@@ -15,9 +15,8 @@ Page {
     property bool showingErrorDialNumberAlert: false
 
     readonly property bool landscape: width > height
-    // The keys grow a step with each text size step above the default. In
-    // landscape they shrink to the height the screen has (never below a
-    // finger); in portrait the page scrolls instead.
+    // The keys grow with the text size; in landscape they shrink to the
+    // screen's height (never below a finger), in portrait the page scrolls.
     readonly property int category: Theme.sizeCategory === ContentSizeCategory.Unspecified ? ContentSizeCategory.Large : Theme.sizeCategory
     readonly property real preferredKeySize: Math.min(88, 64 + 4 * Math.max(0, category - ContentSizeCategory.Large))
     readonly property real keySpacing: landscape ? Theme.spacingSmall : Theme.spacingLarge
@@ -26,11 +25,9 @@ Page {
         landscape ? (height - 2 * Theme.spacingSmall - 4 * keySpacing - deleteKey.implicitHeight) / 4 : preferredKeySize))
 
     Accessible.role: Accessible.PageTab
-    // Named as its tab is.
     Accessible.name: qsTranslate("MainView", "Dialer")
     focus: true
 
-    // Called by the main screen each time the tab is shown.
     function appeared() {
         vm.loadSettings()
         forceActiveFocus()
@@ -43,8 +40,7 @@ Page {
             showingErrorDialNumberAlert = true
     }
 
-    // A keyboard works as well: digits, * and #, Backspace, Enter to call,
-    // and Escape clears the number as holding the delete key does.
+    // Escape clears the number as holding the delete key does.
     Keys.onPressed: (event) => {
         if (event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))
             return
@@ -63,8 +59,7 @@ Page {
         }
     }
 
-    // Portrait: number, keypad, choices and call in one column that scrolls
-    // when the largest text needs it. Landscape: the keypad beside it.
+    // In landscape the keypad stands beside the scrolling column.
     RowLayout {
         anchors.fill: parent
         spacing: 0
@@ -77,7 +72,6 @@ Page {
             contentHeight: content.height
             clip: true
             boundsBehavior: Flickable.StopAtBounds
-            // Shows where the content is; nothing a screen reader stops at.
             ScrollIndicator.vertical: ScrollIndicator { Accessible.ignored: true }
 
             ColumnLayout {
@@ -86,7 +80,6 @@ Page {
                 height: Math.max(scroller.height, implicitHeight)
                 spacing: Theme.spacing
 
-                // 1. The number, read-only: the keypad is the way to type.
                 Label {
                     id: numberDisplay
                     objectName: "numberDisplay"
@@ -97,20 +90,16 @@ Page {
                     text: dialerView.vm.numberPhoneTyping
                     font.bold: true
                     font.pointSize: Theme.largeTitleSize
-                    // A long number wraps rather than run off the screen.
                     wrapMode: Text.WrapAnywhere
                     horizontalAlignment: Text.AlignHCenter
                     verticalAlignment: Text.AlignVCenter
-                    // The height of one line even while empty.
                     Layout.minimumHeight: Math.max(fontMetrics.height, implicitHeight)
                     FontMetrics { id: fontMetrics; font: numberDisplay.font }
                     Accessible.role: Accessible.StaticText
                     Accessible.name: text
-                    // Nothing to read while nothing is typed.
                     Accessible.ignored: text.length === 0
                 }
 
-                // 2. The keypad's place in portrait.
                 Item {
                     id: inlineKeypadSlot
                     visible: !dialerView.landscape
@@ -118,7 +107,6 @@ Page {
                     Layout.preferredHeight: keypad.implicitHeight
                 }
 
-                // 4. The per-call choices and 5. the call button.
                 ColumnLayout {
                     Layout.fillWidth: true
                     Layout.leftMargin: Theme.spacingLarge
@@ -152,7 +140,6 @@ Page {
                         focusPolicy: Qt.NoFocus
                         padding: 0
                         flat: true
-                        // The symbol at font size 80, green while there is a number to call.
                         icon.source: "qrc:/Quieton/icons/phone.circle.fill.svg"
                         icon.width: 80
                         icon.height: 80
@@ -176,7 +163,6 @@ Page {
             }
         }
 
-        // 2. The keypad's place in landscape.
         Item {
             id: sideKeypadSlot
             visible: dialerView.landscape
@@ -185,7 +171,6 @@ Page {
         }
     }
 
-    // 2. The keypad, with 3. delete under the # key.
     GridLayout {
         id: keypad
         objectName: "keypad"
@@ -260,7 +245,6 @@ Page {
         }
     }
 
-    // 6. The shared dialling-error alert, up while the flag is.
     DialErrorAlert {
         id: errorAlert
         objectName: "dialErrorAlert"
@@ -269,7 +253,6 @@ Page {
         onClosed: dialerView.showingErrorDialNumberAlert = false
     }
 
-    // One round keypad key; its digit grows with the text but always fits.
     component KeypadKey: RoundButton {
         id: key
         property real diameter: Theme.touchTarget
@@ -302,7 +285,6 @@ Page {
         color: Theme.separator
     }
 
-    // A per-call choice: its caption and a switch, the whole row toggles.
     component ChoiceSwitch: SwitchDelegate {
         id: choice
         Layout.fillWidth: true

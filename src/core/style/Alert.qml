@@ -6,39 +6,19 @@ import QtQuick.Templates as T
 import Quieton.Core
 
 // The app's one alert: modal, centred over the window, a bold title, an
-// optional message and its answers.
-//
-//   Alert {
-//       visible: owner.showingSomething          // bound; a closed alert
-//       onClosed: owner.showingSomething = false // writes the flag back
-//       title: qsTr("Are you sure?")
-//       message: qsTr("...")
-//       cancelButton: cancel
-//       destructiveButton: remove
-//       Button { id: cancel; text: qsTr("Cancel") }
-//       Button { id: remove; text: qsTr("Delete"); onClicked: ... }
-//   }
-//
-// The answers are plain Buttons. The cancel answer is drawn bold and is
-// what Escape (and the Back key) does; an alert without one stays up until
-// it is answered. The destructive answer is drawn red. Any answer closes
-// the alert after its own handler ran. Answers sit side by side while two
-// fit, one under another otherwise (or always, with `stacked`). A screen
-// reader names the alert by its title and presses each answer as a tap
-// does. An alert may bring its own footer (a Container of Buttons, such as
-// a DialogButtonBox); its buttons are treated the same.
+// optional message and its answers, plain Buttons that close it after their
+// own handler ran. Answers sit side by side while two fit. An alert may bring
+// its own footer (a Container of Buttons); its buttons are treated the same.
 Dialog {
     id: alert
 
     property string message: ""
-    // Answers one under another even where two would fit side by side.
     property bool stacked: false
-    // The answers, in the order they are shown.
     default property alias buttons: answers.contentData
-    // The cancel answer: drawn bold, and what Escape and the Back key do.
-    // Without one the alert stays up until it is answered.
+    // Drawn bold, and what Escape and Back do; without one the alert stays
+    // up until it is answered.
     property T.AbstractButton cancelButton: null
-    // The destructive answer, drawn red.
+    // Drawn red.
     property T.AbstractButton destructiveButton: null
 
     // Further content under the message, scrolled with it (a list of choices).
@@ -46,12 +26,10 @@ Dialog {
 
     parent: Overlay.overlay
     anchors.centerIn: parent
-    // Never narrower than a phone allows, also while the window is still being
-    // sized; at the accessibility text sizes as wide as the window allows.
+    // At the accessibility text sizes as wide as the window allows.
     width: Math.max(240, Math.min(parent ? parent.width - 2 * Theme.spacingHuge : 320,
                                   Theme.sizeCategory >= ContentSizeCategory.AccessibilityMedium && parent ? parent.width * 0.8 : 360))
-    // Content taller than the window scrolls between the window's edges; the
-    // answers stay in sight.
+    // Taller content scrolls; the answers stay in sight.
     height: Math.min(alert.implicitHeight, parent ? parent.height - 2 * Theme.spacingLarge : alert.implicitHeight)
     modal: true
     focus: true
@@ -61,7 +39,6 @@ Dialog {
     Material.background: Theme.surface
     Overlay.modal: Rectangle { color: Theme.scrim }
 
-    // A screen reader meets the alert as a dialog named by its title.
     Binding {
         target: alert.contentItem ? alert.contentItem.parent : null
         property: "Accessible.name"
@@ -140,7 +117,6 @@ Dialog {
         }
     }
 
-    // Escape and Back answer as the cancel button does.
     onRejected: {
         if (alert.cancelButton)
             alert.cancelButton.clicked()
@@ -150,8 +126,8 @@ Dialog {
         enabled: alert.opened && alert.cancelButton !== null
         onActivated: alert.reject()
     }
-    // Each answer, once: its look, its name and press for a screen reader,
-    // and closing the alert once its own handler has run.
+    // Each answer, once: its look, its screen reader name and press, and
+    // closing the alert after its own handler.
     property var styled: []
     function styleAnswers() {
         const box = alert.footer

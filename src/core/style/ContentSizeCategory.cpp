@@ -68,24 +68,14 @@ ContentSizeCategory::Category ContentSizeCategory::forTextScale(qreal scale)
     return Category(nearest);
 }
 
-int ContentSizeCategory::searchBarInset(Category category)
+// `sizes` for the steps up to AccessibilityMedium, the next two and the last two; 1 when unspecified.
+int ContentSizeCategory::byGroup(Category category, std::array<int, 3> sizes)
 {
     if (category >= ExtraSmall && category <= AccessibilityMedium)
-        return 25;
+        return sizes[0];
     if (category == AccessibilityLarge || category == AccessibilityExtraLarge)
-        return 40;
+        return sizes[1];
     if (category == AccessibilityExtraExtraLarge || category == AccessibilityExtraExtraExtraLarge)
-        return 50;
-    return 1;
-}
-
-int ContentSizeCategory::sortSegmentFontSize(Category category)
-{
-    if (category >= ExtraSmall && category <= AccessibilityMedium)
-        return 16;
-    if (category == AccessibilityLarge || category == AccessibilityExtraLarge)
-        return 25;
-    if (category == AccessibilityExtraExtraLarge || category == AccessibilityExtraExtraExtraLarge)
-        return 48;
+        return sizes[2];
     return 1;
 }

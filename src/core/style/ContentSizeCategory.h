@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
+#include <array>
+
 class QJSEngine;
 class QQmlEngine;
 
@@ -50,8 +52,8 @@ public:
     Q_INVOKABLE static ContentSizeCategory::Category forTextScale(qreal scale);
 
     // The contacts screen's search-bar inset and sort-segment font size.
-    Q_INVOKABLE static int searchBarInset(ContentSizeCategory::Category category);
-    Q_INVOKABLE static int sortSegmentFontSize(ContentSizeCategory::Category category);
+    Q_INVOKABLE static int searchBarInset(ContentSizeCategory::Category category) { return byGroup(category, { 25, 40, 50 }); }
+    Q_INVOKABLE static int sortSegmentFontSize(ContentSizeCategory::Category category) { return byGroup(category, { 16, 25, 48 }); }
 
 signals:
     void currentChanged();
@@ -61,6 +63,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    static int byGroup(Category category, std::array<int, 3> sizes);
     void update(const QFont &font);
 
     Category m_current = Large;

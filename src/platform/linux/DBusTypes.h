@@ -13,19 +13,6 @@
 using InterfaceProperties = QMap<QString, QVariantMap>;
 // a{oa{sa{sv}}}: what an object manager holds.
 using ManagedObjects = QMap<QDBusObjectPath, InterfaceProperties>;
-
-// (oa{sv}): an oFono object with its properties.
-struct ObjectProperties
-{
-    QDBusObjectPath path;
-    QVariantMap properties;
-};
+// a(oa{sv}): oFono's objects, each with its properties.
+using ObjectProperties = std::pair<QDBusObjectPath, QVariantMap>;
 using ObjectPropertiesList = QList<ObjectProperties>;
-
-QDBusArgument &operator<<(QDBusArgument &argument, const ObjectProperties &object);
-const QDBusArgument &operator>>(const QDBusArgument &argument, ObjectProperties &object);
-
-Q_DECLARE_METATYPE(ObjectProperties)
-
-// Registers the types above with Qt D-Bus (once, any number of calls).
-void registerTelephonyDBusTypes();

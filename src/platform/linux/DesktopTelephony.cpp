@@ -82,7 +82,6 @@ void DesktopTelephony::answered(Handler handler)
         m_lookup = nullptr;
     }
     m_handler = handler;
-    emit handlerLookedUp(handler == Handler::Registered);
     const std::optional<DialTarget> waiting = std::exchange(m_waiting, std::nullopt);
     if (!waiting)
         return;

@@ -22,11 +22,8 @@ struct DialTarget
     bool isEmergency = false;
 
     QString dialString() const { return prefix + number; }
-    // Whether it holds a pause character, which only a dialler that sends
-    // tones after the call is answered knows what to do with.
     bool hasPause() const;
 
-    // The target of `request`, or nothing when the request is not a call.
     // A number in `emergencyNumbers` (or 112 or 911) loses its prefix.
     static std::optional<DialTarget> of(const DialRequest &request, const QStringList &emergencyNumbers = {});
 };

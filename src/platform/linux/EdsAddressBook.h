@@ -13,7 +13,6 @@
 class EdsAddressBook : public AddressBook
 {
 public:
-    // Contacts handed over at a time.
     static constexpr qsizetype batchSize = 2000;
 
     EdsAddressBook();

@@ -9,12 +9,10 @@
 #include <mutex>
 
 // Evolution Data Server's address books (EdsAddressBook), from a module
-// loaded on first use. Its client library brings some forty libraries with
-// it: linked into the app they cost every launch 7 MiB resident and time
-// (bench_startup, empty home: 54 -> 61 MiB). A session bus without the
-// service (nothing provides or can start it) never loads the module: that is
-// no refusal, the answer is "not granted" with no reason, and the book reads
-// as empty. So does a module that cannot be loaded.
+// loaded on first use: linked into the app, its client library's forty
+// libraries cost every launch 7 MiB resident (bench_startup). Without the
+// service on the session bus, or without the module, the answer is "not
+// granted" with no reason and the book reads as empty.
 class EdsModuleAddressBook : public AddressBook
 {
 public:
@@ -32,7 +30,6 @@ public:
     QUrl accessSettingsUrl() const override { return {}; }
 
 private:
-    // Whether the session bus has the service or can start it.
     bool isAvailable() const;
     AddressBook *book();
 

@@ -18,15 +18,9 @@ const QLatin1StringView dateMember("date");
 
 QJsonValue toJson(const SettingValue &value)
 {
-    return std::visit(
-            [](const auto &v) -> QJsonValue {
-                using T = std::decay_t<decltype(v)>;
-                if constexpr (std::is_same_v<T, QDateTime>)
-                    return QJsonObject{ { dateMember, v.toUTC().toString(Qt::ISODateWithMs) } };
-                else
-                    return QJsonValue(v);
-            },
-            value);
+    if (const auto *date = std::get_if<QDateTime>(&value))
+        return QJsonObject{ { dateMember, date->toUTC().toString(Qt::ISODateWithMs) } };
+    return QJsonValue::fromVariant(std::visit([](const auto &v) { return QVariant::fromValue(v); }, value));
 }
 
 std::optional<SettingValue> fromJson(const QJsonValue &json)

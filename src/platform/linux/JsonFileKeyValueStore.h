@@ -7,17 +7,11 @@
 
 #include <memory>
 
-// A settings suite kept as one human-readable JSON file. Booleans, integers
-// and strings are plain JSON values; a date is {"date": "<ISO 8601, UTC>"}.
-// Every write replaces the file atomically (temporary file, sync, rename),
-// so a process killed right after a write keeps it and never leaves a
-// half-written file. Entries of shapes this version does not know are kept
-// as they are.
-//
-// Other programs (the widget, a second copy of the app) may use the same
-// file: a write takes the file's lock, reads it again and changes only its
-// own key, so their values survive; a read first takes in what changed on
-// disk since the last look.
+// A settings suite kept as one JSON file; a date is {"date": "<ISO 8601,
+// UTC>"}. Every write replaces the file atomically. Entries of unknown
+// shapes are kept as they are. Other programs may share the file: a write
+// takes its lock, reads it again and changes only its own key; a read first
+// takes in what changed on disk.
 class JsonFileKeyValueStore : public KeyValueStore
 {
 public:
@@ -25,14 +19,13 @@ public:
     // cannot be parsed is moved aside (never deleted) and the suite starts
     // empty. Returns nullptr when the file or its folder cannot be used.
     static std::unique_ptr<JsonFileKeyValueStore> open(const QString &path);
-    // A suite kept in memory only, for a session whose settings folder is unusable.
     static std::unique_ptr<JsonFileKeyValueStore> inMemory();
 
     std::optional<SettingValue> object(const QString &key) const override;
     void setObject(const QString &key, const SettingValue &value) override;
 
 private:
-    // What identifies one version of the file: each write makes a new file.
+    // One version of the file: each write makes a new file.
     struct Stamp
     {
         quint64 inode = 0;

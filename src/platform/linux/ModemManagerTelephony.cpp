@@ -105,11 +105,6 @@ void ModemManagerTelephony::forgetModem(const QString &modem)
     delete m_voices.take(modem);
 }
 
-bool ModemManagerTelephony::accepts(const DialTarget &target) const
-{
-    return !target.hasPause();
-}
-
 void ModemManagerTelephony::dial(const QString &modem, const DialTarget &target)
 {
     const QVariantMap properties{ { QStringLiteral("number"), target.dialString() } };

@@ -30,7 +30,8 @@ public:
 
 protected:
     void readModems(int generation) override;
-    bool accepts(const DialTarget &target) const override;
+    // A pause would join the digits after it to the number.
+    bool accepts(const DialTarget &target) const override { return !target.hasPause(); }
     void dial(const QString &modem, const DialTarget &target) override;
     void forgetModem(const QString &modem) override;
 

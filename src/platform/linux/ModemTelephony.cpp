@@ -3,6 +3,7 @@
 #include "DBusTypes.h"
 
 #include <QDBusError>
+#include <QDBusMetaType>
 #include <QDBusServiceWatcher>
 
 #include <algorithm>
@@ -10,7 +11,10 @@
 ModemTelephony::ModemTelephony(const QDBusConnection &bus, const QString &serviceName, QObject *parent)
     : Telephony(parent), m_bus(bus)
 {
-    registerTelephonyDBusTypes();
+    qDBusRegisterMetaType<InterfaceProperties>();
+    qDBusRegisterMetaType<ManagedObjects>();
+    qDBusRegisterMetaType<ObjectProperties>();
+    qDBusRegisterMetaType<ObjectPropertiesList>();
     auto *watcher = new QDBusServiceWatcher(serviceName, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
     connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &ModemTelephony::ownerChanged);
 }
@@ -53,11 +57,6 @@ void ModemTelephony::request(const DialRequest &request)
         return;
     }
     dial(m_modems.constFirst(), *target);
-}
-
-void ModemTelephony::start()
-{
-    readModems(m_generation);
 }
 
 void ModemTelephony::ownerChanged(const QString &, const QString &oldOwner, const QString &newOwner)
@@ -123,12 +122,6 @@ void ModemTelephony::setEmergencyNumbers(const QString &modem, const QStringList
 {
     if (m_modems.contains(modem))
         m_emergencyNumbers.insert(modem, numbers);
-}
-
-ModemTelephony::Call *ModemTelephony::findCall(const QString &path)
-{
-    const auto found = m_calls.find(path);
-    return found == m_calls.end() ? nullptr : &*found;
 }
 
 ModemTelephony::Call *ModemTelephony::followCall(const QString &path, const QString &modem)

@@ -13,36 +13,28 @@
 class QDBusError;
 
 // What the telephonies that drive a modem service on the system bus share:
-// the list of voice modems (read when the service appears, followed while it
-// runs, emptied when it goes), a guard against replies meant for an earlier
-// reading, the request that waits while the modems are read, the emergency
-// numbers the modems know, and the calls being followed, reported as one
-// CallEvent per change.
-//
-// The user confirms a call before it is requested: open() dials at once.
+// the voice modems (read when the service appears, emptied when it goes),
+// the request that waits while they are read, their emergency numbers, and
+// the calls being followed, one CallEvent per change. The user confirms a
+// call before it is requested: open() dials at once.
 class ModemTelephony : public Telephony
 {
     Q_OBJECT
     enum class Inventory { Reading, Known, NoService };
 
 public:
-    // True when the request is a call this service can place and a voice
-    // modem is known, or while the modems are still being read (the request
-    // then waits for them).
+    // A call this service can place, and a voice modem known or being read.
     bool canOpen(const DialRequest &request) override;
     void open(const DialRequest &request) override;
     bool placesCallsItself() const override { return true; }
 
-    // Whether a voice modem is known, or the modems are still being read.
     bool mayPlaceCalls() const { return m_inventory == Inventory::Reading || !m_modems.isEmpty(); }
-    // The object paths of the voice-capable modems, sorted.
+    // Sorted.
     QStringList voiceModems() const { return m_modems; }
-    // What the modem is given for `request`: nothing when it is not a call
-    // or the service cannot place it.
+    // Nothing when `request` is not a call or the service cannot place it.
     std::optional<DialTarget> targetOf(const DialRequest &request) const;
 
 signals:
-    // The list of voice modems was read or changed.
     void modemsChanged();
 
 protected:
@@ -76,27 +68,28 @@ protected:
         std::optional<CallEvent> reported;
     };
 
-    // Reads the modems for the first time: the last step of a constructor.
-    void start();
-    // Reads the modems anew; answers with modemsRead(generation, ...).
+    // The last step of a constructor.
+    void start() { readModems(m_generation); }
+    // Answers with modemsRead(generation, ...).
     virtual void readModems(int generation) = 0;
-    // Whether the service takes `target` as it is.
     virtual bool accepts(const DialTarget &target) const = 0;
-    // Places the call on `modem`.
     virtual void dial(const QString &modem, const DialTarget &target) = 0;
-    // The modem is no longer used: what was kept for it goes.
+    // Drops what was kept for a modem no longer used.
     virtual void forgetModem(const QString &modem) = 0;
 
     QDBusConnection &bus() { return m_bus; }
     // Whether a reply started in `generation` is still wanted.
     bool isCurrent(int generation) const { return generation == m_generation; }
-    // The modems of `reply` (the answer to readModems) are in.
     void modemsRead(int generation, const QDBusPendingCall &reply);
     void addModem(const QString &path);
     void removeModem(const QString &path);
     void setEmergencyNumbers(const QString &modem, const QStringList &numbers);
 
-    Call *findCall(const QString &path);
+    Call *findCall(const QString &path)
+    {
+        const auto found = m_calls.find(path);
+        return found == m_calls.end() ? nullptr : &*found;
+    }
     // Starts following a call of `modem`; null when it is followed already.
     Call *followCall(const QString &path, const QString &modem);
     // Reports the call if it changed; a call that ends without ever having
@@ -115,8 +108,7 @@ private:
     QDBusConnection m_bus;
     Inventory m_inventory = Inventory::Reading;
     int m_generation = 0;
-    // The service's unique name on the bus, once known.
-    QString m_owner;
+    QString m_owner; // the service's unique name, once known
     QStringList m_modems;
     QHash<QString, QStringList> m_emergencyNumbers;
     QHash<QString, Call> m_calls;

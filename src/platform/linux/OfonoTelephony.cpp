@@ -65,8 +65,8 @@ void OfonoTelephony::readModems(int generation)
         if (!isCurrent(generation))
             return;
         if (!reply.isError()) {
-            for (const ObjectProperties &modem : reply.value())
-                updateModem(modem.path.path(), modem.properties.value(QStringLiteral("Interfaces")).toStringList());
+            for (const auto &[modem, properties] : reply.value())
+                updateModem(modem.path(), properties.value(QStringLiteral("Interfaces")).toStringList());
         }
         modemsRead(generation, reply);
     });
@@ -112,8 +112,8 @@ void OfonoTelephony::updateModem(const QString &path, const QStringList &interfa
     whenDone(calls->GetCalls(), this, [this, path](const QDBusPendingReply<ObjectPropertiesList> &reply) {
         if (reply.isError() || !voiceModems().contains(path))
             return;
-        for (const ObjectProperties &call : reply.value())
-            addCall(call.path.path(), path, call.properties.value(QStringLiteral("State")).toString(), false);
+        for (const auto &[call, properties] : reply.value())
+            addCall(call.path(), path, properties.value(QStringLiteral("State")).toString(), false);
     });
 }
 
@@ -123,11 +123,6 @@ void OfonoTelephony::forgetModem(const QString &modem)
     const auto found = m_modemProxies.find(modem);
     if (found != m_modemProxies.end())
         delete std::exchange(found->calls, nullptr);
-}
-
-bool OfonoTelephony::accepts(const DialTarget &target) const
-{
-    return dialArguments(target).has_value();
 }
 
 void OfonoTelephony::dial(const QString &modem, const DialTarget &target)

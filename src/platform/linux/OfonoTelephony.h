@@ -34,7 +34,7 @@ public:
 
 protected:
     void readModems(int generation) override;
-    bool accepts(const DialTarget &target) const override;
+    bool accepts(const DialTarget &target) const override { return dialArguments(target).has_value(); }
     void dial(const QString &modem, const DialTarget &target) override;
     void forgetModem(const QString &modem) override;
 

@@ -10,15 +10,11 @@
 class ModemManagerTelephony;
 class OfonoTelephony;
 
-// The telephony of the moment on this machine: ModemManager when it runs,
-// else oFono, else the desktop's tel: handler (when xdg-mime is there), else
-// none. A modem service that has voice modems is preferred to one that has
-// none. It follows the two services on the system bus: when one appears,
-// goes or changes its modems, the next request uses what is there now. Each
-// change is announced with a "Telephony: " line.
-//
-// The modem telephonies live as long as this one, so that a call that ends
-// when its service goes is still reported.
+// The telephony of the moment: ModemManager when it runs, else oFono, else
+// the desktop's tel: handler (when xdg-mime is there), else none; a modem
+// service with voice modems first. Each change is logged with a
+// "Telephony: " line. The modem telephonies live as long as this one, so
+// that a call that ends when its service goes is still reported.
 class SystemTelephony : public Telephony
 {
     Q_OBJECT

@@ -23,6 +23,8 @@ namespace {
 
 QString systemError(int error) { return QString::fromLocal8Bit(std::strerror(error)); }
 
+QString cannotRead(const QString &path) { return QStringLiteral("Cannot read %1: %2").arg(path, systemError(errno)); }
+
 bool hasVCardSuffix(const char *name)
 {
     const size_t length = std::strlen(name);
@@ -45,7 +47,7 @@ void collectFiles(const std::string &folder, std::vector<std::string> &folders, 
     DIR *dir = ::opendir(folder.c_str());
     if (!dir) {
         if (error.isEmpty())
-            error = QStringLiteral("Cannot read %1: %2").arg(QString::fromStdString(folder), systemError(errno));
+            error = cannotRead(QString::fromStdString(folder));
         return;
     }
     std::vector<std::pair<std::string, bool>> entries; // name, is a folder
@@ -121,7 +123,7 @@ bool readFile(FileOpener &opener, const FileEntry &file, QByteArray &bytes, QStr
 {
     const int fd = opener.open(file);
     if (fd < 0) {
-        error = QStringLiteral("Cannot read %1: %2").arg(QString::fromStdString(opener.path(file)), systemError(errno));
+        error = cannotRead(QString::fromStdString(opener.path(file)));
         return false;
     }
     if (bytes.capacity() < 65536)
@@ -133,7 +135,7 @@ bool readFile(FileOpener &opener, const FileEntry &file, QByteArray &bytes, QStr
         if (got < 0 && errno == EINTR)
             continue;
         if (got < 0) {
-            error = QStringLiteral("Cannot read %1: %2").arg(QString::fromStdString(opener.path(file)), systemError(errno));
+            error = cannotRead(QString::fromStdString(opener.path(file)));
             ::close(fd);
             return false;
         }
@@ -171,7 +173,7 @@ AddressBook::AccessAnswer VCardFolderAddressBook::requestAccess()
         return { false, QStringLiteral("%1 is not a folder").arg(m_folder) };
     DIR *dir = ::opendir(path.constData());
     if (!dir)
-        return { false, QStringLiteral("Cannot read %1: %2").arg(m_folder, systemError(errno)) };
+        return { false, cannotRead(m_folder) };
     ::closedir(dir);
     return { true, QString() };
 }

@@ -13,18 +13,16 @@
 class VCardFolderAddressBook : public AddressBook
 {
 public:
-    // Contacts handed over at a time.
     static constexpr qsizetype batchSize = 2000;
 
-    // $XDG_DATA_HOME/contacts (~/.local/share/contacts).
+    // $XDG_DATA_HOME/contacts.
     static QString defaultFolder();
 
     explicit VCardFolderAddressBook(const QString &folder = defaultFolder());
 
     AccessAnswer requestAccess() override;
     QString enumerateContacts(const std::function<void(QList<AddressBookContact> &&batch)> &deliver) override;
-    // The folder that holds the book (its parent when the book itself cannot
-    // be opened), for the file manager.
+    // The book's folder (its parent when it cannot be opened).
     QUrl accessSettingsUrl() const override;
     // Checked between files and between the lines of a file.
     void stop() override { m_stopped = true; }
