@@ -112,10 +112,10 @@ void ContactsViewModel::sortContacts()
 
 void ContactsViewModel::selectVisibleContact(int row)
 {
-    const QModelIndex index = m_visibleContacts->mapToSource(m_visibleContacts->index(row, 0));
-    if (!index.isValid())
+    const int source = m_visibleContacts->sourceRow(row);
+    if (source < 0)
         return;
-    const FetchedContact &tapped = contactsArray().at(index.row());
+    const FetchedContact &tapped = contactsArray().at(source);
     m_selectedContact = FetchedContact::make(tapped.firstName, tapped.lastName, tapped.telephone);
     emit selectedContactChanged();
 }

@@ -11,6 +11,7 @@ ItemDelegate {
     id: row
 
     required property int index
+    required property var objectId
     required property var firstName
     required property var lastName
     required property var telephone
@@ -57,6 +58,9 @@ ItemDelegate {
         row.x = 0
     }
     ListView.onReused: row.pooled = false
+    // A search or a deletion fills the row with another record: it shows
+    // that one closed.
+    onObjectIdChanged: row.x = 0
     onOpenChanged: {
         if (row.open && !row.deleteButton)
             row.deleteButton = deleteButtonComponent.createObject(row)

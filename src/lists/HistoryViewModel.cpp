@@ -29,13 +29,13 @@ int HistoryViewModel::historyCount() const
 
 void HistoryViewModel::applySearch()
 {
-    m_filteredContacts->invalidate();
+    m_filteredContacts->refilter();
 }
 
 const HistoryData *HistoryViewModel::listed(int row) const
 {
-    const QModelIndex index = m_filteredContacts->mapToSource(m_filteredContacts->index(row, 0));
-    return index.isValid() ? &m_historyDataService.savedEntities().at(index.row()) : nullptr;
+    const int source = m_filteredContacts->sourceRow(row);
+    return source >= 0 ? &m_historyDataService.savedEntities().at(source) : nullptr;
 }
 
 void HistoryViewModel::selectRow(int row)

@@ -19,52 +19,42 @@ QString searchForm(const QString &text)
 // so it is done in slices while the app is idle, and only what is still
 // missing when a search comes is formed then.
 SearchFilter::SearchFilter(QAbstractItemModel *source, const QList<QByteArray> &roleNames, QObject *parent)
-    : QSortFilterProxyModel(parent)
+    : QAbstractListModel(parent), m_source(source)
 {
     m_forming.setSingleShot(true);
     m_forming.setInterval(0);
     connect(&m_forming, &QTimer::timeout, this, &SearchFilter::formSomeRows);
-    // Connected before the proxy's own handlers, so that the forms follow
-    // the source before the proxy filters its changed rows.
     connect(source, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex &, int first, int last) {
         if (first <= m_rowForms.size())
             m_rowForms.insert(first, last - first + 1, QString());
         reform(first);
+        refilter(first);
     });
     connect(source, &QAbstractItemModel::rowsRemoved, this, [this](const QModelIndex &, int first, int last) {
         m_rowForms.remove(first, std::clamp<qsizetype>(m_rowForms.size() - first, 0, last - first + 1));
         reform(first);
+        refilter(first);
     });
     connect(source, &QAbstractItemModel::dataChanged, this, [this](const QModelIndex &from, const QModelIndex &to) {
         for (int row = from.row(); row <= to.row() && row < m_rowForms.size(); ++row)
             m_rowForms[row] = QString();
         reform(from.row());
+        refilter(from.row());
     });
     const auto forget = [this] {
         m_rowForms.clear();
         reform(0);
+        refilter(0);
     };
     connect(source, &QAbstractItemModel::modelReset, this, forget);
     connect(source, &QAbstractItemModel::layoutChanged, this, forget);
     connect(source, &QAbstractItemModel::rowsMoved, this, forget);
-    setSourceModel(source);
-    reform(0);
 
     const QHash<int, QByteArray> names = source->roleNames();
     for (const QByteArray &name : roleNames)
         m_roles.append(names.key(name, -1));
-    // One count notification for any change of the rows.
-    const auto recount = [this] {
-        if (m_count == rowCount())
-            return;
-        m_count = rowCount();
-        emit countChanged();
-    };
-    connect(this, &QAbstractItemModel::rowsInserted, this, recount);
-    connect(this, &QAbstractItemModel::rowsRemoved, this, recount);
-    connect(this, &QAbstractItemModel::modelReset, this, recount);
-    connect(this, &QAbstractItemModel::layoutChanged, this, recount);
-    m_count = rowCount();
+    reform(0);
+    refilter();
 }
 
 void SearchFilter::setSearchText(const QString &text)
@@ -73,18 +63,62 @@ void SearchFilter::setSearchText(const QString &text)
         return;
     m_searchText = text;
     m_searchForm = searchForm(text);
-    // invalidateFilter() tells views of every run of rows that goes or
-    // comes, rebuilding its whole row map for each run: 150 to 300 ms for
-    // one letter at 50 000 rows. Filtering afresh is one pass, and views lay
-    // out the rows they show again.
-    invalidate();
+    refilter();
     emit searchTextChanged();
 }
 
-QString SearchFilter::rowForm(const QModelIndex &row) const
+void SearchFilter::refilter(int changedFrom)
+{
+    const int sourceRows = m_source->rowCount();
+    m_rowForms.resize(sourceRows);
+    QList<int> rows;
+    for (int row = 0; row < sourceRows; ++row) {
+        if (accepts(row))
+            rows.append(row);
+    }
+    const qsizetype before = m_rows.size();
+    const qsizetype after = rows.size();
+    // Of the rows both lists have, the first and the last that change.
+    const auto same = [&](qsizetype row) { return m_rows.at(row) == rows.at(row) && rows.at(row) < changedFrom; };
+    qsizetype first = 0;
+    qsizetype last = std::min(before, after) - 1;
+    while (first <= last && same(first))
+        ++first;
+    while (last >= first && same(last))
+        --last;
+    if (after < before) {
+        beginRemoveRows(QModelIndex(), int(after), int(before - 1));
+        m_rows.resize(after);
+        endRemoveRows();
+    } else if (after > before) {
+        beginInsertRows(QModelIndex(), int(before), int(after - 1));
+        m_rows.append(rows.sliced(before));
+        endInsertRows();
+    }
+    m_rows = std::move(rows);
+    if (first <= last)
+        emit dataChanged(index(int(first)), index(int(last)));
+    if (after != before)
+        emit countChanged();
+}
+
+int SearchFilter::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_rows.size());
+}
+
+QVariant SearchFilter::data(const QModelIndex &index, int role) const
+{
+    return checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)
+               ? m_source->index(m_rows.at(index.row()), 0).data(role)
+               : QVariant();
+}
+
+QString SearchFilter::rowForm(int sourceRow) const
 {
     // The separator is a character of its own in both forms: the fields
     // can be joined first and formed in one go.
+    const QModelIndex row = m_source->index(sourceRow, 0);
     QString form;
     form.reserve(64);
     for (int role : m_roles) {
@@ -104,12 +138,12 @@ void SearchFilter::reform(int fromRow)
 
 void SearchFilter::formSomeRows()
 {
-    const int rows = sourceModel()->rowCount();
+    const int rows = m_source->rowCount();
     m_rowForms.resize(rows);
     for (int made = 0; m_nextToForm < rows && made < 2000; ++m_nextToForm) {
         QString &form = m_rowForms[m_nextToForm];
         if (form.isNull()) {
-            form = rowForm(sourceModel()->index(m_nextToForm, 0));
+            form = rowForm(m_nextToForm);
             ++made;
         }
     }
@@ -117,13 +151,13 @@ void SearchFilter::formSomeRows()
         m_forming.start();
 }
 
-bool SearchFilter::filterAcceptsRow(int sourceRow, const QModelIndex &sourceParent) const
+bool SearchFilter::accepts(int sourceRow)
 {
     if (m_searchForm.isEmpty())
         return true;
-    const QModelIndex row = sourceModel()->index(sourceRow, 0, sourceParent);
     if (m_searchForm.contains(separator)) {
         // Only a field that holds the separator itself can match.
+        const QModelIndex row = m_source->index(sourceRow, 0);
         for (int role : m_roles) {
             const QVariant field = row.data(role);
             if (field.isValid() && !field.isNull() && searchForm(field.toString()).contains(m_searchForm))
@@ -131,10 +165,8 @@ bool SearchFilter::filterAcceptsRow(int sourceRow, const QModelIndex &sourcePare
         }
         return false;
     }
-    if (m_rowForms.size() != sourceModel()->rowCount(sourceParent))
-        m_rowForms.resize(sourceModel()->rowCount(sourceParent));
     QString &form = m_rowForms[sourceRow];
     if (form.isNull())
-        form = rowForm(row);
+        form = rowForm(sourceRow);
     return form.contains(m_searchForm);
 }

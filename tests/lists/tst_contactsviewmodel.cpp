@@ -87,7 +87,7 @@ private slots:
     void initTestCase() { m_app = std::make_unique<TestApp>(); }
     void cleanupTestCase() { m_app.reset(); }
 
-    // Book order and first number at first; sorted on the next showing, reset only on a change;
+    // Book order and first number at first; sorted on the next showing, rows refilled only on a change;
     // direction stored, key read from the settings; access asked once; ids never reused.
     void loadingAndShowingAgain()
     {
@@ -102,7 +102,7 @@ private slots:
         QCOMPARE(contacts[2].id, firstId + 2);
         model->updateContacts();
         QCOMPARE(names(model->contactsArray()), (QStringList{ "Amy", "Mia", "Zed" }));
-        QSignalSpy resets(model->visibleContacts(), &QAbstractItemModel::modelReset);
+        QSignalSpy resets(model->visibleContacts(), &QAbstractItemModel::dataChanged);
         model->updateContacts();
         model->sortContacts();
         QCOMPARE(resets.count(), 0);

@@ -179,6 +179,7 @@ TestCase {
         verify(row(view, 1).open)
         mouseClick(findChild(row(view, 1), "swipeDeleteButton"))
         compare(listedTelephones(view), ["0611", "0644"])
+        verify(!row(view, 1).open) // the next record comes into the row closed
         mouseClick(edit)
         verify(!findChild(row(view, 0), "editDeleteControl").visible)
 
