@@ -97,50 +97,76 @@ Page {
         }
     }
 
-    PrefixEditor {
-        isPresented: settingView.showingPrefixEditManually
-        onIsPresentedChanged: settingView.showingPrefixEditManually = isPresented
-        maxWidth: settingView.width - 3 * Theme.spacingHuge
-        maxHeight: settingView.height * 0.6
-        text: settingView.editingPrefixNumber
-        onEdited: (text) => settingView.editingPrefixNumber = text
-        showsRule: settingView.showingIsEmpty
-        onAccepted: settingView.saveManualPrefix()
-        onCancelled: settingView.toggleManualEditor()
+    // The editor and the alerts are made when first asked for.
+    PopupOnDemand {
+        asked: settingView.showingPrefixEditManually
+        content: Item {
+            PrefixEditor {
+                isPresented: settingView.showingPrefixEditManually
+                onIsPresentedChanged: settingView.showingPrefixEditManually = isPresented
+                maxWidth: settingView.width - 3 * Theme.spacingHuge
+                maxHeight: settingView.height * 0.6
+                text: settingView.editingPrefixNumber
+                onEdited: (text) => settingView.editingPrefixNumber = text
+                showsRule: settingView.showingIsEmpty
+                onAccepted: settingView.saveManualPrefix()
+                onCancelled: settingView.toggleManualEditor()
+            }
+        }
     }
 
-    CountryListAlert {
-        vm: settingView.vm
-        visible: settingView.showingPrefixByCountry
-        onClosed: settingView.showingPrefixByCountry = false
-        onChosen: (index, country) => settingView.chooseCountry(index, country)
+    PopupOnDemand {
+        asked: settingView.showingPrefixByCountry
+        content: Item {
+            CountryListAlert {
+                vm: settingView.vm
+                visible: settingView.showingPrefixByCountry
+                onClosed: settingView.showingPrefixByCountry = false
+                onChosen: (index, country) => settingView.chooseCountry(index, country)
+            }
+        }
     }
-    PrefixChoiceAlert {
-        vm: settingView.vm
-        visible: settingView.showingCodeMultiOptions
-        onClosed: settingView.showingCodeMultiOptions = false
+    PopupOnDemand {
+        asked: settingView.showingCodeMultiOptions
+        content: Item {
+            PrefixChoiceAlert {
+                vm: settingView.vm
+                visible: settingView.showingCodeMultiOptions
+                onClosed: settingView.showingCodeMultiOptions = false
+            }
+        }
     }
-    SettingConfirmAlert {
-        objectName: "resetDialog"
-        name: "reset"
-        title: qsTr("Are you sure you want to reset settings?")
-        message: qsTr("This action will reset your settings. Without delete you history calls.")
-        actionText: qsTr("Reset")
-        actionColor: Theme.destructive
-        visible: settingView.showingIsResetSetting
-        onConfirmed: settingView.vm.resetSettings()
-        onClosed: settingView.showingIsResetSetting = false
+    PopupOnDemand {
+        asked: settingView.showingIsResetSetting
+        content: Item {
+            SettingConfirmAlert {
+                objectName: "resetDialog"
+                name: "reset"
+                title: qsTr("Are you sure you want to reset settings?")
+                message: qsTr("This action will reset your settings. Without delete you history calls.")
+                actionText: qsTr("Reset")
+                actionColor: Theme.destructive
+                visible: settingView.showingIsResetSetting
+                onConfirmed: settingView.vm.resetSettings()
+                onClosed: settingView.showingIsResetSetting = false
+            }
+        }
     }
-    SettingConfirmAlert {
-        objectName: "clearAllDialog"
-        name: "clearAll"
-        title: qsTr("Are you sure you want to Clear All Data?")
-        message: qsTr("This action will reset you setting and delete all history data")
-        actionText: qsTr("Clear All")
-        actionColor: Theme.destructive
-        visible: settingView.showingIsClearAll
-        onConfirmed: settingView.vm.clearAll()
-        onClosed: settingView.showingIsClearAll = false
+    PopupOnDemand {
+        asked: settingView.showingIsClearAll
+        content: Item {
+            SettingConfirmAlert {
+                objectName: "clearAllDialog"
+                name: "clearAll"
+                title: qsTr("Are you sure you want to Clear All Data?")
+                message: qsTr("This action will reset you setting and delete all history data")
+                actionText: qsTr("Clear All")
+                actionColor: Theme.destructive
+                visible: settingView.showingIsClearAll
+                onConfirmed: settingView.vm.clearAll()
+                onClosed: settingView.showingIsClearAll = false
+            }
+        }
     }
 
     SettingCover {

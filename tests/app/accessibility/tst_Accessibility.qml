@@ -163,8 +163,11 @@ TestCase {
                         ["showingIsClearAll", "clearAllDialog", ["Clear All"]],
                         ["isAboutPresented", "aboutCover", ["Back", "Privacy", "Terms Of Use"]],
                         ["isSendFeedBackPresented", "feedbackCover", ["Back", "Report a Problem"]]]
-        for (const [flag, name, captions] of popups)
-            expectInPopup(findChild(view, name), captions, () => view[flag] = true, () => view[flag] = false)
+        for (const [flag, name, captions] of popups) {
+            view[flag] = true // an alert is made when first asked for
+            tryVerify(() => findChild(view, name))
+            expectInPopup(findChild(view, name), captions, () => {}, () => view[flag] = false)
+        }
 
         // A cover has one "Back", not its own beside the screen's.
         view.isAboutPresented = true
@@ -174,7 +177,7 @@ TestCase {
         view.isAboutPresented = false
 
         view.showingPrefixEditManually = true
-        tryVerify(() => findChild(view, "prefixField").visible)
+        tryVerify(() => findChild(view, "prefixField")?.visible)
         expectNames("prefix editor", ["OK"])
         view.showingPrefixEditManually = false
     }

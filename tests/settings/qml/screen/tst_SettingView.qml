@@ -52,6 +52,7 @@ TestCase {
     function test_manualEditorRejectsThenAccepts() {
         const view = createView()
         mouseClick(button(view, "editManuallyButton"))
+        tryVerify(() => findChild(view, "prefixEditor"))
         const editor = button(view, "prefixEditor")
         tryCompare(editor.card, "offsetY", 0)
         const field = button(view, "prefixField")
@@ -83,15 +84,17 @@ TestCase {
 
     function test_aCountryWithSeveralPrefixesAsksFirst() {
         const view = createView()
-        const choice = findChild(view, "choiceDialog")
-        const countries = findChild(view, "countryDialog")
-        const list = findChild(view, "countryList")
         for (const choose of [false, true]) {
             mouseClick(button(view, "editByCountryButton"))
+            tryVerify(() => findChild(view, "countryDialog"))
+            const countries = findChild(view, "countryDialog")
+            const list = findChild(view, "countryList")
             tryCompare(countries, "opened", true)
             list.positionViewAtIndex(view.vm.countryList.indexOf("Brazil"), ListView.Center)
             wait(0)
             mouseClick(button(list, "country:Brazil"))
+            tryVerify(() => findChild(view, "choiceDialog"))
+            const choice = findChild(view, "choiceDialog")
             tryCompare(choice, "opened", true)
             verify(!countries.visible && view.showingCodeMultiOptions)
             compare(button(choice.contentItem, "choice2").text, "3 - Brazil - [*31#]")
@@ -118,6 +121,7 @@ TestCase {
             defaults.setInteger("autoSortBy", 2)
             const prefix = dialogName.replace("Dialog", "")
             tapRow(view, row)
+            tryVerify(() => findChild(view, dialogName))
             const dialog = findChild(view, dialogName)
             tryCompare(dialog, "opened", true)
             mouseClick(button(dialog, prefix + "CancelButton"))
@@ -144,7 +148,7 @@ TestCase {
         for (const [name, action, done] of [
                 ["autoHiddenNumberToggle", "Toggle", () => !view.vm.autoHiddenNumber],
                 ["sortByTelephoneToggle", "Press", () => view.vm.autoSortByTelephone && !view.vm.autoSortByFirstName],
-                ["editManuallyButton", "Press", () => button(view, "prefixEditor").shown]]) {
+                ["editManuallyButton", "Press", () => findChild(view, "prefixEditor")?.shown]]) {
             verify(screenReader.act(button(view, name), action), name)
             tryVerify(done, 2000, name)
         }
