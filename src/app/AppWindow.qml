@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Controls.Material
@@ -36,8 +37,14 @@ ApplicationWindow {
         Component.onCompleted: scene.show()
     }
 
-    // The question before a call is placed in the user's name.
-    CallConfirmationDialog { confirmation: window.app.confirmation }
+    // The question before a call is placed in the user's name, made when
+    // first asked.
+    PopupOnDemand {
+        asked: window.app.confirmation.pending
+        content: Item {
+            CallConfirmationDialog { confirmation: window.app.confirmation }
+        }
+    }
 
     // Short notices: what sharing did, a call that failed after it was
     // requested. A longer sentence wraps and stays long enough to be read.

@@ -242,20 +242,28 @@ Page {
         }
     }
 
-    CallPrivacyDialog {
-        id: privacyDialog
-        objectName: "callPrivacyDialog"
-        visible: contactsView.showingCallAlert
-        onPrivateDialingChosen: contactsView.placeCall(true)
-        onNormalDialingChosen: contactsView.placeCall(false)
-        onClosed: contactsView.showingCallAlert = false
+    PopupOnDemand {
+        asked: contactsView.showingCallAlert
+        content: Item {
+            CallPrivacyDialog {
+                objectName: "callPrivacyDialog"
+                visible: contactsView.showingCallAlert
+                onPrivateDialingChosen: contactsView.placeCall(true)
+                onNormalDialingChosen: contactsView.placeCall(false)
+                onClosed: contactsView.showingCallAlert = false
+            }
+        }
     }
 
-    DialErrorAlert {
-        id: errorAlert
-        objectName: "dialErrorAlert"
-        visible: contactsView.showingErrorDialNumberAlert
-        service: contactsView.service
-        onClosed: contactsView.showingErrorDialNumberAlert = false
+    PopupOnDemand {
+        asked: contactsView.showingErrorDialNumberAlert
+        content: Item {
+            DialErrorAlert {
+                objectName: "dialErrorAlert"
+                visible: contactsView.showingErrorDialNumberAlert
+                service: contactsView.service
+                onClosed: contactsView.showingErrorDialNumberAlert = false
+            }
+        }
     }
 }

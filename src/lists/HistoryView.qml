@@ -180,12 +180,16 @@ Page {
         font.pointSize: Theme.bodySize
     }
 
-    CallPrivacyDialog {
-        id: callPrivacyDialog
-        objectName: "callPrivacyDialog"
-        visible: historyView.showingCallAlert
-        onClosed: historyView.showingCallAlert = false
-        onPrivateDialingChosen: historyView.vm.callSelectedContact(true)
-        onNormalDialingChosen: historyView.vm.callSelectedContact(false)
+    PopupOnDemand {
+        asked: historyView.showingCallAlert
+        content: Item {
+            CallPrivacyDialog {
+                objectName: "callPrivacyDialog"
+                visible: historyView.showingCallAlert
+                onClosed: historyView.showingCallAlert = false
+                onPrivateDialingChosen: historyView.vm.callSelectedContact(true)
+                onNormalDialingChosen: historyView.vm.callSelectedContact(false)
+            }
+        }
     }
 }

@@ -245,12 +245,16 @@ Page {
         }
     }
 
-    DialErrorAlert {
-        id: errorAlert
-        objectName: "dialErrorAlert"
-        service: dialerView.service
-        visible: dialerView.showingErrorDialNumberAlert
-        onClosed: dialerView.showingErrorDialNumberAlert = false
+    PopupOnDemand {
+        asked: dialerView.showingErrorDialNumberAlert
+        content: Item {
+            DialErrorAlert {
+                objectName: "dialErrorAlert"
+                service: dialerView.service
+                visible: dialerView.showingErrorDialNumberAlert
+                onClosed: dialerView.showingErrorDialNumberAlert = false
+            }
+        }
     }
 
     component KeypadKey: RoundButton {
