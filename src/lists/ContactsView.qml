@@ -144,6 +144,9 @@ Page {
                         // bar took its index (a screen made a piece per frame) would
                         // otherwise leave the last one current.
                         checked: segment.selected
+                        // The bar shares its width out evenly; a caption's own
+                        // width, which shrinks to fit, is not asked for.
+                        implicitWidth: Theme.touchTarget
                         text: modelData
                         focusPolicy: Qt.NoFocus
                         font.pointSize: contactsView.segmentPointSize
